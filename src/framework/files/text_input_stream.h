@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace bracken {
+
+// A text file read line by line, without conversion. LF, CR and CRLF end a line; a last line with no
+// end is delivered; no empty line stands behind the last line end.
+class TextInputStream {
+  public:
+    // Takes ownership of the descriptor; -1 reads as empty.
+    explicit TextInputStream(int descriptor);
+    // A stream over text in memory.
+    explicit TextInputStream(std::string text);
+    ~TextInputStream();
+    TextInputStream(const TextInputStream&) = delete;
+    TextInputStream& operator=(const TextInputStream&) = delete;
+
+    // The next line without its end; "" at the end of the stream. The argument stands for the text
+    // encoding, of which there is none.
+    std::string ReadLine(std::nullptr_t encoding);
+    // All that is left.
+    std::string ReadAll();
+    bool EOF_() const;
+    void Close();
+
+  private:
+    bool fill();
+
+    int descriptor_;
+    std::string buffer_;
+    size_t at_ = 0;
+};
+
+}  // namespace bracken

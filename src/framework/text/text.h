@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace bracken {
+
+// Operations on text. Text is bytes with no encoding attached; positions and lengths count bytes.
+// Letter case is that of the ASCII letters only.
+
+// 1-based position of the first `find` in `source` at or behind `start`, without regard to letter
+// case; 0 if there is none. A start of 0 or 1 searches from the beginning. An empty `find` is found
+// nowhere.
+int64_t InStr(int64_t start, std::string_view source, std::string_view find);
+int64_t InStr(std::string_view source, std::string_view find);
+
+// The n-th field of `source` between separators, counted from 1; "" outside the fields. Separators
+// are compared without regard to case.
+std::string NthField(std::string_view source, std::string_view separator, int64_t n);
+// Number of separators plus one; 0 for an empty source.
+int64_t CountFields(std::string_view source, std::string_view separator);
+// All fields, empty ones kept; an empty source has none.
+std::vector<std::string> Split(std::string_view source, std::string_view separator);
+
+// A count below 0 counts as 0, one beyond the text's length as that length.
+std::string Left(std::string_view source, int64_t count);
+std::string Right(std::string_view source, int64_t count);
+// From the 1-based `start`; a start below 1 counts as 1.
+std::string Mid(std::string_view source, int64_t start);
+std::string Mid(std::string_view source, int64_t start, int64_t count);
+int64_t Len(std::string_view source);
+
+std::string Lowercase(std::string_view source);
+// Every `find`, without regard to case, from left to right, becomes `with`; an empty `find` changes
+// nothing.
+std::string ReplaceAll(std::string_view source, std::string_view find, std::string_view with);
+
+// Equality without regard to letter case: what `=` means for text throughout the program.
+bool equal(std::string_view a, std::string_view b);
+
+// Decimal text. Of a double: the shortest text that reads back as the same value, with no exponent
+// for whole numbers below 1e15.
+std::string Str(int64_t value);
+std::string Str(int value);
+std::string Str(double value);
+// The value of a text that is a decimal number as a whole (sign, digits, point, exponent), or of
+// "&h" and hexadecimal digits; 0 for anything else.
+double CDbl(std::string_view text);
+// The value of the longest decimal number at the text's start, leading blanks skipped; else 0.
+double Val(std::string_view text);
+// Whether the whole text is a decimal number.
+bool IsNumeric(std::string_view text);
+// Upper-case hexadecimal with no leading zeros.
+std::string Hex(int64_t value);
+// The number rounded half away from zero to a whole one, with a leading minus when negative: the
+// format "-#", the only one in use. Zero gives "0".
+std::string Format(double value, std::string_view format);
+
+// Truncation toward zero, saturated at the ends of the range; NaN gives 0. The one conversion from
+// double to a 32-bit number in the program.
+int32_t toInt32(double value);
+
+}  // namespace bracken
