@@ -1,0 +1,41 @@
+#include "framework/controls/control.h"
+
+#include "framework/controls/window.h"
+
+namespace bracken {
+
+Control::Control(Window& window, std::string name) : window_(window), name_(std::move(name)) {
+    window.enrol(*this);
+}
+
+RectControl::RectControl(Window& window, std::string name)
+    : Control(window, std::move(name)),
+      Left(*this, 0, [this](int old) { moveContents(Left - old, 0); }),
+      Top(*this, 0, [this](int old) { moveContents(0, Top - old); }),
+      Width(*this, 0),
+      Height(*this, 0),
+      Visible(*this, true),
+      Enabled(*this, true) {}
+
+void RectControl::place(int left, int top, int width, int height) {
+    Left = left;
+    Top = top;
+    Width = width;
+    Height = height;
+}
+
+void RectControl::Refresh(bool /*eraseBackground*/) {
+    markChanged();
+}
+
+void RectControl::moveContents(int dx, int dy) {
+    if (!window().laidOut()) return;
+    for (Control* control : window().controls()) {
+        auto* inner = dynamic_cast<RectControl*>(control);
+        if (inner == nullptr || inner->Parent != this) continue;
+        inner->Left = inner->Left + dx;
+        inner->Top = inner->Top + dy;
+    }
+}
+
+}  // namespace bracken

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+
+#include "framework/controls/property.h"
+
+namespace bracken {
+
+class Window;
+
+// Base of all controls: plain objects, members of their window, that hold the whole state and run
+// with no window system. Coordinates are pixels of the window's content area.
+class Control : public Mirrored {
+  public:
+    // Enrols the control in `window`, which must outlive it; the order of creation is the tab
+    // order.
+    Control(Window& window, std::string name);
+
+    Window& window() const { return window_; }
+    const std::string& name() const { return name_; }
+
+  private:
+    Window& window_;
+    std::string name_;
+};
+
+// A control with a place on its window.
+class RectControl : public Control {
+  public:
+    RectControl(Window& window, std::string name);
+
+    Property<int> Left;
+    Property<int> Top;
+    Property<int> Width;
+    Property<int> Height;
+    Property<bool> Visible;
+    Property<bool> Enabled;
+
+    // Sides of the window that the control's own sides keep their distance from. Opposite locks
+    // stretch it; a lock to the right or bottom alone moves it.
+    bool LockLeft = false;
+    bool LockTop = false;
+    bool LockRight = false;
+    bool LockBottom = false;
+
+    // The container in which it lies, null for the window. Moving that moves this.
+    RectControl* Parent = nullptr;
+    // Order for the Tab key; -1: that of creation.
+    int TabIndex = -1;
+
+    void place(int left, int top, int width, int height);
+    // Repaints the control with the next frame.
+    void Refresh(bool eraseBackground);
+    // Whether the user can press or edit it.
+    bool usable() const { return Enabled && Visible; }
+
+  private:
+    void moveContents(int dx, int dy);
+};
+
+}  // namespace bracken

@@ -1,0 +1,16 @@
+#include "framework/controls/push_button.h"
+
+#include "framework/controls/window.h"
+
+namespace bracken {
+
+PushButton::PushButton(Window& window, std::string name)
+    : RectControl(window, std::move(name)), Caption(*this, ""), Default(*this, false) {}
+
+void PushButton::userPressed() {
+    if (!usable() || window().closed() || !Action) return;
+    auto keep = window().shared_from_this();
+    Action();
+}
+
+}  // namespace bracken

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "framework/controls/control.h"
+
+namespace bracken {
+
+// A label.
+class StaticText : public RectControl {
+  public:
+    StaticText(Window& window, std::string name)
+        : RectControl(window, std::move(name)), Caption(*this, "") {}
+
+    Property<std::string> Caption;
+    // Whether the text wraps over several lines.
+    bool MultiLine = false;
+};
+
+}  // namespace bracken

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+
+namespace bracken {
+
+class Window;
+
+// The codes that MsgBox takes and gives.
+struct BoxCode {
+    static constexpr int ok = 0;
+    static constexpr int yesNoQuestion = 36;
+    static constexpr int okPressed = 1;
+    static constexpr int yesPressed = 6;
+    static constexpr int noPressed = 7;
+};
+
+// A rectangle in pixels of the screen.
+struct ScreenRect {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
+// What the program needs of the desktop: the one interface between the framework and a toolkit.
+class Platform {
+  public:
+    virtual ~Platform() = default;
+
+    static Platform& current();
+    // The platform must outlive the program's windows.
+    static void install(Platform* platform);
+
+    // Modal dialogs. Main thread, without the baton; they return when the user has answered.
+
+    // `code` as for MsgBox. Escape and the close box mean No where there is a No.
+    virtual int messageBox(const std::string& text, int code, const std::string& title) = 0;
+    // An existing folder's path, "" if the user cancels.
+    virtual std::string selectFolder() = 0;
+
+    // Main thread, with the baton.
+
+    // Closes the message box on the screen as if it had been answered.
+    virtual void closeMessageBox() = 0;
+    virtual void beep() = 0;
+    // The part of the main screen that windows may use.
+    virtual ScreenRect screen() = 0;
+    // Whether the control that has the focus offers the Edit menu's item of that name now, and
+    // carrying it out.
+    virtual bool offersEdit(const std::string& menuItemName) = 0;
+    virtual void performEdit(const std::string& menuItemName) = 0;
+    // Ends the event loop; the process then ends in good order.
+    virtual void exitLoop(int status) = 0;
+
+    // Any thread, with the baton.
+
+    // Brings the window in front as soon as its view is there.
+    virtual void bringToFront(Window& window) = 0;
+    // Something in the model differs from what the screen shows: a frame is due. Called once until
+    // the views have taken the changes over (Windows::takeChanged).
+    virtual void modelChanged() = 0;
+    // Ends the process at once with this status, saving nothing.
+    virtual void abort(int status) = 0;
+
+    // Any thread, baton or not: the main thread is to look at MainCalls and at pumpUntil's flag.
+    virtual void wake() = 0;
+
+    // Main thread, without the baton: whether an event loop is running, and handling of events
+    // other than input until `done`. False if the user chose Quit meanwhile.
+    virtual bool hasEventLoop() = 0;
+    virtual bool pumpUntil(const std::atomic<bool>& done) = 0;
+};
+
+}  // namespace bracken

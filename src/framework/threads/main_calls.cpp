@@ -1,0 +1,68 @@
+#include "framework/threads/main_calls.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "framework/dialogs/platform.h"
+#include "framework/threads/thread.h"
+
+namespace bracken {
+
+namespace {
+
+const std::thread::id mainThread = std::this_thread::get_id();
+
+}  // namespace
+
+bool isMainThread() {
+    return std::this_thread::get_id() == mainThread;
+}
+
+MainCalls& MainCalls::instance() {
+    static MainCalls calls;
+    return calls;
+}
+
+void MainCalls::call(const std::function<void()>& work) {
+    if (isMainThread()) {
+        work();
+        return;
+    }
+    Call call{&work, Thread::killedFlag(), nullptr, {}};
+    waiting_.push_back(&call);
+    Platform::current().wake();
+    int depth = baton::giveAll();
+    call.waiter.wait();
+    baton::adopt(depth);
+    Thread::leaveIfKilled();
+    if (call.error) std::rethrow_exception(call.error);
+}
+
+void MainCalls::run() {
+    while (!waiting_.empty() && current_ == nullptr && !inStatement_) {
+        current_ = waiting_.front();
+        waiting_.pop_front();
+        try {
+            if (!*current_->killed) (*current_->work)();
+        } catch (...) {
+            current_->error = std::current_exception();
+        }
+        baton::passTo(std::exchange(current_, nullptr)->waiter);
+    }
+}
+
+void MainCalls::dropKilled() {
+    if (current_ != nullptr && *current_->killed) Platform::current().closeMessageBox();
+    auto firstKilled = std::stable_partition(waiting_.begin(), waiting_.end(),
+                                             [](Call* call) { return !*call->killed; });
+    std::deque<Call*> killed(firstKilled, waiting_.end());
+    waiting_.erase(firstKilled, waiting_.end());
+    for (Call* call : killed) baton::passTo(call->waiter);
+}
+
+void MainCalls::setInStatement(bool inStatement) {
+    inStatement_ = inStatement;
+    if (!inStatement && !waiting_.empty()) Platform::current().wake();
+}
+
+}  // namespace bracken

@@ -1,0 +1,33 @@
+#include "framework/unhandled.h"
+
+#include <cstdio>
+#include <string>
+
+#include "framework/dialogs/dialogs.h"
+#include "framework/dialogs/platform.h"
+#include "framework/exception.h"
+#include "framework/threads/thread.h"
+
+namespace bracken {
+
+namespace {
+
+void reportAndEnd(const std::string& what) {
+    std::string report =
+        "The application has to end: an error occurred that nothing handles.\n\n" + what;
+    std::fprintf(stderr, "%s\n", report.c_str());
+    MsgBox(report);
+    Platform::current().abort(1);
+}
+
+}  // namespace
+
+void callReportingUnhandled(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const std::exception& error) {
+        reportAndEnd(error.what());
+    }
+}
+
+}  // namespace bracken
