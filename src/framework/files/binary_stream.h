@@ -5,8 +5,8 @@
 
 namespace bracken {
 
-// A file open for reading bytes. Blocking reads give up the baton (threads/baton.h) while they wait,
-// so any thread of the program may call this, holding the baton.
+// A file open for reading bytes. Blocking reads give up the baton (threads/baton.h) while they
+// wait, so any thread of the program may call this, holding the baton.
 class BinaryStream {
   public:
     // Takes ownership of the descriptor; -1 stands for something that reads as empty.

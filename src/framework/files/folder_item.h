@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "framework/files/binary_stream.h"
@@ -11,24 +12,32 @@
 
 namespace bracken {
 
-// A path, existing or not, with cached facts about what lies there. Paths are absolute POSIX paths.
-// Links are followed; Name and AbsolutePath are the entry's own, never the target's.
-class FolderItem : public std::enable_shared_from_this<FolderItem> {
+class FolderListing;
+struct FolderChain;
+
+// A path, existing or not. Paths are absolute POSIX paths. Links are followed; Name and
+// AbsolutePath are the entry's own, never the target's. Facts are asked of the disk at each call,
+// but for the listing, and for an entry's being a folder, which its listing said. An item is for
+// one thread at a time; different items don't touch each other.
+class FolderItem {
   public:
+    // Slashes at the path's end are dropped.
     explicit FolderItem(std::string path);
     ~FolderItem();
 
     // Number of entries of a folder; 0 for anything else, for one that can't be listed, and for a
-    // link to a folder on the chain of folders that led here. The listing is cached and revalidated
-    // cheaply at each call: known entries keep their numbers for the life of this item, new ones go
-    // to the end.
+    // folder that lies on the chain of folders that led here (a link back up). The listing is
+    // cached and revalidated at each call by one stat: known entries keep their numbers for the
+    // life of this item and count on when they vanish, new ones go to the end. Only names are kept,
+    // for as long as this item lives, and nothing of the entries' own entries.
     int Count();
     // The i-th entry, counted from 1, in byte order of names, hidden ones included, dangling links
-    // left out. Nil outside the range and for an entry that has vanished.
+    // left out. Nil outside the range and for an entry that has vanished. A new item at each call.
     Ref<FolderItem> Item(int i);
 
     bool Exists() const;
     bool Directory() const;
+    // "/" for the root.
     std::string Name() const;
     // Without a slash at its end, save the root's. GetFolderItem is its inverse.
     std::string AbsolutePath() const;
@@ -45,20 +54,28 @@ class FolderItem : public std::enable_shared_from_this<FolderItem> {
     // Sockets, pipes and devices open as empty and never block.
     Ref<BinaryStream> OpenAsBinaryFile(bool write) const;
     Ref<TextInputStream> OpenAsTextFile() const;
-    // A stream that replaces the file when it is closed, see TextOutputStream. Nil if the file can't
-    // be created or may not be written by the user.
+    // A stream that replaces the file when it is closed, see TextOutputStream. Nil, with the reason
+    // as above, if the file can't be created or may not be written by the user. A file directly in
+    // the preferences folder gets mode 0600, whatever it had.
     Ref<TextOutputStream> CreateTextFile() const;
 
+    // Removes a file, a link (not its target) or an empty folder; a failure is silent.
     void Delete() const;
-    // Copies the file's bytes to `destination`, a file's path or, if it is an existing folder, into
-    // that folder under this name. A failure is silent; an existing target then stands.
+    // Copies the file's bytes and mode to `destination`, a file's path or, if it is an existing
+    // folder, into that folder under this name. A failure is silent; an existing target then stands
+    // as it was, and keeps its mode in any case.
     void CopyFileTo(const Ref<FolderItem>& destination) const;
     // Makes the folder with mode 0700; a failure is silent.
     void CreateAsFolder() const;
 
   private:
-    struct State;
-    std::unique_ptr<State> state_;
+    FolderItem(std::string path, bool directory, std::shared_ptr<const FolderChain> chain);
+    FolderListing& listing();
+
+    std::string path_;
+    std::optional<bool> directory_;
+    std::shared_ptr<const FolderChain> chain_;
+    std::unique_ptr<FolderListing> listing_;
 };
 
 // An item for an absolute path, existing or not; nil for an empty or a relative path. The second

@@ -4,15 +4,17 @@
 
 namespace bracken {
 
-// The user's standard places by the XDG base directories, made when missing with mode 0700; nil with
-// no home folder at all.
+// The user's standard places, from HOME and the XDG base directories, made when missing with mode
+// 0700; nil with no home folder at all. Variables that hold no absolute path count as unset.
 struct SpecialFolder {
     // $XDG_CONFIG_HOME, else ~/.config.
     static Ref<FolderItem> Preferences();
     // $XDG_DATA_HOME, else ~/.local/share.
     static Ref<FolderItem> ApplicationData();
-    // The desktop's documents folder (user-dirs.dirs), else the home folder.
+    // The desktop's documents folder (user-dirs.dirs) if there is one, else the home folder.
     static Ref<FolderItem> Documents();
+    // Whether the path lies directly in the preferences folder, where the files hold passwords.
+    static bool keepsPrivate(const std::string& path);
 };
 
 }  // namespace bracken

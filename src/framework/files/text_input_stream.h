@@ -5,17 +5,15 @@
 
 namespace bracken {
 
-// A text file read line by line, without conversion. LF, CR and CRLF end a line; a last line with no
-// end is delivered; no empty line stands behind the last line end.
+// A text file read line by line, without conversion. LF, CR and CRLF end a line; a last line with
+// no end is delivered; no empty line stands behind the last line end. The file is read whole when
+// the stream is made.
 class TextInputStream {
   public:
-    // Takes ownership of the descriptor; -1 reads as empty.
+    // Takes ownership of the descriptor; -1 reads as empty. Never gives up the baton.
     explicit TextInputStream(int descriptor);
     // A stream over text in memory.
     explicit TextInputStream(std::string text);
-    ~TextInputStream();
-    TextInputStream(const TextInputStream&) = delete;
-    TextInputStream& operator=(const TextInputStream&) = delete;
 
     // The next line without its end; "" at the end of the stream. The argument stands for the text
     // encoding, of which there is none.
@@ -23,13 +21,11 @@ class TextInputStream {
     // All that is left.
     std::string ReadAll();
     bool EOF_() const;
+    // From here on the stream is at its end.
     void Close();
 
   private:
-    bool fill();
-
-    int descriptor_;
-    std::string buffer_;
+    std::string text_;
     size_t at_ = 0;
 };
 

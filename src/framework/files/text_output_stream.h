@@ -1,8 +1,9 @@
 #pragma once
 
-#include <string>
+#include <memory>
 #include <string_view>
-#include <utility>
+
+#include "framework/files/replacing_file.h"
 
 namespace bracken {
 
@@ -16,10 +17,17 @@ namespace bracken {
 // folder allows no neighbour, are written in place.
 class TextOutputStream {
   public:
+    // `file` is not null.
+    explicit TextOutputStream(std::unique_ptr<ReplacingFile> file);
+
     void Write(std::string_view text);
     // The text and a line feed.
     void WriteLine(std::string_view text);
+    // What is written afterwards goes nowhere.
     void Close();
+
+  private:
+    std::unique_ptr<ReplacingFile> file_;
 };
 
 }  // namespace bracken

@@ -1,0 +1,31 @@
+#include "framework/files/file_calls.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace bracken {
+
+int FileCalls::open(const char* path, int flags, mode_t mode) {
+    return ::open(path, flags | O_CLOEXEC, mode);
+}
+
+ssize_t FileCalls::write(int descriptor, const void* bytes, size_t count) {
+    return ::write(descriptor, bytes, count);
+}
+
+int FileCalls::fsync(int descriptor) {
+    return ::fsync(descriptor);
+}
+
+int FileCalls::rename(const char* from, const char* to) {
+    return ::rename(from, to);
+}
+
+FileCalls& FileCalls::system() {
+    static FileCalls calls;
+    return calls;
+}
+
+}  // namespace bracken

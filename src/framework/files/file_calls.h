@@ -1,0 +1,23 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+
+namespace bracken {
+
+// The system calls on which saving rests, with the meaning and errno of their namesakes, so that
+// a test can let each of them fail.
+class FileCalls {
+  public:
+    virtual ~FileCalls() = default;
+    virtual int open(const char* path, int flags, mode_t mode);
+    virtual ssize_t write(int descriptor, const void* bytes, size_t count);
+    virtual int fsync(int descriptor);
+    virtual int rename(const char* from, const char* to);
+
+    // The real ones.
+    static FileCalls& system();
+};
+
+}  // namespace bracken

@@ -1,0 +1,162 @@
+#include "framework/files/replacing_file.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <utility>
+
+#include "framework/files/paths.h"
+
+namespace bracken {
+
+namespace {
+
+constexpr size_t kFlushAt = 64 * 1024;
+constexpr int kMostLinks = 40;
+constexpr mode_t kPermissions = 07777;
+constexpr mode_t kOwnerOnly = 0600;
+
+// The file that `path` stands for, existing or not: every link at its end is followed.
+std::string resolveLinks(std::string path) {
+    for (int i = 0; i < kMostLinks; ++i) {
+        char link[PATH_MAX];
+        const ssize_t length = readlink(path.c_str(), link, sizeof link);
+        if (length <= 0) break;
+        const std::string to(link, static_cast<size_t>(length));
+        path = to.front() == '/' ? to : joinPath(parentPath(path), to);
+    }
+    return path;
+}
+
+// In a folder with the sticky bit only the owner of a file, or of the folder, may rename over it.
+bool mayRenameOver(const std::string& target, const struct stat& present) {
+    struct stat folder;
+    const uid_t user = geteuid();
+    if (stat(parentPath(target).c_str(), &folder) != 0) return true;
+    return (folder.st_mode & S_ISVTX) == 0 || user == 0 || user == folder.st_uid ||
+           user == present.st_uid;
+}
+
+bool isRefusal(int error) {
+    return error == EACCES || error == EPERM || error == EROFS;
+}
+
+std::string temporaryName() {
+    static std::atomic<unsigned> counter{0};
+    return ".bracken-lens-" + std::to_string(getpid()) + "-" + std::to_string(++counter);
+}
+
+bool writeAll(FileCalls& calls, int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = calls.write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<size_t>(written));
+    }
+    return true;
+}
+
+}  // namespace
+
+std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Modes modes,
+                                                   FileCalls& calls) {
+    std::unique_ptr<ReplacingFile> file(new ReplacingFile(resolveLinks(target), calls));
+    struct stat present;
+    bool opened = false;
+    if (stat(file->target_.c_str(), &present) != 0)
+        opened = file->openBeside(modes.ownerOnly ? kOwnerOnly : modes.fresh);
+    else if (S_ISREG(present.st_mode))
+        opened = file->openExisting(present, modes.ownerOnly);
+    else
+        opened = file->openSpecial();
+    if (!opened) return nullptr;
+    return file;
+}
+
+ReplacingFile::ReplacingFile(std::string target, FileCalls& calls)
+    : target_(std::move(target)), calls_(calls) {}
+
+ReplacingFile::~ReplacingFile() {
+    closeDescriptor();
+    if (!temporary_.empty()) unlink(temporary_.c_str());
+}
+
+bool ReplacingFile::openSpecial() {
+    way_ = Way::Through;
+    // Not blocking, or a pipe that nobody reads would hold the program up here.
+    descriptor_ = calls_.open(target_.c_str(), O_WRONLY | O_NOCTTY | O_NONBLOCK, 0);
+    if (descriptor_ < 0) return false;
+    fcntl(descriptor_, F_SETFL, fcntl(descriptor_, F_GETFL) & ~O_NONBLOCK);
+    return true;
+}
+
+bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
+    if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
+    const mode_t mode = ownerOnly ? kOwnerOnly : present.st_mode & kPermissions;
+    if (!mayRenameOver(target_, present)) return openInPlace();
+    if (!openBeside(kOwnerOnly)) return isRefusal(errno) && openInPlace();
+    // Somebody else's file stays theirs where the user may see to that.
+    const bool kept = fchown(descriptor_, present.st_uid, present.st_gid) == 0;
+    return fchmod(descriptor_, kept ? mode : mode & 0777) == 0;
+}
+
+bool ReplacingFile::openBeside(mode_t mode) {
+    do {
+        temporary_ = joinPath(parentPath(target_), temporaryName());
+        descriptor_ = calls_.open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL, mode);
+    } while (descriptor_ < 0 && errno == EEXIST);
+    if (descriptor_ < 0) temporary_.clear();
+    return descriptor_ >= 0;
+}
+
+bool ReplacingFile::openInPlace() {
+    way_ = Way::InPlaceAtCommit;
+    descriptor_ = calls_.open(target_.c_str(), O_WRONLY, 0);
+    return descriptor_ >= 0;
+}
+
+void ReplacingFile::write(std::string_view bytes) {
+    pending_.append(bytes);
+    if (way_ == Way::InPlaceAtCommit || pending_.size() < kFlushAt) return;
+    failed_ = !writeAll(calls_, descriptor_, pending_) || failed_;
+    pending_.clear();
+}
+
+bool ReplacingFile::commit() {
+    if (way_ == Way::InPlaceAtCommit) return overwriteInPlace();
+    failed_ = failed_ || !writeAll(calls_, descriptor_, pending_);
+    if (way_ == Way::Through) return closeDescriptor() && !failed_;
+    return !failed_ && renameOver();
+}
+
+bool ReplacingFile::overwriteInPlace() {
+    // Cut last: the old content's end goes only when the new one is there.
+    return writeAll(calls_, descriptor_, pending_) &&
+           ftruncate(descriptor_, static_cast<off_t>(pending_.size())) == 0 &&
+           calls_.fsync(descriptor_) == 0 && closeDescriptor();
+}
+
+bool ReplacingFile::renameOver() {
+    if (calls_.fsync(descriptor_) != 0 || !closeDescriptor()) return false;
+    if (calls_.rename(temporary_.c_str(), target_.c_str()) != 0) return false;
+    temporary_.clear();
+    syncFolder();
+    return true;
+}
+
+// Makes the rename itself outlast a loss of power. The new file stands whether or not this works.
+void ReplacingFile::syncFolder() {
+    const int folder = calls_.open(parentPath(target_).c_str(), O_RDONLY | O_DIRECTORY, 0);
+    if (folder < 0) return;
+    calls_.fsync(folder);
+    ::close(folder);
+}
+
+bool ReplacingFile::closeDescriptor() {
+    return descriptor_ < 0 || ::close(std::exchange(descriptor_, -1)) == 0;
+}
+
+}  // namespace bracken

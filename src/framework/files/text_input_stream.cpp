@@ -1,0 +1,53 @@
+#include "framework/files/text_input_stream.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace bracken {
+
+namespace {
+
+// What could be read up to the file's end or the first error.
+std::string readWhole(int descriptor) {
+    std::string text;
+    char block[64 * 1024];
+    while (descriptor >= 0) {
+        const ssize_t got = read(descriptor, block, sizeof block);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) break;
+        text.append(block, static_cast<size_t>(got));
+    }
+    if (descriptor >= 0) close(descriptor);
+    return text;
+}
+
+}  // namespace
+
+TextInputStream::TextInputStream(int descriptor) : text_(readWhole(descriptor)) {}
+
+TextInputStream::TextInputStream(std::string text) : text_(std::move(text)) {}
+
+std::string TextInputStream::ReadLine(std::nullptr_t) {
+    const size_t start = at_;
+    const size_t end = std::min(text_.find_first_of("\r\n", start), text_.size());
+    const bool pair = text_.compare(end, 2, "\r\n") == 0;
+    at_ = std::min(end + (pair ? 2 : 1), text_.size());
+    return text_.substr(start, end - start);
+}
+
+std::string TextInputStream::ReadAll() {
+    return text_.substr(std::exchange(at_, text_.size()));
+}
+
+bool TextInputStream::EOF_() const {
+    return at_ == text_.size();
+}
+
+void TextInputStream::Close() {
+    at_ = text_.size();
+}
+
+}  // namespace bracken

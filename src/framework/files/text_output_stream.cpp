@@ -1,0 +1,23 @@
+#include "framework/files/text_output_stream.h"
+
+#include <utility>
+
+namespace bracken {
+
+TextOutputStream::TextOutputStream(std::unique_ptr<ReplacingFile> file) : file_(std::move(file)) {}
+
+void TextOutputStream::Write(std::string_view text) {
+    if (file_) file_->write(text);
+}
+
+void TextOutputStream::WriteLine(std::string_view text) {
+    Write(text);
+    Write("\n");
+}
+
+void TextOutputStream::Close() {
+    if (file_) file_->commit();
+    file_.reset();
+}
+
+}  // namespace bracken
