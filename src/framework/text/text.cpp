@@ -1,0 +1,184 @@
+#include "framework/text/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace bracken {
+
+namespace {
+
+constexpr size_t npos = std::string_view::npos;
+
+constexpr std::array<char, 256> lowerCase = [] {
+    std::array<char, 256> table{};
+    for (size_t i = 0; i < table.size(); ++i) {
+        table[i] = static_cast<char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
+    }
+    return table;
+}();
+
+char lower(char c) {
+    return lowerCase[static_cast<unsigned char>(c)];
+}
+
+char upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
+bool equalBytes(const char* a, const char* b, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+        if (lower(a[i]) != lower(b[i])) return false;
+    }
+    return true;
+}
+
+size_t findByte(std::string_view source, size_t at, char byte) {
+    if (at >= source.size()) return npos;
+    const void* hit = std::memchr(source.data() + at, byte, source.size() - at);
+    return hit == nullptr ? npos
+                          : static_cast<size_t>(static_cast<const char*>(hit) - source.data());
+}
+
+// The next place of a byte in either case. Each case's next place is kept until it is passed, so a
+// rare one costs one search of the text and not one at each step.
+class ByteFinder {
+  public:
+    ByteFinder(std::string_view source, char byte)
+        : source_(source), cases_{lower(byte), upper(lower(byte))} {}
+
+    size_t next(size_t at) {
+        size_t first = npos;
+        for (size_t i = 0; i < (cases_[0] == cases_[1] ? 1 : 2); ++i) {
+            if (!known_[i] || (places_[i] != npos && places_[i] < at)) {
+                places_[i] = findByte(source_, at, cases_[i]);
+                known_[i] = true;
+            }
+            first = std::min(first, places_[i]);
+        }
+        return first;
+    }
+
+  private:
+    std::string_view source_;
+    std::array<char, 2> cases_;
+    std::array<size_t, 2> places_{};
+    std::array<bool, 2> known_{};
+};
+
+// Finds a text without regard to case, at ascending places.
+class Finder {
+  public:
+    Finder(std::string_view source, std::string_view find)
+        : source_(source), find_(find), bytes_(source, find.empty() ? '\0' : find[0]) {}
+
+    // Zero-based; npos for none.
+    size_t next(size_t at) {
+        if (find_.empty() || find_.size() > source_.size()) return npos;
+        const size_t last = source_.size() - find_.size();
+        for (at = bytes_.next(at); at <= last; at = bytes_.next(at + 1)) {
+            if (equalBytes(source_.data() + at, find_.data(), find_.size())) return at;
+        }
+        return npos;
+    }
+
+  private:
+    std::string_view source_;
+    std::string_view find_;
+    ByteFinder bytes_;
+};
+
+size_t clampedCount(std::string_view source, int64_t count) {
+    return static_cast<size_t>(std::clamp<int64_t>(count, 0, Len(source)));
+}
+
+}  // namespace
+
+int64_t InStr(int64_t start, std::string_view source, std::string_view find) {
+    const size_t at = start < 1 ? 0 : static_cast<size_t>(start - 1);
+    const size_t place = Finder(source, find).next(at);
+    return place == npos ? 0 : static_cast<int64_t>(place) + 1;
+}
+
+int64_t InStr(std::string_view source, std::string_view find) {
+    return InStr(1, source, find);
+}
+
+std::string NthField(std::string_view source, std::string_view separator, int64_t n) {
+    if (n < 1) return "";
+    Finder finder(source, separator);
+    size_t start = 0;
+    size_t end = finder.next(0);
+    for (; n > 1; --n) {
+        if (end == npos) return "";
+        start = end + separator.size();
+        end = finder.next(start);
+    }
+    return std::string(source.substr(start, end == npos ? npos : end - start));
+}
+
+int64_t CountFields(std::string_view source, std::string_view separator) {
+    if (source.empty()) return 0;
+    Finder finder(source, separator);
+    int64_t count = 1;
+    for (size_t at = finder.next(0); at != npos; at = finder.next(at + separator.size())) ++count;
+    return count;
+}
+
+std::vector<std::string> Split(std::string_view source, std::string_view separator) {
+    std::vector<std::string> fields;
+    if (source.empty()) return fields;
+    Finder finder(source, separator);
+    size_t start = 0;
+    for (size_t at = finder.next(0); at != npos; at = finder.next(start)) {
+        fields.emplace_back(source.substr(start, at - start));
+        start = at + separator.size();
+    }
+    fields.emplace_back(source.substr(start));
+    return fields;
+}
+
+std::string Left(std::string_view source, int64_t count) {
+    return std::string(source.substr(0, clampedCount(source, count)));
+}
+
+std::string Right(std::string_view source, int64_t count) {
+    return std::string(source.substr(source.size() - clampedCount(source, count)));
+}
+
+std::string Mid(std::string_view source, int64_t start) {
+    return Mid(source, start, Len(source));
+}
+
+std::string Mid(std::string_view source, int64_t start, int64_t count) {
+    if (start > Len(source)) return "";
+    const std::string_view rest = source.substr(start < 1 ? 0 : static_cast<size_t>(start - 1));
+    return Left(rest, count);
+}
+
+int64_t Len(std::string_view source) {
+    return static_cast<int64_t>(source.size());
+}
+
+std::string Lowercase(std::string_view source) {
+    std::string result(source);
+    std::transform(result.begin(), result.end(), result.begin(), lower);
+    return result;
+}
+
+std::string ReplaceAll(std::string_view source, std::string_view find, std::string_view with) {
+    Finder finder(source, find);
+    std::string result;
+    size_t start = 0;
+    for (size_t at = finder.next(0); at != npos; at = finder.next(start)) {
+        result.append(source.substr(start, at - start)).append(with);
+        start = at + find.size();
+    }
+    return result.append(source.substr(start));
+}
+
+bool equal(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && equalBytes(a.data(), b.data(), a.size());
+}
+
+}  // namespace bracken

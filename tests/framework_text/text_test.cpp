@@ -1,0 +1,179 @@
+#include "framework/text/text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+namespace bracken {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST(InStr, FindsWithoutRegardToCase) {
+    struct Case {
+        int64_t start;
+        std::string_view source, find;
+        int64_t place;
+    };
+    const Case cases[] = {
+        {1, "SELECT * FROM Users", "users", 15},
+        {0, "abc", "A", 1},
+        {-7, "abc", "A", 1},
+        {2, "abcabc", "ab", 4},
+        {4, "abcabc", "ab", 4},
+        {5, "abcabc", "ab", 0},
+        {99, "abc", "a", 0},
+        {1, "abc", "", 0},
+        {1, "", "a", 0},
+        {1, "", "", 0},
+        {1, "ab", "abc", 0},
+        {1, "aaab", "aab", 2},
+        {1, "[@`{", "`", 3},
+        {1, "\xC4x\xE4", "\xE4", 3},
+        {1, std::string_view("a\0b", 3), std::string_view("\0B", 2), 2},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(InStr(c.start, c.source, c.find), c.place) << c.source << " / " << c.find;
+    }
+}
+
+// Against the plainest search there is, over texts of few letters, where starts are many.
+TEST(InStr, AgreesWithAPlainSearch) {
+    std::mt19937 random(7);
+    const auto text = [&](size_t longest) {
+        std::string made(random() % (longest + 1), ' ');
+        for (char& c : made) c = "abAB"[random() % 4];
+        return made;
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const std::string source = text(24);
+        const std::string find = text(4);
+        const auto start = static_cast<size_t>(random() % 8);
+        const size_t place =
+            find.empty() ? std::string::npos : Lowercase(source).find(Lowercase(find), start);
+        const int64_t expected = place == std::string::npos ? 0 : static_cast<int64_t>(place) + 1;
+        ASSERT_EQ(InStr(static_cast<int64_t>(start) + 1, source, find), expected)
+            << source << " / " << find;
+    }
+}
+
+TEST(Fields, AreCutAtSeparators) {
+    struct Case {
+        std::string_view source, separator;
+        Texts fields;
+    };
+    const Case cases[] = {
+        {"a.b.c", ".", {"a", "b", "c"}},
+        {"", ".", {}},
+        {"abc", ".", {"abc"}},
+        {".", ".", {"", ""}},
+        {"a..b.", ".", {"a", "", "b", ""}},
+        {"1and2AND3", "And", {"1", "2", "3"}},
+        {"aaa", "aa", {"", "a"}},
+        {"abc", "", {"abc"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.source);
+        EXPECT_EQ(Split(c.source, c.separator), c.fields);
+        EXPECT_EQ(CountFields(c.source, c.separator), c.fields.size());
+        for (size_t i = 0; i < c.fields.size(); ++i) {
+            EXPECT_EQ(NthField(c.source, c.separator, static_cast<int64_t>(i) + 1), c.fields[i]);
+        }
+        EXPECT_EQ(NthField(c.source, c.separator, static_cast<int64_t>(c.fields.size()) + 1), "");
+        EXPECT_EQ(NthField(c.source, c.separator, 0), "");
+    }
+}
+
+TEST(Cutting, ClampsPositionsAndCounts) {
+    const std::string text = "abcde";
+    EXPECT_EQ(Texts({Left(text, 2), Left(text, 9), Left(text, -1)}), Texts({"ab", "abcde", ""}));
+    EXPECT_EQ(Texts({Right(text, 2), Right(text, 9), Right(text, -1)}), Texts({"de", "abcde", ""}));
+    EXPECT_EQ(Texts({Mid(text, 2), Mid(text, 0), Mid(text, 6)}), Texts({"bcde", "abcde", ""}));
+    EXPECT_EQ(Texts({Mid(text, 2, 2), Mid(text, -3, 2), Mid(text, 5, 9), Mid(text, 2, -1)}),
+              Texts({"bc", "ab", "e", ""}));
+    EXPECT_EQ(Len("\xC3\xA4"), 2);
+}
+
+TEST(Case, IsThatOfAsciiLettersOnly) {
+    EXPECT_EQ(Lowercase("AZ[\xC3\x84"), "az[\xC3\x84");
+    EXPECT_TRUE(equal("Users", "uSERS"));
+    EXPECT_FALSE(equal("\xC3\x84", "\xC3\xA4"));
+    EXPECT_FALSE(equal("[", "{"));
+    EXPECT_FALSE(equal("a", "ab"));
+}
+
+TEST(ReplaceAll, GoesFromLeftToRight) {
+    EXPECT_EQ(ReplaceAll("a<B<c", "<", "&lt;"), "a&lt;B&lt;c");
+    EXPECT_EQ(ReplaceAll("aaa", "AA", "b"), "ba");
+    EXPECT_EQ(ReplaceAll("aa", "a", "aa"), "aaaa");
+    EXPECT_EQ(ReplaceAll("abc", "", "x"), "abc");
+    EXPECT_EQ(ReplaceAll("abc", "c", ""), "ab");
+}
+
+TEST(Numbers, AsText) {
+    const std::pair<double, std::string_view> cases[] = {
+        {0, "0"},
+        {-3, "-3"},
+        {100000, "100000"},
+        {1e14, "100000000000000"},
+        {1e15, "1e+15"},
+        {0.1, "0.1"},
+        {2.5, "2.5"},
+        {1.0 / 3, "0.3333333333333333"},
+        {123456789.25, "123456789.25"},
+        {-999999999999999, "-999999999999999"},
+    };
+    for (const auto& [value, text] : cases) {
+        EXPECT_EQ(Str(value), text);
+        EXPECT_EQ(CDbl(text), value);
+    }
+    EXPECT_EQ(Str(INT64_MIN), "-9223372036854775808");
+    EXPECT_EQ(Texts({Hex(0), Hex(255), Hex(-1)}), Texts({"0", "FF", "FFFFFFFFFFFFFFFF"}));
+    EXPECT_EQ(Texts({Format(2.5, "-#"), Format(-2.5, "-#"), Format(0, "-#"), Format(-0.4, "-#"),
+                     Format(1e20, "-#")}),
+              Texts({"3", "-3", "0", "0", "100000000000000000000"}));
+}
+
+TEST(Numbers, FromText) {
+    struct Case {
+        std::string_view text;
+        double whole, start;
+        bool numeric;
+    };
+    const Case cases[] = {
+        {"12", 12, 12, true},    {"-1.5e3", -1500, -1500, true},
+        {"+.5", 0.5, 0.5, true}, {"5.", 5, 5, true},
+        {"12abc", 0, 12, false}, {"", 0, 0, false},
+        {"  7", 0, 7, false},    {"7 ", 0, 7, false},
+        {"1e", 0, 1, false},     {"1e+", 0, 1, false},
+        {".", 0, 0, false},      {"-", 0, 0, false},
+        {"nan", 0, 0, false},    {"inf", 0, 0, false},
+        {"&hFf", 255, 0, false}, {"&H10", 16, 0, false},
+        {"&h", 0, 0, false},     {"&hG1", 0, 0, false},
+        {"1e-999", 0, 0, true},  {"0x10", 0, 0, false},
+        {"+-1", 0, 0, false},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(CDbl(c.text), c.whole) << c.text;
+        EXPECT_EQ(Val(c.text), c.start) << c.text;
+        EXPECT_EQ(IsNumeric(c.text), c.numeric) << c.text;
+    }
+    EXPECT_GT(CDbl("1e999"), 1e300);
+    EXPECT_LT(CDbl("-1e999"), -1e300);
+}
+
+TEST(Numbers, SaturateAsInt32) {
+    const std::pair<double, int32_t> cases[] = {
+        {2.9, 2},
+        {-2.9, -2},
+        {1e10, INT32_MAX},
+        {-1e10, INT32_MIN},
+        {2147483647.5, INT32_MAX},
+        {std::nan(""), 0},
+    };
+    for (const auto& [value, expected] : cases) EXPECT_EQ(toInt32(value), expected) << value;
+}
+
+}  // namespace
+}  // namespace bracken
