@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cerrno>
+#include <string>
+#include <vector>
+
+#include "framework/files/file_calls.h"
+
+namespace bracken::test {
+
+// The real calls, but for one that fails, and a record of their names in order.
+class FailingCalls : public FileCalls {
+  public:
+    // The call of that name fails with `error`, from its `nth` time on, counted from 1.
+    explicit FailingCalls(std::string name = "", int nth = 1, int error = ENOSPC)
+        : failing_(std::move(name)), left_(nth), error_(error) {}
+
+    int open(const char* path, int flags, mode_t mode) override {
+        return fails("open") ? -1 : FileCalls::open(path, flags, mode);
+    }
+    // Takes no more than a few bytes at a time, as a pipe or a full disk does.
+    ssize_t write(int descriptor, const void* bytes, size_t count) override {
+        if (fails("write")) return -1;
+        return FileCalls::write(descriptor, bytes, count < 5 ? count : 5);
+    }
+    int fsync(int descriptor) override {
+        return fails("fsync") ? -1 : FileCalls::fsync(descriptor);
+    }
+    int rename(const char* from, const char* to) override {
+        return fails("rename") ? -1 : FileCalls::rename(from, to);
+    }
+
+    const std::vector<std::string>& made() const { return made_; }
+
+  private:
+    bool fails(const std::string& name) {
+        if (made_.empty() || made_.back() != name) made_.push_back(name);
+        if (name != failing_ || --left_ > 0) return false;
+        errno = error_;
+        return true;
+    }
+
+    std::string failing_;
+    int left_;
+    int error_;
+    std::vector<std::string> made_;
+};
+
+}  // namespace bracken::test

@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "framework/files/folder_item.h"
+#include "tests/support/temp_folder.h"
+
+namespace bracken {
+namespace {
+
+using test::TempFolder;
+
+constexpr uid_t kNobody = 65534;
+
+// A folder of an ordinary user, whom the test plays also when root runs it.
+class Permission : public testing::Test {
+  protected:
+    Permission() {
+        if (!root_) return;
+        EXPECT_EQ(chown(folder_.path().c_str(), kNobody, kNobody), 0);
+        EXPECT_EQ(seteuid(kNobody), 0);
+    }
+    ~Permission() override {
+        setMode(folder_.path(), 0700);
+        if (root_) {
+            EXPECT_EQ(seteuid(0), 0);
+        }
+    }
+
+    static void setMode(const std::string& path, mode_t mode) {
+        ASSERT_EQ(chmod(path.c_str(), mode), 0) << path;
+    }
+    // Writes `text`, and closes the stream or gives it up; false if there is none.
+    static bool save(const std::string& path, const std::string& text, bool close = true) {
+        const Ref<TextOutputStream> stream = FolderItem(path).CreateTextFile();
+        if (!stream) return false;
+        stream->Write(text);
+        if (close) stream->Close();
+        return true;
+    }
+
+    const bool root_ = geteuid() == 0;
+    TempFolder folder_;
+};
+
+TEST_F(Permission, IsNeededToReadAndWrite) {
+    const std::string path = folder_.write("f", "secret");
+    setMode(path, 0);
+    EXPECT_EQ(FolderItem(path).OpenAsBinaryFile(false), nullptr);
+    EXPECT_EQ(FolderItem(path).OpenAsTextFile(), nullptr);
+    setMode(path, 0400);
+    EXPECT_FALSE(save(path, "x")) << "though its folder would allow a rename";
+    EXPECT_EQ(folder_.read("f"), "secret");
+}
+
+TEST_F(Permission, AFolderThatCannotBeListedHasNoEntries) {
+    folder_.write("in/file", "");
+    const Ref<FolderItem> item = make<FolderItem>(folder_.path("in"));
+    setMode(item->AbsolutePath(), 0);
+    EXPECT_EQ(item->Count(), 0);
+    EXPECT_EQ(item->Item(1), nullptr);
+    setMode(item->AbsolutePath(), 0700);
+    EXPECT_EQ(item->Count(), 1);
+}
+
+TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {
+    const std::string path = folder_.write("f", "old and long");
+    setMode(folder_.path(), 0500);
+    EXPECT_TRUE(save(path, "given up", false));
+    EXPECT_EQ(folder_.read("f"), "old and long");
+    EXPECT_TRUE(save(path, "new"));
+    EXPECT_EQ(folder_.read("f"), "new");
+    EXPECT_FALSE(save(folder_.path("fresh"), "x"));
+}
+
+TEST_F(Permission, AnothersFileInAStickyFolderIsWrittenInPlace) {
+    if (!root_) GTEST_SKIP() << "needs a second user";
+    ASSERT_EQ(seteuid(0), 0);
+    const std::string path = folder_.write("shared/f", "old");
+    setMode(path, 0666);
+    setMode(folder_.path("shared"), 01777);
+    ASSERT_EQ(seteuid(kNobody), 0);
+    EXPECT_TRUE(save(path, "new"));
+    EXPECT_EQ(folder_.read("shared/f"), "new");
+}
+
+}  // namespace
+}  // namespace bracken
