@@ -1,0 +1,18 @@
+#pragma once
+
+#include "framework/controls/control.h"
+
+namespace bracken {
+
+// A container of several pages of which one shows. A control lies on the page that its
+// TabPanelIndex names.
+class PagePanel : public RectControl {
+  public:
+    PagePanel(Window& window, std::string name)
+        : RectControl(window, std::move(name)), Value(*this, 0) {}
+
+    // The page that shows, counted from 0.
+    Property<int> Value;
+};
+
+}  // namespace bracken

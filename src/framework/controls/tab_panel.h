@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "framework/controls/control.h"
+
+namespace bracken {
+
+// A container whose pages are chosen by tabs. A control lies on the page that its TabPanelIndex
+// names.
+class TabPanel : public RectControl {
+  public:
+    TabPanel(Window& window, std::string name)
+        : RectControl(window, std::move(name)), Value(*this, 0) {}
+
+    // The tabs' texts; set before the window opens.
+    std::vector<std::string> Captions;
+    // The page that shows, counted from 0.
+    Property<int> Value;
+
+    void userChose(int page) { Value = page; }
+};
+
+}  // namespace bracken

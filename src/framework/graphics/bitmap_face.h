@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+// A small sans-serif face, drawn by hand, so that labels have the same pixels on every machine.
+// Capitals are 7 pixels high, descenders reach one below the baseline.
+namespace bracken::face {
+
+constexpr int rows = 8;
+// Rows above the baseline.
+constexpr int ascent = 7;
+
+struct Glyph {
+    int width;
+    // A column a byte, the lowest bit being the top row.
+    std::array<uint8_t, 5> columns;
+
+    bool inked(int column, int row) const {
+        return (columns[static_cast<size_t>(column)] >> row & 1) != 0;
+    }
+};
+
+// A box for what is not printable ASCII.
+const Glyph& glyph(char letter);
+
+// Distance to the next glyph's left edge; a bold glyph is one pixel wider.
+int advance(const Glyph& glyph, bool bold);
+
+}  // namespace bracken::face
