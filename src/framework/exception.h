@@ -51,6 +51,13 @@ class IndexOutOfRangeException : public Exception {
         : Exception("IndexOutOfRangeException", std::move(text)) {}
 };
 
+// An object was taken for one of a class that it is not of.
+class IllegalCastException : public Exception {
+  public:
+    explicit IllegalCastException(std::string text = "")
+        : Exception("IllegalCastException", std::move(text)) {}
+};
+
 // Run was called on a thread whose run is still alive.
 class ThreadAlreadyRunningException : public Exception {
   public:

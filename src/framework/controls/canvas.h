@@ -35,8 +35,8 @@ class Canvas : public RectControl {
     // Paints anew: clear pixels of the control's size, then Event_Paint. Valid until the next call.
     const Pixels& paint();
 
-    // What the user did, handed in by the view. After a mouse down that was not claimed, or that met
-    // a control which is hidden or disabled, drag and up are dropped.
+    // What the user did, handed in by the view. After a mouse down that was not claimed, or that
+    // met a control which is hidden or disabled, drag and up are dropped.
     void userEntered();
     void userPressed(int x, int y);
     void userDragged(int x, int y);

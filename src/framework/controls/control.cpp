@@ -15,7 +15,15 @@ RectControl::RectControl(Window& window, std::string name)
       Width(*this, 0),
       Height(*this, 0),
       Visible(*this, true),
-      Enabled(*this, true) {}
+      Enabled(*this, true),
+      Parent(*this) {}
+
+RectControl::ParentLink& RectControl::ParentLink::operator=(RectControl* parent) {
+    if (parent_ != nullptr) std::erase(parent_->contents_, &child_);
+    parent_ = parent;
+    if (parent_ != nullptr) parent_->contents_.push_back(&child_);
+    return *this;
+}
 
 void RectControl::place(int left, int top, int width, int height) {
     Left = left;
@@ -30,9 +38,7 @@ void RectControl::Refresh(bool /*eraseBackground*/) {
 
 void RectControl::moveContents(int dx, int dy) {
     if (!window().laidOut()) return;
-    for (Control* control : window().controls()) {
-        auto* inner = dynamic_cast<RectControl*>(control);
-        if (inner == nullptr || inner->Parent != this) continue;
+    for (RectControl* inner : contents_) {
         inner->Left = inner->Left + dx;
         inner->Top = inner->Top + dy;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "framework/controls/property.h"
 
@@ -19,6 +20,10 @@ class Control : public Mirrored {
     Window& window() const { return window_; }
     const std::string& name() const { return name_; }
 
+    // Its window has opened, before the window's own event; its window closes, after that.
+    virtual void Event_Open() {}
+    virtual void Event_Close() {}
+
   private:
     Window& window_;
     std::string name_;
@@ -27,6 +32,21 @@ class Control : public Mirrored {
 // A control with a place on its window.
 class RectControl : public Control {
   public:
+    // The container that a control lies in, null for the window; reads and assigns as a pointer.
+    class ParentLink {
+      public:
+        explicit ParentLink(RectControl& child) : child_(child) {}
+        ParentLink(const ParentLink&) = delete;
+        ParentLink& operator=(const ParentLink&) = delete;
+        ParentLink& operator=(RectControl* parent);
+        operator RectControl*() const { return parent_; }
+        RectControl* operator->() const { return parent_; }
+
+      private:
+        RectControl& child_;
+        RectControl* parent_ = nullptr;
+    };
+
     RectControl(Window& window, std::string name);
 
     Property<int> Left;
@@ -43,8 +63,10 @@ class RectControl : public Control {
     bool LockRight = false;
     bool LockBottom = false;
 
-    // The container in which it lies, null for the window. Moving that moves this.
-    RectControl* Parent = nullptr;
+    // Moving it moves this.
+    ParentLink Parent;
+    // The page of its container that it lies on, where that has pages.
+    int TabPanelIndex = 0;
     // Order for the Tab key; -1: that of creation.
     int TabIndex = -1;
 
@@ -56,6 +78,9 @@ class RectControl : public Control {
 
   private:
     void moveContents(int dx, int dy);
+
+    // Those whose Parent this is.
+    std::vector<RectControl*> contents_;
 };
 
 }  // namespace bracken

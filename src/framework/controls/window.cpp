@@ -8,6 +8,34 @@
 
 namespace bracken {
 
+namespace {
+
+// A control's place before its window changes size.
+struct LockedPlace {
+    RectControl* control;
+    int left;
+    int top;
+    // How many containers it lies in.
+    int depth = 0;
+
+    explicit LockedPlace(RectControl& rect) : control(&rect), left(rect.Left), top(rect.Top) {
+        for (RectControl* outer = rect.Parent; outer != nullptr; outer = outer->Parent) ++depth;
+    }
+
+    void follow(int dx, int dy) const {
+        if (control->LockRight && control->LockLeft)
+            control->Width = control->Width + dx;
+        else if (control->LockRight)
+            control->Left = left + dx;
+        if (control->LockBottom && control->LockTop)
+            control->Height = control->Height + dy;
+        else if (control->LockBottom)
+            control->Top = top + dy;
+    }
+};
+
+}  // namespace
+
 Window::Window()
     : Title(*this, ""),
       Left(*this, 0),
@@ -32,25 +60,31 @@ void Window::open() {
     CreateControls();
     AddMenuHandlers();
     laidOut_ = true;
+    for (Control* control : controls_) control->Event_Open();
     Event_Open();
     if (Visible && !closed_) Show();
 }
 
 void Window::layOut(int dx, int dy) {
     if (!laidOut_) return;
-    for (Control* control : controls_) {
-        auto* rect = dynamic_cast<RectControl*>(control);
-        if (rect == nullptr) continue;
-        if (rect->LockRight && rect->LockLeft)
-            rect->Width = rect->Width + dx;
-        else if (rect->LockRight)
-            rect->Left = rect->Left + dx;
-        if (rect->LockBottom && rect->LockTop)
-            rect->Height = rect->Height + dy;
-        else if (rect->LockBottom)
-            rect->Top = rect->Top + dy;
-    }
+    layOutControls(dx, dy);
     Event_Resized();
+}
+
+// Locks hold a control to the window's edges, also one in a container that moves along: its place
+// is worked out from before, and set after that of the container, which carries it.
+void Window::layOutControls(int dx, int dy) {
+    std::vector<LockedPlace> places;
+    for (Control* control : controls_)
+        if (auto* rect = dynamic_cast<RectControl*>(control)) places.emplace_back(*rect);
+    std::stable_sort(places.begin(), places.end(),
+                     [](const LockedPlace& a, const LockedPlace& b) { return a.depth < b.depth; });
+    for (const LockedPlace& place : places) place.follow(dx, dy);
+}
+
+void Window::Refresh(bool eraseBackground) {
+    for (Control* control : controls_)
+        if (auto* rect = dynamic_cast<RectControl*>(control)) rect->Refresh(eraseBackground);
 }
 
 void Window::Show() {
@@ -65,6 +99,7 @@ void Window::Close() {
     auto self = shared_from_this();
     closed_ = true;
     Event_Close();
+    for (Control* control : controls_) control->Event_Close();
     Windows::open().remove(*this);
 }
 

@@ -47,6 +47,8 @@ class Window : public Mirrored, public std::enable_shared_from_this<Window> {
 
     // Makes the window visible and frontmost, without blocking.
     void Show();
+    // Repaints all controls with the next frame.
+    void Refresh(bool eraseBackground);
     // Runs Event_Close and takes the window off the open ones. The object lives on until the event
     // that is being handled has ended.
     void Close();
@@ -91,6 +93,7 @@ class Window : public Mirrored, public std::enable_shared_from_this<Window> {
     // Sets the window up, opens it, shows it.
     void open();
     void layOut(int dx, int dy);
+    void layOutControls(int dx, int dy);
 
     std::vector<Control*> controls_;
     std::map<std::string, MenuItem::Handler> menuHandlers_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 // A small sans-serif face, drawn by hand, so that labels have the same pixels on every machine.

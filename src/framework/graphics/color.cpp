@@ -34,9 +34,9 @@ Color HSV(double hue, double saturation, double value) {
     int low = scaled(value * (1 - saturation));
     int falling = scaled(value * (1 - saturation * within));
     int rising = scaled(value * (1 - saturation * (1 - within)));
-    const std::array<Color, 6> sectors = {
-        RGB(high, rising, low), RGB(falling, high, low), RGB(low, high, rising),
-        RGB(low, falling, high), RGB(rising, low, high), RGB(high, low, falling)};
+    const std::array<Color, 6> sectors = {RGB(high, rising, low), RGB(falling, high, low),
+                                          RGB(low, high, rising), RGB(low, falling, high),
+                                          RGB(rising, low, high), RGB(high, low, falling)};
     return sectors[static_cast<size_t>(sector) % 6];
 }
 

@@ -10,9 +10,7 @@
 namespace bracken {
 
 Graphics::Span Graphics::Span::clipped(int64_t from, int64_t length, int size) {
-    auto inside = [size](int64_t at) {
-        return static_cast<int>(std::clamp<int64_t>(at, 0, size));
-    };
+    auto inside = [size](int64_t at) { return static_cast<int>(std::clamp<int64_t>(at, 0, size)); };
     return {inside(from), inside(from + std::max<int64_t>(length, 0))};
 }
 
@@ -75,8 +73,8 @@ void Graphics::drawSlope(int64_t x1, int64_t y1, int64_t x2, int64_t y2) {
     }
 }
 
-void Graphics::DrawPicture(const Picture& picture, int x, int y, int width, int height,
-                           int sourceX, int sourceY, int sourceWidth, int sourceHeight) {
+void Graphics::DrawPicture(const Picture& picture, int x, int y, int width, int height, int sourceX,
+                           int sourceY, int sourceWidth, int sourceHeight) {
     if (width < 1 || height < 1) return;
     Span columns = Span::clipped(x, width, pixels_.width);
     Span rows = Span::clipped(y, height, pixels_.height);
