@@ -78,7 +78,8 @@ size_t FolderListing::count() {
 }
 
 const FolderListing::Entry* FolderListing::entry(size_t index) {
-    return index < count() ? &entries_[index] : nullptr;
+    if (!chain_) refresh();
+    return listable_ && index < entries_.size() ? &entries_[index] : nullptr;
 }
 
 void FolderListing::refresh() {

@@ -15,7 +15,7 @@ struct FolderChain {
     std::shared_ptr<const FolderChain> above;
 };
 
-// The numbered names of a folder. Every call looks whether the folder was touched since it was
+// The numbered names of a folder. Each count looks whether the folder was touched since it was
 // listed (one stat) and lists it anew if so: known entries keep their numbers, new ones go to the
 // end. For one thread at a time.
 class FolderListing {
@@ -32,7 +32,8 @@ class FolderListing {
 
     // Entries, vanished ones included; 0 for what can't be listed or lies on its own chain.
     size_t count();
-    // Counted from 0; null outside the range. Valid until the next call of any method.
+    // Counted from 0, as of the latest count, at no cost; null outside the range. Valid until the
+    // next call of any method.
     const Entry* entry(size_t index);
     // The chain that leads to this folder's entries; null before the first listing.
     const std::shared_ptr<const FolderChain>& chain() const { return chain_; }
