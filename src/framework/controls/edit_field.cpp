@@ -1,14 +1,65 @@
 #include "framework/controls/edit_field.h"
 
+#include <algorithm>
+
 #include "framework/controls/window.h"
 
 namespace bracken {
 
+EditField::FieldText::FieldText(EditField& field, Hook hook)
+    : Property(field, "", std::move(hook)), field_(field) {}
+
+EditField::FieldText& EditField::FieldText::operator=(std::string text) {
+    field_.forgetLooks();
+    Property::operator=(std::move(text));
+    return *this;
+}
+
 EditField::EditField(Window& window, std::string name)
-    : RectControl(window, std::move(name)), Text(*this, "", [this](const std::string&) {
-          if (!TextChange) return;
-          auto keep = this->window().weak_from_this().lock();
-          TextChange();
+    : RectControl(window, std::move(name)),
+      Text(*this,
+           [this](const std::string&) {
+               if (!TextChange) return;
+               auto keep = this->window().weak_from_this().lock();
+               TextChange();
+           }),
+      SelStart(*this, 0),
+      SelLength(*this, 0),
+      SelBold(*this, [](TextStyle& style, const bool& value) { style.bold = value; }),
+      SelOutline(*this, [](TextStyle& style, const bool& value) { style.outline = value; }),
+      SelTextColor(*this, [](TextStyle& style, const Color& value) {
+          style.color = value;
+          style.coloured = true;
       }) {}
+
+void EditField::forgetLooks() {
+    styles_.clear();
+    ++textVersion_;
+    SelStart = 0;
+    SelLength = 0;
+    markChanged();
+}
+
+void EditField::styleSelection(const std::function<void(TextStyle&)>& change) {
+    auto length = static_cast<int64_t>(Text.get().size());
+    int64_t from = std::clamp<int64_t>(SelStart, 0, length);
+    int64_t end = std::clamp<int64_t>(int64_t{SelStart} + SelLength, from, length);
+    styles_.apply(from, end - from, change);
+    ++styleVersion_;
+    markChanged();
+}
+
+void EditField::userReplaced(int from, int removed, const std::string& inserted) {
+    std::string text = Text;
+    auto at = std::min(text.size(), static_cast<size_t>(from));
+    text.replace(at, static_cast<size_t>(removed), inserted);
+    styles_.replace(from, removed, static_cast<int64_t>(inserted.size()));
+    Text.Property::operator=(std::move(text));
+}
+
+void EditField::userSelected(int start, int length) {
+    SelStart = start;
+    SelLength = length;
+}
 
 }  // namespace bracken
