@@ -1,0 +1,22 @@
+#pragma once
+
+#include <mysql.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+namespace bracken {
+
+// Why the client library must not be given this host, nothing for an ordinary one: it reads certain
+// characters as connection options, a list of hosts, or a plug-in to load.
+std::optional<std::string> refusalOfHost(const std::string& host);
+
+// What holds for every connection: settings of a handle before it connects. Each step of connecting
+// takes at most `timeout`, rounded up to whole seconds.
+void configure(MYSQL* handle, std::chrono::milliseconds timeout);
+// What holds once it is connected: statements take as long as they take, and a peer that has died
+// is noticed after a minute.
+void settle(MYSQL* handle);
+
+}  // namespace bracken

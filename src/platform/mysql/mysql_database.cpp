@@ -1,0 +1,67 @@
+#include "platform/mysql/mysql_database.h"
+
+#include "framework/text/text.h"
+#include "framework/threads/blocking.h"
+#include "platform/mysql/connect_attempt.h"
+#include "platform/mysql/handle_settings.h"
+#include "platform/mysql/mysql_cursor.h"
+
+namespace bracken {
+
+namespace {
+
+// Their results are short, and whoever reads them turns to the server again in between.
+bool comesWhole(const std::string& statement) {
+    return equal(Left(statement, 5), "show ") || equal(Left(statement, 9), "describe ");
+}
+
+}  // namespace
+
+void MySQLDatabase::prepareLibrary() {
+    mysql_library_init(0, nullptr, nullptr);
+}
+
+MySQLDatabase::MySQLDatabase(std::chrono::milliseconds connectTimeout)
+    : connectTimeout_(connectTimeout) {}
+
+MySQLDatabase::~MySQLDatabase() = default;
+
+void MySQLDatabase::DatabaseName(const std::string& name) {
+    if (connection_ == nullptr) return;
+    blocking([&] { connection_->select(name); }, [&] { connection_->interrupt(); });
+}
+
+bool MySQLDatabase::Connect() {
+    connection_ = nullptr;
+    if (auto refusal = refusalOfHost(Host)) {
+        setOutcome(refusal);
+        return false;
+    }
+    auto attempt = std::make_shared<ConnectAttempt>(Host, UserName, Password, connectTimeout_);
+    blocking([&] { connection_ = attempt->run(); }, [&] { attempt->abandon(); });
+    bool connected = connection_ != nullptr;
+    setOutcome(connected ? std::nullopt : std::optional(attempt->error()));
+    return connected;
+}
+
+Ref<DatabaseCursor> MySQLDatabase::SQLSelect(const std::string& statement) {
+    Connection::Answer answer{"There is no connection to a server.", nullptr};
+    if (connection_ != nullptr) {
+        blocking([&] { answer = connection_->run(statement, comesWhole(statement)); },
+                 [&] { connection_->interrupt(); });
+    }
+    setOutcome(answer.error);
+    if (answer.rows == nullptr) return nullptr;
+    return make<MySQLCursor>(*this, connection_, answer.rows);
+}
+
+void MySQLDatabase::SQLExecute(const std::string& statement) {
+    if (auto unexpectedRows = SQLSelect(statement)) unexpectedRows->Close();
+}
+
+void MySQLDatabase::setOutcome(const std::optional<std::string>& error) {
+    Error = error.has_value();
+    ErrorMessage = error.value_or("");
+}
+
+}  // namespace bracken

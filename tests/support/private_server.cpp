@@ -1,0 +1,117 @@
+#include "tests/support/private_server.h"
+
+#include <netinet/in.h>
+#include <poll.h>
+#include <pwd.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+
+#include "tests/support/child.h"
+
+namespace bracken::test {
+
+namespace {
+
+std::string userName() {
+    const passwd* entry = getpwuid(geteuid());
+    return entry != nullptr ? entry->pw_name : std::to_string(geteuid());
+}
+
+// A port that nobody listens on at this moment.
+int freePort() {
+    int listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    bool bound = bind(listener, generic, size) == 0 && getsockname(listener, generic, &size) == 0;
+    close(listener);
+    if (!bound) throw std::runtime_error("no free port");
+    return ntohs(address.sin_port);
+}
+
+bool answers(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof address.sun_path) throw std::runtime_error("too long: " + path);
+    std::memcpy(address.sun_path, path.c_str(), path.size());
+    int client = socket(AF_UNIX, SOCK_STREAM, 0);
+    bool connected = connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+    close(client);
+    return connected;
+}
+
+}  // namespace
+
+PrivateServer::PrivateServer() : port_(freePort()) {
+    install();
+    start({});
+}
+
+PrivateServer::~PrivateServer() {
+    end(SIGTERM);
+}
+
+void PrivateServer::restart(const std::vector<std::string>& options) {
+    end(SIGTERM);
+    start(options);
+}
+
+void PrivateServer::kill() {
+    end(SIGKILL);
+}
+
+std::string PrivateServer::run(const std::string& statements) const {
+    return outputOf({"mariadb", "--no-defaults", "--user=root", "--socket=" + socket(), "--batch",
+                     "--skip-column-names", "--execute=" + statements});
+}
+
+void PrivateServer::publish() const {
+    setenv("MYSQL_UNIX_PORT", socket().c_str(), 1);
+    setenv("MYSQL_TCP_PORT", std::to_string(port_).c_str(), 1);
+}
+
+void PrivateServer::install() const {
+    outputOf({"mariadb-install-db", "--no-defaults", "--user=" + userName(),
+              "--datadir=" + folder_.path("data"), "--auth-root-authentication-method=normal",
+              "--skip-test-db", "--skip-name-resolve"});
+}
+
+void PrivateServer::start(const std::vector<std::string>& options) {
+    std::vector<std::string> command = {
+        "mariadbd", "--no-defaults", "--user=" + userName(), "--datadir=" + folder_.path("data"),
+        "--socket=" + socket(), "--port=" + std::to_string(port_), "--bind-address=127.0.0.1",
+        "--pid-file=" + folder_.path("pid"), "--log-error=" + folder_.path("log"),
+        // Nothing here has to survive a loss of power.
+        "--skip-name-resolve", "--innodb-flush-log-at-trx-commit=0"};
+    command.insert(command.end(), options.begin(), options.end());
+    process_ = spawn(command, -1);
+    awaitAnswer();
+}
+
+void PrivateServer::end(int signal) {
+    if (process_ == 0) return;
+    ::kill(process_, signal);
+    waitpid(process_, nullptr, 0);
+    process_ = 0;
+}
+
+void PrivateServer::awaitAnswer() {
+    while (!answers(socket())) {
+        if (waitpid(process_, nullptr, WNOHANG) != 0) {
+            process_ = 0;
+            throw std::runtime_error("the server ended: " + folder_.read("log"));
+        }
+        poll(nullptr, 0, 5);
+    }
+}
+
+}  // namespace bracken::test
