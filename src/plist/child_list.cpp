@@ -6,14 +6,14 @@ namespace bracken {
 
 const ChildList::Node* ChildList::Walk::next() {
     if (slot_ == none) return nullptr;
-    const Slot& slot = list_.slots_[slot_];
+    const Slot& slot = list_->slots_[slot_];
     slot_ = slot.next;
     return &slot.node;
 }
 
 ChildList::Walk ChildList::all(std::string_view name) const {
     const Chain* chain = chains_.find(name);
-    return Walk(*this, chain == nullptr ? none : chain->first);
+    return {*this, chain == nullptr ? none : chain->first};
 }
 
 void ChildList::append(std::string_view name, Node node) {

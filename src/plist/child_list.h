@@ -17,20 +17,24 @@ class plistDict;
 // never used: children stand at positions 1 to the upper bound. Names may occur more than once.
 // Look-up by name or position and removal take near-constant time.
 class ChildList {
+    static constexpr uint32_t none = UINT32_MAX;
+
   public:
     using Node = std::shared_ptr<plistDict>;
 
     // Walks the children of one name in order of their positions.
     class Walk {
       public:
+        // A walk that has ended.
+        Walk() = default;
         // Null at the end.
         const Node* next();
 
       private:
         friend class ChildList;
-        Walk(const ChildList& list, uint32_t slot) : list_(list), slot_(slot) {}
-        const ChildList& list_;
-        uint32_t slot_;
+        Walk(const ChildList& list, uint32_t slot) : list_(&list), slot_(slot) {}
+        const ChildList* list_ = nullptr;
+        uint32_t slot_ = none;
     };
 
     int upperBound() const { return static_cast<int>(slots_.size() - dead_); }
@@ -51,8 +55,6 @@ class ChildList {
     void drainInto(std::vector<Node>& nodes);
 
   private:
-    static constexpr uint32_t none = UINT32_MAX;
-
     // Children of one name form a chain in order.
     struct Slot {
         std::string name;

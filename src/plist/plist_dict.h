@@ -60,8 +60,8 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
                       const std::weak_ptr<plistDict>& parentNode, plist* document, bool populate);
     // The text less its leading control characters. Never returns for a text of nothing else.
     virtual std::string StripAll(std::string text);
-    // The first child of that name; made as a dictionary if there is none. StackOverflowException if
-    // the key is there but no child.
+    // The first child of that name; made as a dictionary if there is none. StackOverflowException
+    // if the key is there but no child.
     virtual Ref<plistDict> child(std::string_view key);
     virtual std::string GetValue(std::string_view key, const std::string& missing);
     // KeyNotFoundException for a missing key.
@@ -70,7 +70,7 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
     virtual Ref<plistDict> index(int32_t i) const;
     // Writes the node's keys, values and children, each line behind `level` tabs.
     // KeyNotFoundException for a scalar key with no value.
-    virtual void Write(TextOutputStream& stream, int32_t level) const;
+    virtual void Write(const Ref<TextOutputStream>& stream, int32_t level) const;
     virtual std::string GetString(std::string_view key, const std::string& missing);
     // False, with an error, for a container; KeyNotFoundException for a missing key.
     virtual bool TypeOK(std::string_view key);
