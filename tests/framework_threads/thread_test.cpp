@@ -1,0 +1,207 @@
+#include "framework/threads/thread.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "framework/dialogs/dialogs.h"
+#include "framework/exception.h"
+#include "framework/threads/main_calls.h"
+#include "framework/threads/without_baton.h"
+#include "support/fake_platform.h"
+
+namespace bracken {
+namespace {
+
+class Body : public Thread {
+  public:
+    explicit Body(std::function<void()> body) : body_(std::move(body)) {}
+
+  protected:
+    void Event_Run() override { body_(); }
+
+  private:
+    std::function<void()> body_;
+};
+
+Ref<Body> body(std::function<void()> work) { return make<Body>(std::move(work)); }
+
+class ThreadTest : public testing::Test {
+  protected:
+    test::FakePlatform platform;
+};
+
+TEST_F(ThreadTest, RunLetsTheStatementsAfterItComeFirst) {
+    std::string order;
+    auto thread = body([&] { order += "run"; });
+    thread->Run();
+    order += "caller ";
+    test::runUntil([&] { return !thread->running(); });
+    EXPECT_EQ(order, "caller run");
+}
+
+TEST_F(ThreadTest, SecondRunRaisesWhileTheFirstIsAlive) {
+    bool stop = false;
+    auto thread = body([&] {
+        while (!stop) Thread::Yield();
+    });
+    thread->Run();
+    EXPECT_THROW(thread->Run(), ThreadAlreadyRunningException);
+    stop = true;
+    test::runUntil([&] { return !thread->running(); });
+    thread->Run();
+    test::runUntil([&] { return !thread->running(); });
+}
+
+// Two numbers that a run changes together must never be seen apart, wherever the main thread cuts in,
+// and after Kill they must stand still, also while the killed run unwinds beside a new one.
+TEST_F(ThreadTest, KillFallsAtStoppingPointsOnly) {
+    std::mt19937 random(20260101);
+    int first = 0;
+    int second = 0;
+    auto thread = body([&] {
+        while (true) {
+            first++;
+            second++;
+            Thread::Yield();
+            if (first % 3 == 0) withoutBaton([] { std::this_thread::yield(); });
+        }
+    });
+    for (int kills = 0; kills < 3000; kills++) {
+        thread->Run();
+        for (unsigned turns = random() % 8; turns > 0; turns--) Thread::Yield();
+        ASSERT_EQ(first, second);
+        thread->Kill();
+        ASSERT_FALSE(thread->running());
+        int atKill = first;
+        for (unsigned turns = random() % 4; turns > 0; turns--) Thread::Yield();
+        ASSERT_EQ(first, atKill);
+        ASSERT_EQ(second, atKill);
+    }
+    EXPECT_GT(first, 100);
+}
+
+TEST_F(ThreadTest, KilledDuringABlockingCallItTouchesNothingMore) {
+    std::atomic<bool> blocked{false};
+    std::atomic<bool> release{false};
+    bool touched = false;
+    auto thread = body([&] {
+        withoutBaton([&] {
+            blocked = true;
+            while (!release) std::this_thread::yield();
+        });
+        touched = true;
+    });
+    thread->Run();
+    test::runUntil([&] { return blocked.load(); });
+    thread->Kill();
+    thread->Kill();
+    release = true;
+    auto next = body([] {});
+    next->Run();
+    test::runUntil([&] { return !next->running(); });
+    Thread::killAll();
+    {
+        Unheld unheld;
+        Thread::joinAll();
+    }
+    EXPECT_FALSE(touched);
+}
+
+TEST_F(ThreadTest, ARunningThreadKeepsItselfAlive) {
+    bool ended = false;
+    bool stop = false;
+    body([&] {
+        while (!stop) Thread::Yield();
+        ended = true;
+    })->Run();
+    for (int turn = 0; turn < 10; turn++) Thread::Yield();
+    stop = true;
+    test::runUntil([&] { return ended; });
+}
+
+TEST_F(ThreadTest, ABoxOfARunIsAnsweredOnTheMainThreadAndTheRunComesNext) {
+    std::string order;
+    platform.expectBox("Finished");
+    platform.whileBoxIsOpen = [&] {
+        EXPECT_TRUE(isMainThread());
+        EXPECT_FALSE(baton::held());
+    };
+    auto thread = body([&] {
+        MsgBox("Finished");
+        order += "answered ";
+        Beep();
+        order += "beeped ";
+    });
+    thread->Run();
+    test::runUntil([&] { return !order.empty(); });
+    order += "next event";
+    EXPECT_EQ(order, "answered beeped next event");
+    EXPECT_FALSE(thread->running());
+    EXPECT_EQ(platform.beeps, 1);
+}
+
+TEST_F(ThreadTest, KillClosesTheBoxOfTheRun) {
+    bool touched = false;
+    platform.expectBoxLeftOpen("Finished");
+    auto thread = body([&] {
+        MsgBox("Finished");
+        touched = true;
+    });
+    platform.whileBoxIsOpen = [&] {
+        baton::Hold hold;
+        thread->Kill();
+    };
+    thread->Run();
+    test::runUntil([&] { return platform.boxCodes.size() == 1; });
+    EXPECT_FALSE(touched);
+}
+
+TEST_F(ThreadTest, KillReleasesARunWhoseBoxHasNotComeUpYet) {
+    bool asking = false;
+    bool unwound = false;
+    struct Mark {
+        bool& flag;
+        ~Mark() { flag = true; }
+    };
+    auto thread = body([&] {
+        Mark mark{unwound};
+        asking = true;
+        MsgBox("never shown");
+    });
+    thread->Run();
+    while (!asking) {
+        Unheld unheld;
+        std::this_thread::yield();
+    }
+    thread->Kill();
+    EXPECT_TRUE(unwound);
+}
+
+TEST_F(ThreadTest, AnUncaughtExceptionIsReportedAndEndsTheProcess) {
+    platform.expectBox(
+        "The application has to end: an error occurred that nothing handles.\n\n"
+        "NilObjectException: /src/a.php: Permission denied");
+    auto thread = body([] { Ref<int>::nilBecause("/src/a.php: Permission denied").operator*(); });
+    thread->Run();
+    test::runUntil([&] { return platform.abortStatus >= 0; });
+    EXPECT_EQ(platform.abortStatus, 1);
+}
+
+TEST_F(ThreadTest, TheBatonIsReentrant) {
+    ASSERT_TRUE(baton::held());
+    baton::take();
+    {
+        Unheld unheld;
+        EXPECT_FALSE(baton::held());
+    }
+    baton::give();
+    EXPECT_TRUE(baton::held());
+}
+
+}  // namespace
+}  // namespace bracken

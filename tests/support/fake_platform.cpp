@@ -1,0 +1,74 @@
+#include "support/fake_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "framework/controls/windows.h"
+#include "framework/threads/main_calls.h"
+#include "framework/threads/thread.h"
+#include "framework/threads/without_baton.h"
+
+namespace bracken::test {
+
+FakePlatform::FakePlatform() {
+    install(this);
+    Windows::open().reset();
+}
+
+FakePlatform::~FakePlatform() {
+    Thread::killAll();
+    {
+        Unheld unheld;
+        Thread::joinAll();
+    }
+    Windows::open().reset();
+    install(nullptr);
+    for (auto& box : boxes_) ADD_FAILURE() << "never shown: " << box.text;
+    EXPECT_TRUE(folders_.empty()) << "a folder was never asked for";
+}
+
+void FakePlatform::expectBox(const std::string& text, int answer) {
+    boxes_.push_back({text, answer, false});
+}
+
+void FakePlatform::expectBoxLeftOpen(const std::string& text) {
+    boxes_.push_back({text, BoxCode::okPressed, true});
+}
+
+void FakePlatform::expectFolder(const std::string& path) { folders_.push_back(path); }
+
+int FakePlatform::messageBox(const std::string& text, int code, const std::string& /*title*/) {
+    boxCodes.push_back(code);
+    if (boxes_.empty()) {
+        ADD_FAILURE() << "unexpected box: " << text;
+        return BoxCode::okPressed;
+    }
+    Box box = boxes_.front();
+    boxes_.pop_front();
+    EXPECT_EQ(text, box.text);
+    boxClosed_ = false;
+    if (whileBoxIsOpen) whileBoxIsOpen();
+    while (box.leftOpen && !boxClosed_) std::this_thread::yield();
+    return box.answer;
+}
+
+std::string FakePlatform::selectFolder() {
+    if (folders_.empty()) {
+        ADD_FAILURE() << "unexpected folder dialog";
+        return "";
+    }
+    std::string path = folders_.front();
+    folders_.pop_front();
+    return path;
+}
+
+void runUntil(const std::function<bool()>& condition) {
+    while (!condition()) {
+        MainCalls::instance().run();
+        Unheld unheld;
+        std::this_thread::yield();
+    }
+}
+
+}  // namespace bracken::test

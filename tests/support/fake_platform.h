@@ -1,0 +1,68 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "framework/dialogs/platform.h"
+
+namespace bracken::test {
+
+// A desktop whose user answers by a list made in advance. A question that nobody expected fails the
+// test, and so does an expected one that was never asked. Installs itself.
+class FakePlatform : public Platform {
+  public:
+    FakePlatform();
+    ~FakePlatform() override;
+
+    // The next box must show this text; it is answered with `answer`.
+    void expectBox(const std::string& text, int answer = BoxCode::okPressed);
+    // The next box stays open until it is closed by the program.
+    void expectBoxLeftOpen(const std::string& text);
+    // The next folder dialog gives this path, "" for cancelled.
+    void expectFolder(const std::string& path);
+
+    int messageBox(const std::string& text, int code, const std::string& title) override;
+    std::string selectFolder() override;
+    void closeMessageBox() override { boxClosed_ = true; }
+    void beep() override { beeps++; }
+    ScreenRect screen() override { return {0, 0, 1920, 1080}; }
+    bool offersEdit(const std::string& menuItemName) override { return menuItemName == offered; }
+    void performEdit(const std::string& menuItemName) override { performed.push_back(menuItemName); }
+    void exitLoop(int status) override { exitStatus = status; }
+    void bringToFront(Window& /*window*/) override {}
+    void modelChanged() override { frames++; }
+    void abort(int status) override { abortStatus = status; }
+    void wake() override {}
+    bool hasEventLoop() override { return false; }
+    bool pumpUntil(const std::atomic<bool>& /*done*/) override { return true; }
+
+    int beeps = 0;
+    int frames = 0;
+    // -1: not called.
+    int exitStatus = -1;
+    int abortStatus = -1;
+    std::string offered;
+    std::vector<std::string> performed;
+    // Called while a box is on the screen.
+    std::function<void()> whileBoxIsOpen;
+    // What the boxes asked, in order.
+    std::vector<int> boxCodes;
+
+  private:
+    struct Box {
+        std::string text;
+        int answer;
+        bool leftOpen;
+    };
+    std::deque<Box> boxes_;
+    std::deque<std::string> folders_;
+    std::atomic<bool> boxClosed_{false};
+};
+
+// Lets runs go on and carries out their calls to this thread, which must be the main one holding the
+// baton, until the condition holds.
+void runUntil(const std::function<bool()>& condition);
+
+}  // namespace bracken::test
