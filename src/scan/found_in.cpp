@@ -1,0 +1,14 @@
+#include "scan/found_in.h"
+
+#include "framework/text/text.h"
+
+namespace bracken {
+
+void enterFile(Listbox& list, int row, const std::string& name, const std::string& path) {
+    if (equal(list.cellText(row, 1), notFoundYet)) list.Cell(row, 1) = "";
+    if (InStr(0, list.cellText(row, 1), name) != 0) return;
+    list.appendToCell(row, 1, name + ",");
+    list.appendToCell(row, 2, path + ",");
+}
+
+}  // namespace bracken

@@ -1,0 +1,22 @@
+#include "app/app.h"
+#include "login/win_login.h"
+#include "platform/mysql/mysql_database.h"
+#include "platform/qt/qt_platform.h"
+
+namespace {
+
+// The connection object of the process.
+bracken::Ref<bracken::Database> makeDatabase() {
+    return bracken::make<bracken::MySQLDatabase>();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    bracken::App app(makeDatabase);
+    return bracken::runApplication(argc, argv, [&app] {
+        app.addMenuHandler("Preferences", [&app] { return app._Preferences_Action(); });
+        app.Event_Open();
+        bracken::winLogin();
+    });
+}
