@@ -1,0 +1,83 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "scan/group_filter.h"
+
+namespace bracken {
+
+// Finds which of a set of names lie inside a text, all in one pass: exactly those for which InStr
+// gives a position. Immutable once made, so any number of threads may search with it at a time.
+//
+// Each name of three bytes or more is represented by a group of four of its bytes (three for a name
+// of three), chosen where it is rare; the filter passes over the text 32 positions at a time and
+// stops where such a group may begin, and only there names are compared. Names of one and two bytes
+// are looked up in a pass of their own.
+class Matcher {
+  public:
+    // Names count from 0 in this order. Equal names but for letter case may be there more than
+    // once; an empty name is never found.
+    explicit Matcher(const std::vector<std::string>& names);
+
+    size_t nameCount() const { return names_.size(); }
+    // Bytes of the longest name.
+    size_t longestName() const { return longest_; }
+
+    // The names found in one text. Reused from text to text.
+    class Hits {
+      public:
+        // For the next text.
+        void clear(size_t nameCount);
+        bool has(uint32_t name) const { return seen_[name] != 0; }
+        void add(uint32_t name);
+        // In the order of finding.
+        const std::vector<uint32_t>& names() const { return names_; }
+
+      private:
+        std::vector<uint8_t> seen_;
+        std::vector<uint32_t> names_;
+    };
+
+    // Adds the names inside `text` to `hits`. A text may be given in pieces that overlap by one
+    // byte less than the longest name.
+    void search(std::string_view text, Hits& hits) const;
+
+  private:
+    // A name whose group lies `offset` bytes behind its start: the classes of the bytes from the
+    // group on, eight at most, and which of the eight there are.
+    struct Candidate {
+        uint64_t start;
+        uint64_t mask;
+        uint32_t name;
+        uint32_t offset;
+    };
+
+    void addGrouped(const std::vector<uint32_t>& grouped);
+    void sortCandidates(std::vector<Candidate>& candidates);
+    void searchShort(std::string_view text, Hits& hits) const;
+    void verify(std::string_view text, size_t at, Hits& hits) const;
+    void compare(std::string_view text, size_t at, uint64_t start, uint32_t hash, Hits& hits) const;
+
+    // In lower case.
+    std::vector<std::string> names_;
+    size_t longest_ = 0;
+    GroupFilter filter_;
+    // One bit for each hash of a group.
+    std::array<uint64_t, (1U << 16) / 64> present_{};
+    // Candidates by the hash of their group; those of bucket b stand from starts_[b] to
+    // starts_[b + 1].
+    std::vector<uint32_t> starts_;
+    std::vector<Candidate> candidates_;
+    bool anyOfThree_ = false;
+    bool anyOfFour_ = false;
+    // Names of one and of two bytes.
+    std::vector<uint32_t> ones_;
+    std::vector<uint32_t> twos_;
+};
+
+}  // namespace bracken
