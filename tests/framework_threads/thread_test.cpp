@@ -12,7 +12,7 @@
 #include "framework/exception.h"
 #include "framework/threads/main_calls.h"
 #include "framework/threads/without_baton.h"
-#include "support/fake_platform.h"
+#include "tests/support/fake_platform.h"
 
 namespace bracken {
 namespace {

@@ -1,4 +1,4 @@
-#include "support/fake_platform.h"
+#include "tests/support/fake_platform.h"
 
 #include <gtest/gtest.h>
 

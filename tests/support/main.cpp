@@ -3,10 +3,12 @@
 
 #include <cstdlib>
 
+#include "framework/threads/baton.h"
 #include "tests/support/temp_folder.h"
 
 // Every test program lives in a home of its own: neither the user's settings nor another program's
-// ever meet a test.
+// ever meet a test. Tests run as an event of the program does,
+// on the main thread, holding the baton.
 namespace {
 
 void setPlace(const char* variable, const std::string& path) {
@@ -24,5 +26,6 @@ int main(int argc, char** argv) {
     setPlace("XDG_DATA_HOME", home.makeFolder("data"));
     setPlace("XDG_RUNTIME_DIR", home.makeFolder("run"));
     setPlace("XDG_CACHE_HOME", home.makeFolder("cache"));
+    const bracken::baton::Hold hold;
     return RUN_ALL_TESTS();
 }
