@@ -1,0 +1,4 @@
+import db
+
+for (name,) in db.run("select name from carriers"):
+    print("asking", name)

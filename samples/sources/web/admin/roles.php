@@ -1,0 +1,2 @@
+<?php
+$admins = query("select user_id from user_roles where role = 'admin'");

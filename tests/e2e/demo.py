@@ -1,0 +1,111 @@
+#!/usr/bin/env python3
+"""Shows the program at work on a private server; see scripts/demo for its use."""
+
+import argparse
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+
+import desktop as desktops
+import inputs
+import program as programs
+import server as servers
+
+BINARY = inputs.ROOT / "build/release/bin/bracken-lens"
+
+
+def by_hand(chosen, home, server):
+    """Opens the program on the user's own display and waits until it is closed."""
+    print(f'\nThe login is filled in. Press Connect, choose "{chosen.database}" and press Go!\n'
+          "The server stops when you close the program.")
+    environment = home.environment(os.environ, server.socket)
+    # The display is the user's, so its sockets are found where they are.
+    environment["XDG_RUNTIME_DIR"] = os.environ.get("XDG_RUNTIME_DIR", environment["XDG_RUNTIME_DIR"])
+    return subprocess.run([str(BINARY)], env=environment).returncode
+
+
+def headless(chosen, home, server, pictures):
+    """Presses the real buttons and compares the list; gives the process's status."""
+    wanted = chosen.rows(server.tables(chosen.database))
+    with desktops.Desktop() as desktop, \
+            programs.Program(BINARY, desktop, home, server.socket) as program:
+        shown = run(program, desktop, chosen, pictures)
+    print_table(shown)
+    differences = compare(shown, wanted)
+    print("\n".join(differences), end="\n" if differences else "")
+    print(f"Screenshots: {pictures}")
+    print("The list is exactly what it must be." if not differences else "The list is wrong.")
+    return 1 if differences else 0
+
+
+def run(program, desktop, chosen, pictures):
+    login = programs.LoginWindow(program)
+    desktop.picture(pictures / "1-login.png", login.window)
+    login.connect("database")
+    desktop.picture(pictures / "2-database.png", login.window)
+    login.choose(chosen.database)
+    desktop.picture(pictures / "3-folder.png", login.window)
+    login.go()
+    results = programs.ResultsWindow(program)
+    desktop.picture(pictures / "4-running.png")
+    program.box()
+    desktop.picture(pictures / "5-finished.png")
+    program.answer_box()
+    rows = results.rows()
+    desktop.picture(pictures / "6-results.png", results.window)
+    return rows
+
+
+def compare(shown, wanted):
+    """One line for each row that is not as it must be, both columns compared."""
+    lines = [f"{len(shown)} rows shown, {len(wanted)} wanted"] if len(shown) != len(wanted) else []
+    for number, (have, want) in enumerate(zip(shown, wanted)):
+        if list(have) != list(want):
+            lines.append(f"row {number}: shown {have}, wanted {list(want)}")
+    return lines
+
+
+def print_table(rows):
+    texts = [[cell.decode(errors="replace") for cell in row] for row in rows]
+    width = max((len(row[0]) for row in texts), default=0)
+    print(f"\n{'Table':<{width}}  Found In")
+    for row in texts:
+        found = row[1] if len(row[1]) < 100 else row[1][:97] + "..."
+        print(f"{row[0]:<{width}}  {found}")
+    print()
+
+
+def arguments():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--headless", action="store_true")
+    parser.add_argument("--on", choices=inputs.CHOICES, default="sample")
+    given = parser.parse_args()
+    given.headless |= not (os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY"))
+    return given
+
+
+def main():
+    # So that a kill, like Ctrl+C, leaves by way of the `with` blocks.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+    given = arguments()
+    chosen = inputs.CHOICES[given.on]()
+    pictures = inputs.ROOT / "build" / "demo" / given.on
+    pictures.mkdir(parents=True, exist_ok=True)
+    with tempfile.TemporaryDirectory(prefix="lens-home-") as folder, servers.Server() as server:
+        print(f"Loading {chosen.database} into a private server", flush=True)
+        server.load(chosen.database, chosen.script)
+        home = programs.Home(folder)
+        home.remember(programs.settings_text(chosen.sources, chosen.extensions))
+        if given.headless:
+            return headless(chosen, home, server, pathlib.Path(pictures))
+        return by_hand(chosen, home, server)
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except KeyboardInterrupt:
+        sys.exit(130)

@@ -1,0 +1,190 @@
+"""The program under test on a desktop: started with a home of its own and driven like a user."""
+
+import os
+import pathlib
+import subprocess
+from xml.sax.saxutils import escape
+
+import server as servers
+from waiting import wait_for
+
+SETTINGS = "com.tallowmere.brackenlens.plist"
+
+# Size of the windows' content, and points in it, in pixels.
+LOGIN_WIDTH = 358
+LOGIN_HEIGHTS = {"login": 185, "database": 225, "folder": 400}
+CONNECT = (271, 163)
+DATABASES = (170, 205)
+GO = (288, 372)
+RESULTS_SIZE = (715, 433)
+STOP = (64, 62)
+LIST = (15, 84)
+
+
+def settings_text(folder, extensions, database=""):
+    """A settings file that remembers login and folder."""
+    strings = {"host": "localhost", "user": servers.USER, "password": servers.PASSWORD,
+               "current folder": str(folder), "extensions": extensions}
+    if database:
+        strings["database"] = database
+    lines = ['<?xml version="1.0" encoding="UTF-8"?>',
+             '<!DOCTYPE plist PUBLIC "-//Apple Computer//DTD PLIST 1.0//EN" '
+             '"http://www.apple.com/DTDs/PropertyList-1.0.dtd">',
+             '<plist version="1.0">', "<dict>", "\t<key>remember</key>", "\t<true/>"]
+    for key, value in strings.items():
+        lines += [f"\t<key>{key}</key>", f"\t<string>{escape(value)}</string>"]
+    return "\n".join(lines + ["</dict>", "</plist>", ""])
+
+
+class Home:
+    """A folder that stands for a user's home; the real one is never touched."""
+
+    def __init__(self, folder):
+        self.folder = pathlib.Path(folder)
+        self.places = {"HOME": "", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
+                       "XDG_CACHE_HOME": "cache", "XDG_RUNTIME_DIR": "run"}
+        for place in self.places.values():
+            (self.folder / place).mkdir(mode=0o700, parents=True, exist_ok=True)
+
+    @property
+    def settings(self):
+        return self.folder / "config" / SETTINGS
+
+    def remember(self, text):
+        self.settings.write_text(text)
+        self.settings.chmod(0o600)
+
+    def environment(self, base, socket):
+        # The client library itself reads where the server listens.
+        paths = {name: str(self.folder / place) for name, place in self.places.items()}
+        return {**base, **paths, "MYSQL_UNIX_PORT": str(socket)}
+
+
+class Program:
+    """Runs within a `with` block; ended with it."""
+
+    def __init__(self, binary, desktop, home, socket):
+        self.binary = binary
+        self.desktop = desktop
+        self.environment = home.environment(desktop.environment, socket)
+        self.process = None
+
+    def __enter__(self):
+        self.process = subprocess.Popen([str(self.binary)], env=self.environment,
+                                        start_new_session=True)
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.terminate()
+        self.process.wait()
+
+    def find(self, wanted):
+        """The window for which `wanted(window)` holds; raises if the program has ended meanwhile."""
+        if self.process.poll() is not None:
+            raise RuntimeError(f"the program ended with status {self.process.returncode}")
+        return next((window for window in self.desktop.windows() if wanted(window)), None)
+
+    def window(self, title):
+        return wait_for(lambda: self.find(lambda w: self.desktop.title(w) == title),
+                        f'a window named "{title}"')
+
+    def box(self):
+        """A window beside Login and Results."""
+        titles = ("Login", "Results", "Preferences")
+        return wait_for(lambda: self.find(lambda w: self.desktop.title(w) not in titles),
+                        "a message", seconds=600)
+
+    def answer_box(self):
+        box = self.box()
+        self.desktop.activate(box)
+        self.desktop.keys("Return")
+        wait_for(lambda: box not in self.desktop.windows(), "the message to go")
+
+    def menu_height(self, window, content_height):
+        return self.desktop.frame(window)[3] - content_height
+
+    def click(self, window, point, menu):
+        """Presses at a point of the content below a menu bar of height `menu`."""
+        left, top, _, _ = self.desktop.frame(window)
+        self.desktop.click(left + point[0], top + menu + point[1])
+
+
+class LoginWindow:
+    """From its coming up to Go!."""
+
+    def __init__(self, program):
+        self.program = program
+        self.window = program.window("Login")
+        self.menu = wait_for(self._measured, "the login window's size") - 1
+
+    def _measured(self):
+        # One more than the menu's height, so that a window with none is measured too.
+        frame = self.program.desktop.frame(self.window)
+        menu = frame[3] - LOGIN_HEIGHTS["login"] if frame and frame[2] == LOGIN_WIDTH else -1
+        return menu + 1 if 0 <= menu < 40 else 0
+
+    def stage(self):
+        frame = self.program.desktop.frame(self.window)
+        height = frame[3] - self.menu if frame else 0
+        return next((name for name, value in LOGIN_HEIGHTS.items() if value == height), "")
+
+    def reach(self, stage, act):
+        """Acts and waits until the window has the size of that stage."""
+        act()
+        wait_for(lambda: self.stage() == stage, f"the login window to show its {stage}")
+
+    def press(self, point):
+        self.program.click(self.window, point, self.menu)
+
+    def connect(self, stage):
+        self.program.desktop.activate(self.window)
+        self.reach(stage, lambda: self.press(CONNECT))
+
+    def choose(self, database):
+        self.reach("folder", lambda: self._pick(database))
+
+    def _pick(self, database):
+        before = self.program.desktop.active()
+        self.press(DATABASES)
+        self.program.desktop.type(database)
+        self.program.desktop.keys("Return")
+        return before
+
+    def go(self):
+        self.press(GO)
+
+
+class ResultsWindow:
+    """The list, read as a user can: row by row through the clipboard."""
+
+    def __init__(self, program):
+        self.program = program
+        self.desktop = program.desktop
+        self.window = program.window("Results")
+        self.menu = wait_for(self._measured, "the results window's size") - 1
+
+    def _measured(self):
+        frame = self.desktop.frame(self.window)
+        menu = frame[3] - RESULTS_SIZE[1] if frame and frame[2] == RESULTS_SIZE[0] else -1
+        return menu + 1 if 0 <= menu < 40 else 0
+
+    def rows(self):
+        """All rows as copied: lists of cells, as bytes."""
+        self.desktop.activate(self.window)
+        self.program.click(self.window, (LIST[0] + 60, LIST[1] + 40), self.menu)
+        self.desktop.keys("Home")
+        rows = [self._copied()]
+        while True:
+            self.desktop.keys("Down")
+            row = self._copied()
+            if row == rows[-1]:
+                return [text.rstrip(b"\n").split(b"\t") for text in rows]
+            rows.append(row)
+
+    def _copied(self):
+        marker = b"nothing copied yet"
+        self.desktop.set_clipboard(marker)
+        self.desktop.keys("ctrl+c")
+        wait_for(lambda: self.desktop.clipboard() not in (marker, b""), "a row on the clipboard", 10)
+        return self.desktop.clipboard()
