@@ -1,0 +1,47 @@
+#include "platform/qt/accessible_name.h"
+
+#include <cstdlib>
+
+#include "framework/controls/static_text.h"
+#include "framework/controls/window.h"
+#include "platform/qt/qt_text.h"
+
+namespace bracken {
+
+namespace {
+
+// Pixels between a label and the control that it names, at most.
+constexpr int beside = 40;
+constexpr int above = 12;
+
+bool isBeside(const RectControl& label, const RectControl& control) {
+    int gap = control.Left - (label.Left + label.Width);
+    return std::abs(label.Top - control.Top) < control.Height && gap > -label.Width / 2 &&
+           gap <= beside;
+}
+
+bool isAbove(const RectControl& label, const RectControl& control) {
+    int gap = control.Top - (label.Top + label.Height);
+    bool overlap =
+        label.Left < control.Left + control.Width && control.Left < label.Left + label.Width;
+    return overlap && std::abs(gap) <= above && label.Top < control.Top;
+}
+
+template <class Fits>
+const StaticText* findLabel(const RectControl& control, Fits fits) {
+    for (Control* candidate : control.window().controls()) {
+        auto* label = dynamic_cast<StaticText*>(candidate);
+        if (label != nullptr && fits(*label, control)) return label;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+QString accessibleNameOf(const RectControl& control) {
+    const StaticText* label = findLabel(control, isBeside);
+    if (label == nullptr) label = findLabel(control, isAbove);
+    return shown(label != nullptr ? label->Caption.get() : control.window().Title.get());
+}
+
+}  // namespace bracken

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+#include "framework/controls/control.h"
+
+namespace bracken {
+
+// The name for screen readers of a control that has no caption: that of the label beside it, else
+// of the one right above it, else the window's title. Holding the baton.
+QString accessibleNameOf(const RectControl& control);
+
+}  // namespace bracken

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QCheckBox>
+
+#include "framework/controls/check_box.h"
+#include "platform/qt/control_view.h"
+
+namespace bracken {
+
+// A box with a caption.
+class CheckBoxView : public QCheckBox, public ControlView {
+  public:
+    CheckBoxView(CheckBox& model, QWidget* parent);
+
+  protected:
+    void sync() override;
+
+  private:
+    CheckBox& model_;
+};
+
+}  // namespace bracken

@@ -1,0 +1,39 @@
+#include "platform/qt/fitted_font.h"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QFontMetrics>
+
+namespace bracken {
+
+namespace {
+
+// Pixels of a line in a control 20 pixels high.
+constexpr int lineHeight = 17;
+constexpr int smallestFont = 8;
+
+int pixelSize(const QFont& font) {
+    return font.pixelSize() > 0 ? font.pixelSize() : QFontInfo(font).pixelSize();
+}
+
+}  // namespace
+
+QFont layoutFont() {
+    QFont font = QApplication::font();
+    font.setPixelSize(pixelSize(font));
+    while (QFontMetrics(font).height() > lineHeight && font.pixelSize() > smallestFont)
+        font.setPixelSize(font.pixelSize() - 1);
+    return font;
+}
+
+QFont fittedFont(const QFont& font, const QString& text, int width) {
+    QFont fitted = font;
+    int least = pixelSize(font) * 3 / 4;
+    for (int size = pixelSize(font); size >= least; size--) {
+        fitted.setPixelSize(size);
+        if (QFontMetrics(fitted).horizontalAdvance(text) <= width) return fitted;
+    }
+    return font;
+}
+
+}  // namespace bracken

@@ -1,0 +1,136 @@
+#include "platform/qt/listbox_view.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QScopedValueRollback>
+#include <QToolTip>
+
+#include "framework/controls/event.h"
+
+namespace bracken {
+
+namespace {
+
+// Pixels of a row above and below its text together.
+constexpr int rowPadding = 4;
+// Pixels of a cell beside its text together.
+constexpr int cellPadding = 8;
+
+}  // namespace
+
+ListboxView::ListboxView(Listbox& model, QWidget* parent)
+    : QTableView(parent), ControlView(model, *this), model_(model), rows_(model, nullptr) {
+    setModel(&rows_);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setCornerButtonEnabled(false);
+    setVerticalScrollBarPolicy(model.ScrollBarVertical ? Qt::ScrollBarAsNeeded
+                                                       : Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(model.ScrollbarHorizontal ? Qt::ScrollBarAsNeeded
+                                                           : Qt::ScrollBarAlwaysOff);
+    setUpHeaders();
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ListboxView::userSelected);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
+            &ListboxView::userClickedHeading);
+}
+
+void ListboxView::setUpHeaders() {
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setMinimumSectionSize(1);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setHighlightSections(false);
+}
+
+void ListboxView::sync() {
+    QScopedValueRollback<bool> guard(syncing_, true);
+    int rowHeight = fontMetrics().height() + rowPadding;
+    if (verticalHeader()->defaultSectionSize() != rowHeight)
+        verticalHeader()->setDefaultSectionSize(rowHeight);
+    rows_.takeOver();
+    syncHeading();
+    syncColumns();
+    syncSelection();
+    viewport()->update();
+}
+
+void ListboxView::syncHeading() {
+    QHeaderView& heading = *horizontalHeader();
+    heading.setVisible(model_.HasHeading);
+    heading.setSortIndicatorShown(sortedByUser_ && model_.HeadingIndex >= 0);
+    if (heading.isSortIndicatorShown())
+        heading.setSortIndicator(model_.HeadingIndex, model_.sortedDescending()
+                                                          ? Qt::DescendingOrder
+                                                          : Qt::AscendingOrder);
+}
+
+void ListboxView::syncColumns() {
+    std::vector<int> widths = model_.columnPixels(viewport()->width());
+    for (int column = 0; column < rows_.columnCount(); column++) {
+        int width =
+            column < static_cast<int>(widths.size()) ? widths[static_cast<size_t>(column)] : 0;
+        setColumnHidden(column, width <= 0);
+        if (width > 0 && columnWidth(column) != width) setColumnWidth(column, width);
+    }
+}
+
+int ListboxView::selectedRow() const {
+    const QItemSelection selection = selectionModel()->selection();
+    return selection.isEmpty() ? -1 : selection.first().top();
+}
+
+void ListboxView::syncSelection() {
+    int row = model_.ListIndex;
+    if (row == selectedRow()) return;
+    // The user's place in the list stays when a row is selected by the program.
+    setAutoScroll(false);
+    if (row < 0)
+        selectionModel()->clear();
+    else
+        selectionModel()->setCurrentIndex(
+            rows_.index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    setAutoScroll(true);
+}
+
+void ListboxView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    syncColumns();
+}
+
+void ListboxView::userSelected() {
+    if (syncing_) return;
+    handleEvent([this] { model_.userSelected(selectedRow()); });
+}
+
+void ListboxView::userClickedHeading(int column) {
+    handleEvent([this, column] {
+        model_.userClickedHeading(column);
+        sortedByUser_ = sortedByUser_ || model_.HeadingIndex == column;
+    });
+}
+
+bool ListboxView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+    showTip(static_cast<QHelpEvent*>(event)->pos());
+    return true;
+}
+
+void ListboxView::showTip(const QPoint& at) {
+    QModelIndex index = indexAt(at);
+    QString text = rows_.data(index, Qt::DisplayRole).toString();
+    if (fontMetrics().horizontalAdvance(text) + cellPadding <= visualRect(index).width())
+        text.clear();
+    // As rich text the tip wraps; escaped, no cell can act as markup.
+    if (!text.isEmpty()) text = QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+    QToolTip::showText(viewport()->mapToGlobal(at), text, viewport(), visualRect(index));
+}
+
+}  // namespace bracken

@@ -1,0 +1,68 @@
+#include "platform/qt/message_box.h"
+
+#include <QApplication>
+#include <QStringList>
+
+#include "framework/dialogs/platform.h"
+#include "platform/qt/qt_text.h"
+
+namespace bracken {
+
+namespace {
+
+// UTF-16 units and lines that the box itself shows; a longer text goes to its details, which
+// scroll.
+constexpr int shownLimit = 1200;
+constexpr int linesLimit = 20;
+// Bytes of a text that are looked at for the details.
+constexpr size_t detailsLimit = 4'000'000;
+// Longer words are broken so that the box can wrap them.
+constexpr int longestWord = 60;
+
+QString start(const QString& text) {
+    QStringList lines = text.left(shownLimit).split(u'\n');
+    return QStringList(lines.mid(0, linesLimit)).join(u'\n');
+}
+
+QString breakLongWords(const QString& text) {
+    QString broken;
+    int word = 0;
+    for (QChar sign : text) {
+        word = sign.isSpace() ? 0 : word + 1;
+        if (word > longestWord && !sign.isLowSurrogate()) {
+            broken += QChar(u'\u200b');
+            word = 1;
+        }
+        broken += sign;
+    }
+    return broken;
+}
+
+}  // namespace
+
+MessageBox::MessageBox(const std::string& text, int code, const std::string& title)
+    : QMessageBox(QApplication::activeWindow()), code_(code) {
+    bool question = code == BoxCode::yesNoQuestion;
+    setIcon(question ? QMessageBox::Question : QMessageBox::Information);
+    setTextFormat(Qt::PlainText);
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setWindowTitle(title.empty() ? QApplication::applicationDisplayName()
+                                 : harmlessLine(shown(title)));
+    QString whole = harmless(shown(std::string_view(text).substr(0, detailsLimit)));
+    QString visible = start(whole);
+    bool all = visible.size() == whole.size();
+    setText(breakLongWords(visible) + (all ? QString() : QStringLiteral("\u2026")));
+    if (!all) setDetailedText(whole);
+    setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No
+                                : QMessageBox::StandardButtons(QMessageBox::Ok));
+    setDefaultButton(question ? QMessageBox::No : QMessageBox::Ok);
+    setEscapeButton(question ? QMessageBox::No : QMessageBox::Ok);
+}
+
+int MessageBox::ask() {
+    int button = exec();
+    if (code_ != BoxCode::yesNoQuestion) return BoxCode::okPressed;
+    return button == QMessageBox::Yes ? BoxCode::yesPressed : BoxCode::noPressed;
+}
+
+}  // namespace bracken

@@ -1,0 +1,36 @@
+#include "platform/qt/popup_menu_view.h"
+
+#include <QSignalBlocker>
+#include <QStringList>
+
+#include "framework/controls/event.h"
+#include "platform/qt/qt_text.h"
+
+namespace bracken {
+
+PopupMenuView::PopupMenuView(PopupMenu& model, QWidget* parent)
+    : QComboBox(parent), ControlView(model, *this), model_(model) {
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(this, &QComboBox::activated, this,
+            [this](int row) { handleEvent([this, row] { model_.userChose(row); }); });
+}
+
+void PopupMenuView::sync() {
+    QSignalBlocker quiet(this);
+    syncRows();
+    int row = model_.ListIndex;
+    setCurrentIndex(row >= 0 && row < count() ? row : -1);
+}
+
+void PopupMenuView::syncRows() {
+    QStringList rows;
+    for (int row = 0; row < model_.ListCount(); row++)
+        rows << harmlessLine(shown(model_.List(row)));
+    bool same = rows.size() == count();
+    for (int row = 0; same && row < count(); row++) same = itemText(row) == rows[row];
+    if (same) return;
+    clear();
+    addItems(rows);
+}
+
+}  // namespace bracken

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QWidget>
+
+#include "framework/controls/progress.h"
+#include "platform/qt/control_view.h"
+
+namespace bracken {
+
+// A wheel of spokes that turns while it is visible.
+class ProgressWheelView : public QWidget, public ControlView {
+  public:
+    ProgressWheelView(ProgressWheel& model, QWidget* parent);
+
+    // The spoke that is darkest now, counted from 0.
+    int spoke() const { return spoke_; }
+
+  protected:
+    void sync() override {}
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QBasicTimer turning_;
+    int spoke_ = 0;
+};
+
+}  // namespace bracken

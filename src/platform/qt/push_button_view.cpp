@@ -1,0 +1,29 @@
+#include "platform/qt/push_button_view.h"
+
+#include "framework/controls/event.h"
+#include "platform/qt/fitted_font.h"
+#include "platform/qt/qt_text.h"
+
+namespace bracken {
+
+namespace {
+
+// Pixels of a button's width that its caption cannot use.
+constexpr int margins = 12;
+
+}  // namespace
+
+PushButtonView::PushButtonView(PushButton& model, QWidget* parent)
+    : QPushButton(parent), ControlView(model, *this), model_(model) {
+    setAutoDefault(false);
+    connect(this, &QPushButton::clicked, this,
+            [this] { handleEvent([this] { model_.userPressed(); }); });
+}
+
+void PushButtonView::sync() {
+    setText(shownCaption(model_.Caption.get()));
+    setDefault(model_.Default);
+    setFont(fittedFont(parentWidget()->font(), shown(model_.Caption.get()), width() - margins));
+}
+
+}  // namespace bracken

@@ -1,0 +1,66 @@
+#include "platform/qt/qt_application.h"
+
+#include <QScopedValueRollback>
+#include <QThread>
+
+#include "framework/controls/application.h"
+#include "framework/controls/event.h"
+#include "platform/qt/input_events.h"
+
+namespace bracken {
+
+QtApplication::QtApplication(int& argc, char** argv) : QApplication(argc, argv) {
+    setQuitOnLastWindowClosed(false);
+}
+
+QtApplication& QtApplication::current() {
+    return *static_cast<QtApplication*>(QCoreApplication::instance());
+}
+
+void QtApplication::spin(const std::function<void()>& loop) {
+    QScopedValueRollback<bool> outer(handling_, false);
+    QScopedValueRollback<int> depth(innerLoops_, innerLoops_ + 1);
+    loop();
+}
+
+bool QtApplication::pumpUntil(const std::atomic<bool>& done) {
+    QScopedValueRollback<int> statement(statements_, statements_ + 1);
+    quitChosen_ = false;
+    spin([&] {
+        while (!done.load(std::memory_order_acquire) && !quitChosen_)
+            processEvents(QEventLoop::WaitForMoreEvents);
+    });
+    return !quitChosen_;
+}
+
+bool QtApplication::dropsInStatement(const QObject& receiver, QEvent& event) {
+    if (event.type() == QEvent::Quit || isQuitKey(event)) quitStatement();
+    if (event.type() != QEvent::Quit && !isInput(event.type())) return false;
+    if (isForMenus(receiver, event)) return false;
+    event.ignore();
+    return true;
+}
+
+bool QtApplication::deliver(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && beforeShortcut) beforeShortcut();
+    if (event->type() != QEvent::Quit) return QApplication::notify(receiver, event);
+    Application::current()->Quit();
+    return true;
+}
+
+bool QtApplication::notify(QObject* receiver, QEvent* event) {
+    bool ours = QThread::currentThread() == thread() && Application::current() != nullptr;
+    if (!ours) return QApplication::notify(receiver, event);
+    if (inStatement() && dropsInStatement(*receiver, *event)) return true;
+    // An event sent in the course of another one belongs to that.
+    if (handling_) return deliver(receiver, event);
+    bool result = false;
+    {
+        QScopedValueRollback<bool> scope(handling_, true);
+        handleEvent([&] { result = deliver(receiver, event); });
+    }
+    if (innerLoops_ == 0 && idle) idle();
+    return result;
+}
+
+}  // namespace bracken

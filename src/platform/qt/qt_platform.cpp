@@ -1,0 +1,125 @@
+#include "platform/qt/qt_platform.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QThread>
+#include <cstdio>
+#include <cstdlib>
+
+#include "framework/controls/event.h"
+#include "framework/threads/baton.h"
+#include "framework/threads/thread.h"
+#include "platform/qt/edit_commands.h"
+
+namespace bracken {
+
+QtPlatform::QtPlatform(int& argc, char** argv) : application_(argc, argv) {
+    application_.idle = [this] { views_.bury(); };
+    application_.beforeShortcut = [this] { views_.refreshMenus(); };
+    QObject::connect(&application_, &QApplication::focusChanged, &views_,
+                     [this](QWidget* /*old*/, QWidget* now) { rememberFocus(now); });
+    Platform::install(this);
+}
+
+QtPlatform::~QtPlatform() {
+    Platform::install(nullptr);
+}
+
+int QtPlatform::run(const std::function<void()>& start) {
+    handleEvent(start);
+    if (!exiting_) QApplication::exec();
+    {
+        baton::Hold hold;
+        Thread::killAll();
+    }
+    Thread::joinAll();
+    baton::Hold hold;
+    views_.clear();
+    return status_;
+}
+
+int QtPlatform::messageBox(const std::string& text, int code, const std::string& title) {
+    int answer = 0;
+    application_.spin([&] {
+        MessageBox box(text, code, title);
+        boxes_.push_back(&box);
+        answer = box.ask();
+        boxes_.pop_back();
+    });
+    return answer;
+}
+
+std::string QtPlatform::selectFolder() {
+    QString path;
+    application_.spin([&] {
+        path = QFileDialog::getExistingDirectory(QApplication::activeWindow(),
+                                                 QStringLiteral("Select Folder"));
+    });
+    return QFile::encodeName(path).toStdString();
+}
+
+void QtPlatform::closeMessageBox() {
+    if (!boxes_.empty()) boxes_.back()->reject();
+}
+
+void QtPlatform::beep() {
+    QApplication::beep();
+}
+
+ScreenRect QtPlatform::screen() {
+    QRect usable = QGuiApplication::primaryScreen()->availableGeometry();
+    return {usable.left(), usable.top(), usable.width(), usable.height()};
+}
+
+void QtPlatform::rememberFocus(QWidget* focus) {
+    bool menu = qobject_cast<QMenuBar*>(focus) != nullptr || qobject_cast<QMenu*>(focus) != nullptr;
+    if (focus != nullptr && !menu) focus_ = focus;
+}
+
+bool QtPlatform::offersEdit(const std::string& menuItemName) {
+    return bracken::offersEdit(focus_, menuItemName);
+}
+
+void QtPlatform::performEdit(const std::string& menuItemName) {
+    bracken::performEdit(focus_, menuItemName);
+}
+
+void QtPlatform::exitLoop(int status) {
+    exiting_ = true;
+    status_ = status;
+    QCoreApplication::exit(status);
+}
+
+void QtPlatform::bringToFront(Window& window) {
+    views_.bringToFront(window);
+}
+
+void QtPlatform::modelChanged() {
+    views_.requestFrame();
+}
+
+void QtPlatform::abort(int status) {
+    std::fflush(stderr);
+    std::_Exit(status);
+}
+
+void QtPlatform::wake() {
+    waker_.wake();
+}
+
+bool QtPlatform::hasEventLoop() {
+    return QThread::currentThread()->loopLevel() > 0;
+}
+
+bool QtPlatform::pumpUntil(const std::atomic<bool>& done) {
+    return waker_.waitBriefly(done) || application_.pumpUntil(done);
+}
+
+int runApplication(int& argc, char** argv, const std::function<void()>& start) {
+    return QtPlatform(argc, argv).run(start);
+}
+
+}  // namespace bracken

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace bracken {
+
+// Text between the model, bytes with no encoding, and the toolkit, UTF-16. Bytes that are valid
+// UTF-8 are shown as such, any others as Latin-1.
+
+QString shown(std::string_view bytes);
+// The start of the text, at most `limit` UTF-16 units of it, without reading the rest.
+QString shownStart(std::string_view bytes, int limit);
+// What the model gets for a text that the user typed: UTF-8.
+std::string bytesOf(const QString& text);
+
+// As shown, "&" made literal where the toolkit reads it as a mnemonic.
+QString shownCaption(std::string_view bytes);
+// Control characters but line ends and tabs replaced by visible signs.
+QString harmless(const QString& text);
+// For one line: line ends and tabs become blanks as well.
+QString harmlessLine(const QString& text);
+
+// Positions in the model's text (bytes) and in the shown one (UTF-16 units), both from 0; one
+// outside the text counts as its end, one inside a character as the character's start.
+int toShownPosition(std::string_view bytes, int64_t position);
+int64_t toBytePosition(std::string_view bytes, int position);
+
+}  // namespace bracken

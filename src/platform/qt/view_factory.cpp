@@ -1,0 +1,40 @@
+#include "platform/qt/view_factory.h"
+
+#include "platform/qt/check_box_view.h"
+#include "platform/qt/edit_field_view.h"
+#include "platform/qt/listbox_view.h"
+#include "platform/qt/popup_menu_view.h"
+#include "platform/qt/progress_bar_view.h"
+#include "platform/qt/progress_wheel_view.h"
+#include "platform/qt/push_button_view.h"
+#include "platform/qt/static_text_view.h"
+
+namespace bracken {
+
+namespace {
+
+using Maker = ControlView* (*)(Control& control, QWidget* parent);
+
+template <class Model, class View>
+ControlView* make(Control& control, QWidget* parent) {
+    auto* model = dynamic_cast<Model*>(&control);
+    return model == nullptr ? nullptr : new View(*model, parent);
+}
+
+// The first that fits is taken: derived controls stand before their bases.
+constexpr Maker makers[] = {
+    make<StaticText, StaticTextView>,   make<EditField, EditFieldView>,
+    make<PushButton, PushButtonView>,   make<CheckBox, CheckBoxView>,
+    make<PopupMenu, PopupMenuView>,     make<Listbox, ListboxView>,
+    make<ProgressBar, ProgressBarView>, make<ProgressWheel, ProgressWheelView>,
+};
+
+}  // namespace
+
+ControlView* makeView(Control& control, QWidget* parent) {
+    for (Maker maker : makers)
+        if (ControlView* view = maker(control, parent)) return view;
+    return nullptr;
+}
+
+}  // namespace bracken

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QObject>
+#include <memory>
+#include <vector>
+
+#include "framework/controls/window.h"
+#include "platform/qt/window_view.h"
+
+namespace bracken {
+
+// The views of the open windows, brought up to the model once a frame at most. Main thread, holding
+// the baton, but for what says otherwise.
+class Views : public QObject {
+  public:
+    ~Views() override;
+
+    // Any thread: the model has changed, a frame is due.
+    void requestFrame();
+    // The window comes to the front with the next frame. Any thread.
+    void bringToFront(Window& window);
+    // Shows which menu items are enabled now, in the window that is active.
+    void refreshMenus();
+    // Destroys the views of closed windows; no handler may be under way.
+    void bury();
+    // Destroys all views.
+    void clear();
+
+  protected:
+    void customEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+  private:
+    void frame();
+    void dropClosed();
+    void addOpened();
+    WindowView* viewOf(const Window& window) const;
+
+    std::vector<std::unique_ptr<WindowView>> views_;
+    // Of closed windows, hidden; a handler of theirs may still be under way.
+    std::vector<std::unique_ptr<WindowView>> closed_;
+    std::vector<std::weak_ptr<Window>> toFront_;
+    QElapsedTimer sinceFrame_;
+    QBasicTimer untilFrame_;
+};
+
+}  // namespace bracken
