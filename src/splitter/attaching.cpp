@@ -1,0 +1,168 @@
+#include <algorithm>
+#include <cstdlib>
+
+#include "framework/controls/line.h"
+#include "framework/controls/page_panel.h"
+#include "framework/controls/tab_panel.h"
+#include "framework/dialogs/dialogs.h"
+#include "framework/exception.h"
+#include "splitter/smart_splitter.h"
+#include "splitter/suggestions.h"
+
+namespace bracken {
+
+namespace {
+
+// Distances below this count as touching.
+constexpr int64_t near = 5;
+
+bool isNear(int64_t distance) {
+    return std::abs(distance) < near;
+}
+
+RectControl& asRectControl(Control& control) {
+    auto* rect = dynamic_cast<RectControl*>(&control);
+    if (rect == nullptr) throw IllegalCastException(control.name() + " has no place on its window");
+    return *rect;
+}
+
+}  // namespace
+
+RectControl& SmartSplitter::present(RectControl* control) {
+    if (control == nullptr) throw NilObjectException();
+    return *control;
+}
+
+int SmartSplitter::indexOf(const RectControl* control) const {
+    auto at = std::find_if(attached.begin(), attached.end(),
+                           [&](const Attached& entry) { return entry.control == control; });
+    return at == attached.end() ? -1 : static_cast<int>(at - attached.begin());
+}
+
+void SmartSplitter::attachNearbyControls() {
+    initializeSmartSplitter();
+    const auto& controls = window().controls();
+    for (size_t i = 0; i < controls.size(); ++i) {
+        auto* control = dynamic_cast<RectControl*>(controls[i]);
+        if (control == nullptr || control->Parent != Parent || !sharesPageWith(*control)) continue;
+        if (touches(*control)) attach(control);
+    }
+}
+
+bool SmartSplitter::sharesPageWith(const RectControl& control) const {
+    RectControl* parent = Parent;
+    bool hasPages =
+        dynamic_cast<TabPanel*>(parent) != nullptr || dynamic_cast<PagePanel*>(parent) != nullptr;
+    return !hasPages || TabPanelIndex == control.TabPanelIndex;
+}
+
+// Beside the splitter on one side, and not wholly above or below it.
+bool SmartSplitter::touches(const RectControl& control) const {
+    const Axis& cross = crossAxis();
+    int64_t start = cross.position(*this);
+    int64_t end = cross.farEdge(*this);
+    int64_t from = cross.position(control);
+    int64_t to = cross.farEdge(control);
+    bool overlaps = (start - near < from && end + near > from) ||
+                    (start - near < to && end + near > to) ||
+                    (from - near < start && to + near > start);
+    return overlaps && (isNear(place() - axis().farEdge(control)) ||
+                        isNear(axis().farEdge(*this) - axis().position(control)));
+}
+
+void SmartSplitter::attach(RectControl* control) {
+    initializeSmartSplitter();
+    if (control == nullptr || control == this || dynamic_cast<Line*>(control) != nullptr) return;
+    if (isAttached(control)) {
+        if (showWarningsDialogs)
+            MsgBox("The control '" + control->name() + "' is already attached to smartSplitter '" +
+                   name() + "'.   This attach request will be ignored.");
+        return;
+    }
+    Attached entry;
+    entry.control = control;
+    entry.normallyVisible = control->Visible;
+    entry.minSizeVisible = suggest::minSizeControlShouldBeVisible(*control, isVertical);
+    entry.size = static_cast<int>(axis().extent(*control));
+    entry.behind = axis().position(*control) < place();
+    chooseRole(entry, control->Parent != nullptr && isAttached(control->Parent));
+    attached.push_back(entry);
+    raiseOffset(entry);
+    if (!doNotAttachEmbeddedControls && suggest::controlCommonlyHasEmbeddedControls(*control))
+        attachContents(*control);
+}
+
+// On the min side the near edge stays and the far edge follows; on the max side the whole control
+// moves. One that lies in an attached container is carried by that, and resizes only on the min
+// side and at the container's far edge.
+void SmartSplitter::chooseRole(Attached& entry, bool parentAttached) {
+    RectControl& control = *entry.control;
+    bool suggested = suggest::whetherControlShouldResize(control, isVertical);
+    if (entry.behind) {
+        entry.shouldResize =
+            suggested && (!parentAttached || isNear(axis().farEdge(present(control.Parent)) -
+                                                    axis().farEdge(control)));
+        setMinAttachedControl(&control, true);
+    } else {
+        entry.shouldResize = suggested && !parentAttached;
+        entry.shouldMove = !parentAttached;
+        setMaxAttachedControl(&control, true);
+    }
+}
+
+void SmartSplitter::raiseOffset(const Attached& entry) {
+    bool fixed = entry.behind ? minLimitOffsetPropSet : maxLimitOffsetPropSet;
+    if (fixed) return;
+    int& offset = entry.behind ? MinLimitOffset : MaxLimitOffset;
+    offset = std::max(offset, suggest::offsetSizeForControl(*entry.control, isVertical));
+}
+
+void SmartSplitter::attachContents(RectControl& container) {
+    const auto& controls = window().controls();
+    for (size_t i = 0; i < controls.size(); ++i) {
+        auto* control = dynamic_cast<RectControl*>(controls[i]);
+        if (control != nullptr && control->Parent == &container) attach(control);
+    }
+}
+
+// The far edge decides here, the near edge at the min end.
+void SmartSplitter::setMaxAttachedControl(RectControl* control, bool onlyIfFurther) {
+    initializeSmartSplitter();
+    if (!onlyIfFurther || maxAttachedControl == nullptr) maxAttachedControl = control;
+    if (onlyIfFurther &&
+        axis().farEdge(present(maxAttachedControl)) < axis().farEdge(present(control)))
+        maxAttachedControl = control;
+    refreshDebugCanvas(true);
+}
+
+void SmartSplitter::setMinAttachedControl(RectControl* control, bool onlyIfFurther) {
+    initializeSmartSplitter();
+    if (!onlyIfFurther || minAttachedControl == nullptr) minAttachedControl = control;
+    if (onlyIfFurther &&
+        axis().position(present(control)) < axis().position(present(minAttachedControl)))
+        minAttachedControl = control;
+    refreshDebugCanvas(true);
+}
+
+void SmartSplitter::unAttach(RectControl* control, bool silently) {
+    int index = control == nullptr ? -1 : indexOf(control);
+    if (index < 0) {
+        if (!silently) warningForControlNotAttached(control, "unAttach");
+        return;
+    }
+    attached.erase(attached.begin() + index);
+    if (!suggest::controlCommonlyHasEmbeddedControls(*control)) return;
+    const auto& controls = window().controls();
+    for (size_t i = 0; i < controls.size(); ++i) {
+        RectControl& inner = asRectControl(*controls[i]);
+        if (inner.Parent == control) unAttach(&inner, true);
+    }
+}
+
+void SmartSplitter::unAttachAllControls() {
+    attached.clear();
+    minAttachedControl = nullptr;
+    maxAttachedControl = nullptr;
+}
+
+}  // namespace bracken

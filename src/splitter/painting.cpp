@@ -1,0 +1,147 @@
+#include "framework/text/text.h"
+#include "splitter/smart_splitter.h"
+
+namespace bracken {
+
+namespace {
+
+Color grey(double value) {
+    return HSV(0, 0, value);
+}
+
+}  // namespace
+
+void SmartSplitter::takeColors() {
+    colors = {grey(0.75), grey(0.62), grey(0.55)};
+    colorsDisabled = {grey(0.87), grey(0.82), grey(0.7)};
+    if (!backgroundDark) return;
+    colors = {grey(0.58), grey(0.5), grey(0.42)};
+    colorsDisabled = {grey(0.63), grey(0.55), grey(0.5)};
+}
+
+void SmartSplitter::setHandleType(int value) {
+    initializeSmartSplitter();
+    switch (value) {
+        case 0:
+            chooseHandle();
+            break;
+        case 1:
+            setHandle(false, false, 3);
+            break;
+        case 2:
+            setHandle(false, true, 2);
+            break;
+        case 3:
+            setHandle(true, false, 3);
+            break;
+        case 4:
+            setHandle(true, true, 1);
+            break;
+        default:
+            handleCount = 0;
+    }
+    Refresh(true);
+}
+
+void SmartSplitter::setHandle(bool dimple, bool large, int count) {
+    handleDimple = dimple;
+    handleLarge = large;
+    handleCount = count;
+}
+
+void SmartSplitter::chooseHandle() {
+    int64_t thickness = axis().extent(*this);
+    int64_t length = crossAxis().extent(*this);
+    if (usesDarkFrame()) {
+        bool large = thickness > 5 && length > 20;
+        setHandle(true, large, large ? 1 : 3);
+    } else {
+        bool large = thickness > 12 && length > 120;
+        setHandle(false, large, large || thickness < 10 ? 2 : 3);
+    }
+}
+
+void SmartSplitter::drawHandle() {
+    if (conceal) return;
+    int centerX = toInt32(Width / 2.0);
+    int centerY = toInt32(Height / 2.0);
+    drawGhost();
+    double spacing = handleDimple ? (handleLarge ? 5.0 : 3.0) : (handleLarge ? 1.5 : 1.0);
+    double last = handleCount * spacing;
+    int at = toInt32(spacing - handleCount * spacing);
+    // Dimples are strung out along the divider, bars stand side by side across it.
+    for (; at <= last; at = toInt32(at + spacing * 2)) {
+        if (handleDimple)
+            drawDimple(isVertical ? centerX : centerX - at, isVertical ? centerY - at : centerY);
+        else
+            drawBar(isVertical ? centerX + at : centerX, isVertical ? centerY : centerY + at);
+    }
+}
+
+// The frame that is dragged while the attached controls stay put.
+void SmartSplitter::drawGhost() {
+    if (!DisableLiveDrag || !mouseDownTriggered) return;
+    int offset = Top < 0 ? Top : 0;
+    Graphics.ForeColor = colors.medium;
+    Graphics.ClearRect(1, offset + 1, Width - 2, Height - offset - 2);
+    Graphics.DrawRect(0, offset, Width, Height - offset);
+}
+
+bool SmartSplitter::looksEnabled() const {
+    return (Active && Enabled) || !initializedSmartSplitter;
+}
+
+void SmartSplitter::drawBar(int x, int y) {
+    const Greys& greys = looksEnabled() ? colors : colorsDisabled;
+    int half = handleLarge ? 9 : 5;
+    // From a place along the bar and one across it to x and y.
+    auto line = [&](int along1, int across1, int along2, int across2) {
+        if (isVertical)
+            Graphics.DrawLine(x + across1, y + along1, x + across2, y + along2);
+        else
+            Graphics.DrawLine(x + along1, y + across1, x + along2, y + across2);
+    };
+    Graphics.ForeColor = handleLarge ? greys.light : greys.dark;
+    line(-half, 0, half, 0);
+    if (!handleLarge) return;
+    Graphics.ForeColor = greys.medium;
+    line(-half, -1, half, -1);
+    line(-half, -1, -half, 0);
+    line(half, -1, half, 0);
+}
+
+void SmartSplitter::drawDimple(int x, int y) {
+    if (handleLarge)
+        drawLargeDimple(x, y);
+    else
+        drawSmallDimple(x, y);
+}
+
+void SmartSplitter::drawLargeDimple(int x, int y) {
+    const DimplePixels& pixels = looksEnabled() ? dimplePixelValue : dimplePixelValueDisabled;
+    for (int row = 1; row <= 5; ++row) {
+        for (int column = 1; column <= 5; ++column) {
+            double value = pixels[static_cast<size_t>(column)][static_cast<size_t>(row)];
+            if (value < 0) continue;
+            Graphics.ForeColor = grey(value);
+            int px = x - 3 + column;
+            int py = y - 3 + row;
+            Graphics.DrawLine(px, py, px, py);
+        }
+    }
+}
+
+void SmartSplitter::drawSmallDimple(int x, int y) {
+    // Not the other marks' condition: inactive is lighter, disabled is not.
+    double lift = (!Active && Enabled) || !initializedSmartSplitter ? 0.2 : 0.0;
+    Graphics.ForeColor = grey((backgroundDark ? 0.68 : 0.8) + lift);
+    Graphics.FillRect(x - 1, y - 1, 3, 3);
+    Graphics.ForeColor = grey(0.44 + lift);
+    Graphics.DrawLine(x - 1, y, x, y - 1);
+    Graphics.ForeColor = grey(0.6 + lift);
+    Graphics.DrawLine(x, y + 1, x + 1, y);
+    Graphics.ForeColor = grey(0.3 + lift);
+    Graphics.DrawLine(x, y, x, y);
+}
+
+}  // namespace bracken

@@ -1,0 +1,131 @@
+#include "splitter/smart_splitter.h"
+
+#include <algorithm>
+
+#include "framework/controls/tab_panel.h"
+#include "splitter/canvas_smart_splitter_debugger.h"
+#include "splitter/limit_sentinel.h"
+
+namespace bracken {
+
+void SmartSplitter::initializeSmartSplitter() {
+    if (initializedSmartSplitter || initializingSmartSplitter) return;
+    initializingSmartSplitter = true;
+    takeDesignValues();
+    takeColors();
+    assignCursor();
+    if (!maxLimitPropSet) MaxLimit = static_cast<int>(axis().size(window()) - axis().extent(*this));
+    setHandleType(HandleType);
+    double factor = backgroundDark ? 1.0 : 1.1;
+    dimplePixelValue = dimplePixels(factor);
+    dimplePixelValueDisabled = dimplePixelsDisabled(factor);
+    unAttachAllControls();
+    if (Open) Open();
+    if (attached.empty()) attachNearbyControls();
+    assignLimits();
+    proportionValue = share(place());
+    proportionAtOpen = proportionValue;
+    initializedSmartSplitter = true;
+    initializingSmartSplitter = false;
+}
+
+void SmartSplitter::takeDesignValues() {
+    isVertical = Width < Height;
+    maxLimitPropSet = MaxLimit != 0;
+    minLimitPropSet = MinLimit != 0;
+    maxLimitOffsetPropSet = MaxLimitOffset != 0;
+    minLimitOffsetPropSet = MinLimitOffset != 0;
+    if (Debug) setDebug(true);
+    if (SwapOrientation) isVertical = !isVertical;
+    positionAtOpen = static_cast<int>(place());
+    windowSizeAtOpen = static_cast<int>(axis().size(window()));
+    windowSizeLast = windowSizeAtOpen;
+    UseFocusRing = false;
+    showWarningsDialogs = false;
+    MaxLimitOffset = std::max(MaxLimitOffset, 0);
+    MinLimitOffset = std::max(MinLimitOffset, 0);
+    atMaxLimit = false;
+    atMinLimit = false;
+    doNotAttachEmbeddedControls = false;
+    if (!minLimitPropSet) MinLimit = limitNotDerived;
+    backgroundDark = usesDarkFrame();
+}
+
+void SmartSplitter::assignCursor() {
+    if (conceal || !Enabled)
+        MouseCursor = Cursor::standard;
+    else
+        MouseCursor = isVertical ? Cursor::splitterEastWest : Cursor::splitterNorthSouth;
+}
+
+bool SmartSplitter::usesDarkFrame() const {
+    constexpr int darkFrame = 9;
+    return window().Frame == darkFrame &&
+           dynamic_cast<TabPanel*>(static_cast<RectControl*>(Parent)) == nullptr;
+}
+
+void SmartSplitter::behave() {
+    initializeSmartSplitter();
+    assignLimits();
+    moveDistance(0, true);
+    refreshDebugCanvas(false);
+}
+
+void SmartSplitter::setConceal(bool value) {
+    initializeSmartSplitter();
+    conceal = value;
+    Refresh(true);
+}
+
+void SmartSplitter::Event_Open() {
+    initializeSmartSplitter();
+}
+
+void SmartSplitter::Event_Close() {
+    unAttachAllControls();
+    debugCanvas = nullptr;
+    if (Close) Close();
+}
+
+void SmartSplitter::Event_Paint(class Graphics& g) {
+    drawHandle();
+    if (Paint) Paint(g);
+}
+
+void SmartSplitter::Event_MouseEnter() {
+    assignCursor();
+    if (MouseEnter) MouseEnter();
+}
+
+bool SmartSplitter::Event_MouseDown(int x, int y) {
+    if (conceal) return false;
+    assignLimits();
+    mouseDownTriggered = true;
+    mouseDownX = x;
+    mouseDownY = y;
+    positionAtMouseDown = position();
+    refreshDebugCanvas(true);
+    if (MouseDown) MouseDown(x, y);
+    return true;
+}
+
+void SmartSplitter::Event_MouseDrag(int x, int y) {
+    // The control moves along with the mouse, so this is the distance still to go.
+    moveDistance(isVertical ? x - mouseDownX : y - mouseDownY, false);
+    markOnDebugCanvas();
+    if (MouseDrag) MouseDrag(x, y);
+}
+
+void SmartSplitter::Event_MouseUp(int x, int y) {
+    if (DisableLiveDrag) {
+        int moved = position() - positionAtMouseDown;
+        adjustAttachedControls(moved, false);
+        if (Moved) Moved(moved);
+    }
+    mouseDownTriggered = false;
+    if (DisableLiveDrag) window().Refresh(true);
+    refreshDebugCanvas(true);
+    if (MouseUp) MouseUp(x, y);
+}
+
+}  // namespace bracken
