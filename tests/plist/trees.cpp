@@ -1,0 +1,51 @@
+#include "tests/plist/trees.h"
+
+#include "framework/text/text.h"
+
+namespace bracken::test {
+
+const std::string_view head =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<!DOCTYPE plist PUBLIC \"-//Apple Computer//DTD PLIST 1.0//EN\" "
+    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+    "<plist version=\"1.0\">\n"
+    "<dict>\n";
+const std::string_view foot = "</dict>\n</plist>\n";
+
+namespace {
+
+std::string quoted(const std::string& text) {
+    const std::string shown = ReplaceAll(ReplaceAll(text, "\r", "\\r"), "\t", "\\t");
+    const bool odd = shown.empty() || shown.find_first_of(" {}[]") != shown.npos;
+    return odd ? "'" + shown + "'" : shown;
+}
+
+std::string pictureOf(const plistDict& node, const std::string& key) {
+    const std::string& tag = node.types.Value(key);
+    std::string shown = key + ":" + tag;
+    if (const std::string* value = node.values.find(key)) shown += "=" + quoted(*value);
+    if (!equal(tag, "dict") && !equal(tag, "array")) return shown;
+    auto walk = node.children.all(key);
+    const ChildList::Node* child = walk.next();
+    if (child == nullptr) return shown + "!";
+    for (; child != nullptr; child = walk.next()) shown += picture(**child);
+    return shown;
+}
+
+}  // namespace
+
+std::string picture(const plistDict& node) {
+    std::string shown(1, node.isArray ? '[' : '{');
+    for (int i = 0; i < node.types.Count(); ++i) {
+        shown += (i > 0 ? " " : "") + pictureOf(node, node.types.Key(i));
+    }
+    return shown + (node.isArray ? ']' : '}');
+}
+
+Ref<plistDict> readBody(std::string_view body, plist* document) {
+    auto root = make<plistDict>();
+    root->Load(make<TextInputStream>(std::string(body)), "root", false, {}, document, true);
+    return root;
+}
+
+}  // namespace bracken::test
