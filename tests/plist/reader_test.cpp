@@ -98,7 +98,8 @@ TEST(Reader, TakesWhatIsOutsideItsGrammarByPosition) {
         {"<key>a</key>\n<string/>\n<key>b</key>\n<true/>\n</dict>\n<key>c</key>", "{a:string}"},
         // A field that was cut down to an end tag ends the node.
         {"<key></dict>\n<key>a</key>\n<true/>", "{}"},
-        {"<key><dict/>\n<key>a</key>\n<true/>", "{}"},
+        {"<key>a</key>\n<string>x\n<dict/></string>\n<key>b</key>\n<true/>",
+         "{a:string=x\\r<dict/>\\r}"},
         {"<key>a</key>\n<string></dict>\n<key>b</key>\n<true/>", "{a:string}"},
         // Only the last field of a line is looked at.
         {"</dict><key>a</key>\n<true/>\n</dict>", "{a:boolean=true}"},

@@ -20,19 +20,19 @@ class Dictionary {
     int Count() const { return index_.count(); }
 
     // KeyNotFoundException for a missing key. Valid until the dictionary changes.
-    const V& Value(std::string_view key) const { return values_[slotOf(key)]; }
+    const V& Value(std::string_view key) const { return cells_[slotOf(key)].value; }
     // The value, null for a missing key. Valid until the dictionary changes.
     const V* find(std::string_view key) const {
         const uint32_t slot = index_.find(key);
-        return slot == KeyIndex::none ? nullptr : &values_[slot];
+        return slot == KeyIndex::none ? nullptr : &cells_[slot].value;
     }
     // Inserts or replaces.
     void Value(std::string_view key, V value) {
         const auto [slot, added] = index_.insert(key);
         if (added) {
-            values_.push_back(std::move(value));
+            cells_.push_back({std::move(value)});
         } else {
-            values_[slot] = std::move(value);
+            cells_[slot].value = std::move(value);
         }
     }
 
@@ -40,22 +40,27 @@ class Dictionary {
     void Remove(std::string_view key) {
         const uint32_t slot = slotOf(key);
         index_.remove(slot);
-        values_[slot] = V();
+        cells_[slot].value = V();
         if (!index_.wasteful()) return;
         index_.compact(
-            [this](uint32_t from, uint32_t to) { values_[to] = std::move(values_[from]); });
-        values_.resize(static_cast<size_t>(Count()));
+            [this](uint32_t from, uint32_t to) { cells_[to] = std::move(cells_[from]); });
+        cells_.resize(static_cast<size_t>(Count()));
     }
     void Clear() {
         index_.clear();
-        values_.clear();
+        cells_.clear();
     }
 
     // The i-th key in insertion order, counted from 0, and its value; IndexOutOfRangeException.
     const std::string& Key(int i) const { return index_.key(index_.slotAt(i)); }
-    const V& ValueAt(int i) const { return values_[index_.slotAt(i)]; }
+    const V& ValueAt(int i) const { return cells_[index_.slotAt(i)].value; }
 
   private:
+    // Keeps a vector of bool what other vectors are.
+    struct Cell {
+        V value;
+    };
+
     uint32_t slotOf(std::string_view key) const {
         const uint32_t slot = index_.find(key);
         if (slot == KeyIndex::none) throw KeyNotFoundException(std::string(key));
@@ -64,7 +69,7 @@ class Dictionary {
 
     KeyIndex index_;
     // Parallel to the slots of the index.
-    std::vector<V> values_;
+    std::vector<Cell> cells_;
 };
 
 }  // namespace bracken
