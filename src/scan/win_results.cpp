@@ -45,7 +45,7 @@ winResults::winResults() : LongProcessThread1(theThread()) {}
 void winResults::init(const std::string& database, const Ref<FolderItem>& searchFolder) {
     folder = searchFolder;
     databaseName = database;
-    App().prefs->root->GetWindow(Title, *this);
+    App().prefs->root->GetWindow(Title.get(), this);
     App().db->DatabaseName(databaseName);
     Ref<DatabaseCursor> cursor = App().db->SQLSelect("show tables in " + databaseName);
     if (!App().CheckError()) {
@@ -136,7 +136,7 @@ void winResults::butNotFound_Action() {
 }
 
 void winResults::Event_Close() {
-    App().prefs->root->SetWindow(Title, *this);
+    App().prefs->root->SetWindow(Title.get(), this);
     App().prefs->Save();
 }
 
