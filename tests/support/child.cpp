@@ -16,7 +16,7 @@ pid_t spawn(const std::vector<std::string>& command, int output) {
     arguments.push_back(nullptr);
     pid_t child = fork();
     if (child != 0) return child;
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     dup2(output >= 0 ? output : open("/dev/null", O_WRONLY), STDOUT_FILENO);
     execvp(arguments[0], arguments.data());
     _exit(127);

@@ -44,15 +44,20 @@ int freePort() {
     return ntohs(address.sin_port);
 }
 
-bool answers(const std::string& path) {
+// Whether a server greets whoever connects to the socket. One that only listens has not finished
+// its start, and may hang when it is asked to end.
+bool greets(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     if (path.size() >= sizeof address.sun_path) throw std::runtime_error("too long: " + path);
     std::memcpy(address.sun_path, path.c_str(), path.size());
     int client = socket(AF_UNIX, SOCK_STREAM, 0);
-    bool connected = connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+    pollfd greeting{client, POLLIN, 0};
+    char byte = 0;
+    bool greeted = connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
+                   poll(&greeting, 1, 100) == 1 && read(client, &byte, 1) == 1;
     close(client);
-    return connected;
+    return greeted;
 }
 
 }  // namespace
@@ -66,7 +71,8 @@ PrivateServer::~PrivateServer() {
     end(SIGTERM);
 }
 
-void PrivateServer::restart(const std::vector<std::string>& options) {
+void PrivateServer::runWith(const std::vector<std::string>& options) {
+    if (process_ != 0 && options == options_) return;
     end(SIGTERM);
     start(options);
 }
@@ -97,9 +103,11 @@ void PrivateServer::start(const std::vector<std::string>& options) {
         "--datadir=" + folder_.path("data"), "--socket=" + socket(),
         "--port=" + std::to_string(port_), "--bind-address=127.0.0.1",
         "--pid-file=" + folder_.path("pid"), "--log-error=" + folder_.path("log"),
+        "--skip-name-resolve", "--open-files-limit=1000",
         // Nothing here has to survive a loss of power.
-        "--skip-name-resolve", "--innodb-flush-log-at-trx-commit=0"};
+        "--innodb-flush-log-at-trx-commit=0"};
     command.insert(command.end(), options.begin(), options.end());
+    options_ = options;
     process_ = spawn(command, -1);
     awaitAnswer();
 }
@@ -112,7 +120,7 @@ void PrivateServer::end(int signal) {
 }
 
 void PrivateServer::awaitAnswer() {
-    while (!answers(socket())) {
+    while (!greets(socket())) {
         if (waitpid(process_, nullptr, WNOHANG) != 0) {
             process_ = 0;
             throw std::runtime_error("the server ended: " + folder_.read("log"));

@@ -20,8 +20,8 @@ class PrivateServer {
     PrivateServer(const PrivateServer&) = delete;
     PrivateServer& operator=(const PrivateServer&) = delete;
 
-    // Ends the server in good order and starts it again with these options added.
-    void restart(const std::vector<std::string>& options = {});
+    // Has the server run with these options added and no others; starts it anew if need be.
+    void runWith(const std::vector<std::string>& options);
     // Ends it at once, as a crash would.
     void kill();
     // Statements by the command-line client, as root; its output, a line a row, without headings.
@@ -43,6 +43,7 @@ class PrivateServer {
     TempFolder folder_;
     int port_;
     pid_t process_ = 0;
+    std::vector<std::string> options_;
 };
 
 }  // namespace bracken::test

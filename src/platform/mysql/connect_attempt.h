@@ -11,8 +11,9 @@
 namespace bracken {
 
 // One attempt to connect, on a thread of its own. The client library can't be interrupted while it
-// looks up a name or shakes hands; so whoever waits may leave, and the attempt, which is held alive
-// by its thread, ends by itself and closes what it had opened.
+// looks up a name, and knows no limit for a server that accepts and stays silent; so whoever waits
+// may leave. The attempt, which its thread keeps alive, then ends when the server says or closes
+// something, and closes what it had opened.
 class ConnectAttempt : public std::enable_shared_from_this<ConnectAttempt> {
   public:
     ConnectAttempt(std::string host, std::string user, std::string password,

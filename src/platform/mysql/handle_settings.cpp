@@ -1,7 +1,6 @@
 #include "platform/mysql/handle_settings.h"
 
 #include <fcntl.h>
-#include <ma_pvio.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
@@ -47,8 +46,6 @@ std::optional<std::string> refusalOfHost(const std::string& host) {
 void configure(MYSQL* handle, std::chrono::milliseconds timeout) {
     auto seconds = static_cast<unsigned>(std::chrono::ceil<std::chrono::seconds>(timeout).count());
     mysql_options(handle, MYSQL_OPT_CONNECT_TIMEOUT, &seconds);
-    // Bounds the handshake, in which a server may stay silent; lifted by settle.
-    mysql_options(handle, MYSQL_OPT_READ_TIMEOUT, &seconds);
     unsigned noLocalFiles = 0;
     mysql_options(handle, MYSQL_OPT_LOCAL_INFILE, &noLocalFiles);
     my_bool no = 0;
@@ -62,10 +59,6 @@ void configure(MYSQL* handle, std::chrono::milliseconds timeout) {
 }
 
 void settle(MYSQL* handle) {
-    // Options set now would come too late: the open connection keeps its own copy of the limit.
-    MARIADB_PVIO* connection = handle->net.pvio;
-    constexpr int unlimited = -1;
-    connection->methods->set_timeout(connection, PVIO_READ_TIMEOUT, unlimited);
     int socket = mysql_get_socket(handle);
     fcntl(socket, F_SETFD, FD_CLOEXEC);
     watchPeer(socket);
