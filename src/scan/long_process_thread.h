@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "framework/files/folder_item.h"
 #include "framework/ref.h"
@@ -11,9 +12,14 @@
 
 namespace bracken {
 
+class FileEntry;
+
 // The scan: counts the files under the folder, then walks it again, searches each file that passes
 // the extension list for every table name in column 0 of the list, and enters the file into the
-// rows hit. Stopping points lie at the end of each file and of each row, and around reading.
+// rows hit. Stopping points lie at the end of each file and of each row hit, and around reading.
+//
+// What it does is defined by a plain loop over files and rows with InStr; reading and matching are
+// done ahead of it by ReadAhead, and what was found is entered here, file by file in order.
 class LongProcessThread : public Thread {
   public:
     explicit LongProcessThread(std::unique_ptr<RunContext> context);
@@ -30,10 +36,11 @@ class LongProcessThread : public Thread {
     virtual void GetFileCount(const Ref<FolderItem>& folder);
 
   private:
-    void searchFile(FolderItem& folder, int i);
-    std::string readFile(const FolderItem& file);
+    void countAndSearch();
 
-    std::unique_ptr<RunContext> context_;
+    const std::unique_ptr<RunContext> context_;
+    // That of the latest run; a killed run unwinds without a look at it.
+    FileEntry* entry_ = nullptr;
 };
 
 }  // namespace bracken

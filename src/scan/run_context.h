@@ -21,8 +21,10 @@ class RunContext {
     virtual StaticText& lblProgress() = 0;
     virtual ProgressBar& ProgressBar1() = 0;
     virtual ProgressWheel& pwInitializing() = 0;
-    // The extension list, "" for all files.
+    // The extension list, "" for all files. Asking enters it into the settings if it is not there.
     virtual std::string extensions() = 0;
+    // The same, but changes nothing.
+    virtual std::string peekExtensions() = 0;
 };
 
 }  // namespace bracken

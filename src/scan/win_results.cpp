@@ -22,6 +22,9 @@ class WindowContext : public RunContext {
     ProgressBar& ProgressBar1() override { return winResults().ProgressBar1; }
     ProgressWheel& pwInitializing() override { return winResults().pwInitializing; }
     std::string extensions() override { return App().prefs->root->GetString("extensions", ""); }
+    std::string peekExtensions() override {
+        return App().prefs->root->Exists("extensions") ? extensions() : "";
+    }
 };
 
 // Takes over the thread of a run that outlived its window, so that there is one at all times.

@@ -66,8 +66,9 @@ bool copyBytes(int source, ReplacingFile& target) {
 
 FolderItem::FolderItem(std::string path) : path_(trimmedPath(std::move(path))) {}
 
-FolderItem::FolderItem(std::string path, bool directory, std::shared_ptr<const FolderChain> chain)
-    : path_(std::move(path)), directory_(directory), chain_(std::move(chain)) {}
+FolderItem::FolderItem(std::string path, bool directory, bool file,
+                       std::shared_ptr<const FolderChain> chain)
+    : path_(std::move(path)), directory_(directory), file_(file), chain_(std::move(chain)) {}
 
 FolderItem::~FolderItem() = default;
 
@@ -95,7 +96,15 @@ Ref<FolderItem> FolderItem::Item(int i) {
         directory = S_ISDIR(facts->st_mode);
     }
     return std::shared_ptr<FolderItem>(
-        new FolderItem(std::move(path), directory, listing().chain()));
+        new FolderItem(std::move(path), directory, entry->file, listing().chain()));
+}
+
+Ref<FolderItem> FolderItem::another() const {
+    auto item = std::make_shared<FolderItem>(path_);
+    item->directory_ = directory_;
+    item->file_ = file_;
+    item->chain_ = chain_;
+    return item;
 }
 
 bool FolderItem::Exists() const {

@@ -37,6 +37,8 @@ class FolderItem {
     Ref<FolderItem> Item(int i);
 
     bool Exists() const;
+    // Whether the listing called it a regular file, so that it can be opened without a look.
+    bool listedAsFile() const { return file_; }
     bool Directory() const;
     // "/" for the root.
     std::string Name() const;
@@ -48,6 +50,8 @@ class FolderItem {
     Ref<FolderItem> Parent() const;
     // The item of that name in this folder, existing or not.
     Ref<FolderItem> Child(const std::string& name) const;
+    // The same entry, reached by the same folders, as an item of its own for another thread.
+    Ref<FolderItem> another() const;
     // The path quoted for a POSIX shell.
     std::string ShellPath() const;
 
@@ -70,11 +74,13 @@ class FolderItem {
     void CreateAsFolder() const;
 
   private:
-    FolderItem(std::string path, bool directory, std::shared_ptr<const FolderChain> chain);
+    FolderItem(std::string path, bool directory, bool file,
+               std::shared_ptr<const FolderChain> chain);
     FolderListing& listing();
 
     std::string path_;
     std::optional<bool> directory_;
+    bool file_ = false;
     std::shared_ptr<const FolderChain> chain_;
     std::unique_ptr<FolderListing> listing_;
 };

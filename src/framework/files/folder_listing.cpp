@@ -58,7 +58,8 @@ std::vector<FolderListing::Entry> readEntries(DIR* folder) {
         if (name == "." || name == "..") continue;
         const bool unknown = next->d_type == DT_UNKNOWN;
         const bool link = unknown ? isLink(dirfd(folder), next->d_name) : next->d_type == DT_LNK;
-        FolderListing::Entry entry{std::string(name), next->d_type == DT_DIR, link, false};
+        FolderListing::Entry entry{std::string(name), next->d_type == DT_DIR,
+                                   next->d_type == DT_REG, link, false};
         if ((unknown || link) && !followType(dirfd(folder), entry)) continue;
         entries.push_back(std::move(entry));
     }

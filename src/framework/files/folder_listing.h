@@ -23,6 +23,8 @@ class FolderListing {
     struct Entry {
         std::string name;
         bool directory;
+        // A regular file, and no link to one.
+        bool file;
         bool link;
         bool gone;
     };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <deque>
 #include <exception>
 #include <functional>
@@ -33,7 +34,7 @@ class MainCalls {
   private:
     struct Call {
         const std::function<void()>* work;
-        const bool* killed;
+        const std::atomic<bool>* killed;
         std::exception_ptr error;
         baton::Waiter waiter;
     };

@@ -15,7 +15,7 @@ namespace bracken {
 // One run: its own number of life, apart from the Thread object, which may start the next run while
 // this one still unwinds. Guarded by the baton.
 struct Thread::RunState {
-    bool killed = false;
+    std::atomic<bool> killed{false};
     bool ended = false;
     std::thread thread;
 };
@@ -93,8 +93,8 @@ void Thread::leaveIfKilled() {
     if (runOfThread != nullptr && runOfThread->killed) throw UnwindSignal();
 }
 
-const bool* Thread::killedFlag() {
-    static const bool never = false;
+const std::atomic<bool>* Thread::killedFlag() {
+    static const std::atomic<bool> never{false};
     return runOfThread != nullptr ? &runOfThread->killed : &never;
 }
 

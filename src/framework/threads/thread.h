@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 
 namespace bracken {
@@ -34,8 +35,8 @@ class Thread : public std::enable_shared_from_this<Thread> {
     // thread. To be called after the baton has been taken back by hand.
     static void leaveIfKilled();
     // Tells whether the run that the calling thread executes has been killed; lives as long as the
-    // run. On any other thread it stays false.
-    static const bool* killedFlag();
+    // run, and any thread may read it. On any other thread it stays false.
+    static const std::atomic<bool>* killedFlag();
 
     // Whether any run is alive.
     static bool anyRunning();

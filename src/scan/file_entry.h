@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "framework/files/folder_item.h"
+#include "framework/ref.h"
+#include "scan/name_table.h"
+#include "scan/read_ahead.h"
+#include "scan/run_context.h"
+
+namespace bracken {
+
+// Enters the files of one run into the rows of the list that name them. Lives on the run's thread,
+// holding the baton.
+class FileEntry {
+  public:
+    explicit FileEntry(RunContext& context) : context_(context) {}
+
+    // Begins to read ahead from the folder, if nothing is being read ahead there with these
+    // extensions.
+    void enterFolder(const Ref<FolderItem>& folder, const std::string& extensions);
+    void leaveFolder(const FolderItem& folder);
+
+    // Searches the file for the names of the list's rows and enters it into those hit, yielding
+    // after each. A file that can't be opened raises NilObjectException.
+    void enter(const FolderItem& file);
+
+  private:
+    FoundNames search(const FolderItem& file);
+    FoundNames searchText(const std::string& text);
+    // Brings the row index up to the list; searches anew if rows have come with names that nothing
+    // was searched for.
+    void update(FoundNames& found, const FolderItem& file);
+    const std::shared_ptr<const NameTable>& table();
+
+    RunContext& context_;
+    std::shared_ptr<const NameTable> table_;
+    RowIndex rows_;
+    std::unique_ptr<ReadAhead> ahead_;
+};
+
+}  // namespace bracken

@@ -1,0 +1,62 @@
+#include "scan/file_search.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace bracken {
+
+namespace {
+
+// Bytes read at a time: few calls, and the piece is still in the cache when it is searched.
+constexpr size_t pieceSize = 256 * 1024;
+
+}  // namespace
+
+int64_t searchedLength(uint64_t fileLength) {
+    return std::max(static_cast<int32_t>(static_cast<uint32_t>(fileLength)), 0);
+}
+
+bool FileSearch::search(const std::string& path, bool listedAsFile, const Matcher& matcher,
+                        const std::function<bool()>& cancelled, Matcher::Hits& hits) {
+    struct stat facts;
+    if (!listedAsFile) {
+        if (stat(path.c_str(), &facts) != 0 || S_ISDIR(facts.st_mode)) return false;
+        if (!S_ISREG(facts.st_mode)) return true;
+    }
+    int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0) return false;
+    bool whole = searchOpen(descriptor, matcher, cancelled, hits);
+    close(descriptor);
+    return whole;
+}
+
+bool FileSearch::searchOpen(int descriptor, const Matcher& matcher,
+                            const std::function<bool()>& cancelled, Matcher::Hits& hits) {
+    struct stat facts;
+    if (fstat(descriptor, &facts) != 0) return false;
+    int64_t left = searchedLength(static_cast<uint64_t>(facts.st_size));
+    // What a name that straddles two pieces needs of the first one.
+    size_t overlap = matcher.longestName() > 0 ? matcher.longestName() - 1 : 0;
+    buffer_.resize(std::max(buffer_.size(), overlap + pieceSize));
+    size_t kept = 0;
+    while (left > 0) {
+        if (cancelled()) return false;
+        size_t wanted = static_cast<size_t>(std::min<int64_t>(left, pieceSize));
+        ssize_t got = read(descriptor, buffer_.data() + kept, wanted);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) break;
+        size_t filled = kept + static_cast<size_t>(got);
+        matcher.search({buffer_.data(), filled}, hits);
+        left -= got;
+        kept = std::min(filled, overlap);
+        std::memmove(buffer_.data(), buffer_.data() + filled - kept, kept);
+    }
+    return true;
+}
+
+}  // namespace bracken

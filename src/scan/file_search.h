@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "scan/matcher.h"
+
+namespace bracken {
+
+// How much of a file of that length is searched: the low 32 bits of the length as a signed number,
+// nothing for a negative one. So a file of 2 to 4 GiB is not searched.
+int64_t searchedLength(uint64_t fileLength);
+
+// Searches files piece by piece in one buffer, which is reused from file to file. For worker
+// threads: never holds the baton, never touches the model.
+class FileSearch {
+  public:
+    // Adds the names of `matcher` that the file holds to `hits`. False if it can't be opened, or if
+    // `cancelled`, asked between pieces, says so. `listedAsFile`: the file is known to be a regular
+    // one; other things are looked at first, and read as empty.
+    bool search(const std::string& path, bool listedAsFile, const Matcher& matcher,
+                const std::function<bool()>& cancelled, Matcher::Hits& hits);
+
+  private:
+    bool searchOpen(int descriptor, const Matcher& matcher, const std::function<bool()>& cancelled,
+                    Matcher::Hits& hits);
+
+    std::vector<char> buffer_;
+};
+
+}  // namespace bracken

@@ -1,0 +1,126 @@
+#include "scan/read_ahead.h"
+
+#include <algorithm>
+
+#include "framework/threads/thread.h"
+#include "framework/threads/without_baton.h"
+#include "scan/extension_filter.h"
+#include "scan/file_search.h"
+
+namespace bracken {
+
+namespace {
+
+// Files that the threads may be ahead of the scan: enough to keep them busy through the counting of
+// most trees, and a few megabytes.
+constexpr size_t furthestAhead = 16384;
+// Threads that have got as far go on when the scan has caught up to here.
+constexpr size_t resumeAt = furthestAhead / 2;
+// Files taken off the walk at a time, so that the threads seldom meet.
+constexpr size_t batch = 16;
+
+unsigned threadCount() {
+    return std::clamp(std::thread::hardware_concurrency(), 2U, 8U);
+}
+
+}  // namespace
+
+ReadAhead::ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
+                     std::shared_ptr<const NameTable> table)
+    : root_(folder->AbsolutePath()),
+      extensions_(std::move(extensions)),
+      table_(std::move(table)),
+      runKilled_(Thread::killedFlag()),
+      walk_(folder) {
+    for (unsigned i = 0; i < threadCount(); i++) threads_.emplace_back([this] { work(); });
+}
+
+ReadAhead::~ReadAhead() {
+    {
+        std::lock_guard guard(mutex_);
+        stopped_ = true;
+    }
+    changed_.notify_all();
+    Unheld unheld;
+    for (std::thread& thread : threads_) thread.join();
+}
+
+bool ReadAhead::covers(const std::string& folder, const std::string& extensions) const {
+    bool below = folder == root_ || root_ == "/" || folder.starts_with(root_ + "/");
+    return below && extensions == extensions_;
+}
+
+bool ReadAhead::cancelled() const {
+    return stopped_.load(std::memory_order_relaxed) || runKilled_->load(std::memory_order_relaxed);
+}
+
+void ReadAhead::work() {
+    FileSearch search;
+    Matcher::Hits hits;
+    auto isCancelled = [this] { return cancelled(); };
+    for (std::vector<TaskRef> tasks = nextTasks(); !tasks.empty(); tasks = nextTasks()) {
+        for (const TaskRef& task : tasks) {
+            hits.clear(table_->matcher().nameCount());
+            task->readable =
+                search.search(task->path, task->listedAsFile, table_->matcher(), isCancelled, hits);
+            task->names = hits.names();
+            task->done.store(true, std::memory_order_release);
+            task->done.notify_one();
+        }
+    }
+}
+
+std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
+    std::lock_guard walking(walkMutex_);
+    std::vector<TaskRef> tasks;
+    while (tasks.size() < batch) {
+        Ref<FolderItem> file = cancelled() ? nullptr : walk_.next();
+        if (file == nullptr) break;
+        if (!passesExtensions(file->Name(), extensions_)) continue;
+        auto task = std::make_shared<Task>();
+        task->path = file->AbsolutePath();
+        task->listedAsFile = file->listedAsFile();
+        tasks.push_back(std::move(task));
+    }
+    std::unique_lock guard(mutex_);
+    if (order_.size() >= furthestAhead)
+        changed_.wait(guard, [this] { return order_.size() < resumeAt || cancelled(); });
+    walkEnded_ = walkEnded_ || tasks.empty();
+    order_.insert(order_.end(), tasks.begin(), tasks.end());
+    changed_.notify_all();
+    return tasks;
+}
+
+ReadAhead::TaskRef ReadAhead::popUpTo(const std::string& path) {
+    auto at = std::find_if(order_.begin(), order_.end(),
+                           [&](const TaskRef& task) { return task->path == path; });
+    if (at == order_.end()) return nullptr;
+    TaskRef task = *at;
+    bool above = order_.size() >= resumeAt;
+    order_.erase(order_.begin(), at + 1);
+    if (above && order_.size() < resumeAt) changed_.notify_all();
+    return task;
+}
+
+ReadAhead::TaskRef ReadAhead::popReady(const std::string& path) {
+    std::lock_guard guard(mutex_);
+    return order_.empty() ? nullptr : popUpTo(path);
+}
+
+std::optional<FoundNames> ReadAhead::take(const std::string& path) {
+    TaskRef task = popReady(path);
+    if (task == nullptr) {
+        withoutBaton([&] {
+            std::unique_lock guard(mutex_);
+            changed_.wait(guard, [this] { return !order_.empty() || walkEnded_; });
+            task = popUpTo(path);
+        });
+    }
+    if (task == nullptr) return std::nullopt;
+    if (!task->done.load(std::memory_order_acquire))
+        withoutBaton([&] { task->done.wait(false, std::memory_order_acquire); });
+    if (!task->readable) return std::nullopt;
+    return FoundNames{table_, std::move(task->names)};
+}
+
+}  // namespace bracken

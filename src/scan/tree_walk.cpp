@@ -1,0 +1,28 @@
+#include "scan/tree_walk.h"
+
+namespace bracken {
+
+TreeWalk::TreeWalk(const Ref<FolderItem>& folder) {
+    enter(folder->another());
+}
+
+void TreeWalk::enter(const Ref<FolderItem>& folder) {
+    levels_.push_back({folder, folder->Count(), 1});
+}
+
+Ref<FolderItem> TreeWalk::next() {
+    while (!levels_.empty()) {
+        Level& level = levels_.back();
+        if (level.next > level.count) {
+            levels_.pop_back();
+            continue;
+        }
+        Ref<FolderItem> item = level.folder->Item(level.next++);
+        if (item == nullptr) continue;
+        if (!item->Directory()) return item;
+        enter(item);
+    }
+    return nullptr;
+}
+
+}  // namespace bracken

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <vector>
+
+#include "framework/files/folder_item.h"
+#include "framework/ref.h"
+
+namespace bracken {
+
+// The files below a folder, one by one, in the order in which the scan comes to them. For one
+// thread at a time; touches no model.
+class TreeWalk {
+  public:
+    explicit TreeWalk(const Ref<FolderItem>& folder);
+
+    // The next file; nil at the end. Entries that have vanished are passed over.
+    Ref<FolderItem> next();
+
+  private:
+    struct Level {
+        Ref<FolderItem> folder;
+        int count;
+        int next;
+    };
+
+    void enter(const Ref<FolderItem>& folder);
+
+    std::vector<Level> levels_;
+};
+
+}  // namespace bracken
