@@ -13,7 +13,7 @@ bracken::Ref<bracken::Database> makeDatabase() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    bracken::App app(makeDatabase);
+    class bracken::App app(makeDatabase);
     return bracken::runApplication(argc, argv, [&app] {
         app.addMenuHandler("Preferences", [&app] { return app._Preferences_Action(); });
         app.Event_Open();
