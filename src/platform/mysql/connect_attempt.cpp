@@ -1,5 +1,6 @@
 #include "platform/mysql/connect_attempt.h"
 
+#include <string_view>
 #include <thread>
 
 #include "platform/mysql/handle_settings.h"
@@ -11,6 +12,18 @@ namespace {
 std::string timedOut(const std::string& host, std::chrono::milliseconds timeout) {
     return "Can't connect to server on '" + host + "': no answer within " +
            std::to_string(std::chrono::ceil<std::chrono::seconds>(timeout).count()) + " s";
+}
+
+// A server that is full, or shuts this machine out, says so before encryption could begin. The
+// library puts a warning and the error's number in front; the server's own words are enough.
+std::string withoutWarning(std::string text) {
+    constexpr std::string_view warning =
+        "Received error packet before completion of TLS handshake. The authenticity of the "
+        "following error cannot be verified: ";
+    constexpr std::string_view dash = " - ";
+    size_t behindNumber = text.find(dash, warning.size());
+    if (!text.starts_with(warning) || behindNumber == std::string::npos) return text;
+    return text.substr(behindNumber + dash.size());
 }
 
 }  // namespace
@@ -54,7 +67,7 @@ void ConnectAttempt::connect() {
         finish(std::make_shared<Connection>(handle), "");
         return;
     }
-    std::string error = mysql_error(handle);
+    std::string error = withoutWarning(mysql_error(handle));
     mysql_close(handle);
     finish(nullptr, std::move(error));
 }

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <thread>
+
+namespace bracken::test {
+
+// The server's end of one connection, speaking as much of the protocol as a lie needs. Packets are
+// numbered on from the last one that came or went.
+class Peer {
+  public:
+    explicit Peer(int socket) : socket_(socket) {}
+
+    void sendRaw(std::string_view bytes);
+    void send(std::string_view payload);
+    // The next packet's payload, empty once the client has gone.
+    std::string receive();
+    // Waits until the client has gone.
+    void awaitEnd();
+
+    // Greets as an ordinary server that proposes this way of proving the password.
+    void greet(std::string_view plugin = "mysql_native_password");
+    void sendOk();
+    void sendError(int number, std::string_view text);
+    // The start of a result: columns of text by the names a, b and so on.
+    void sendColumns(int count);
+    void sendEnd();
+    // Lets the client in, whoever it is, and takes its first statement.
+    void admitAndAwaitStatement();
+
+    // All that has come so far, as it came.
+    const std::string& received() const { return received_; }
+
+  private:
+    bool receiveExactly(size_t count, std::string& bytes);
+
+    int socket_;
+    unsigned char number_ = 0;
+    std::string received_;
+};
+
+// A server that plays one connection by a script and then closes it. It has an address of its own,
+// since the client library knows but one port.
+class LyingServer {
+  public:
+    static constexpr const char* host = "127.0.0.2";
+
+    explicit LyingServer(std::function<void(Peer&)> script);
+    // Waits for the script's end.
+    ~LyingServer();
+    LyingServer(const LyingServer&) = delete;
+    LyingServer& operator=(const LyingServer&) = delete;
+
+    // Waits for the script's end; what the client had sent by then.
+    std::string received();
+
+  private:
+    void serve(const std::function<void(Peer&)>& script);
+
+    int listener_;
+    std::string received_;
+    std::thread thread_;
+};
+
+}  // namespace bracken::test
