@@ -26,6 +26,8 @@ FakePlatform::~FakePlatform() {
     install(nullptr);
     for (auto& box : boxes_) ADD_FAILURE() << "never shown: " << box.text;
     EXPECT_TRUE(folders_.empty()) << "a folder was never asked for";
+    EXPECT_TRUE(saves_.empty()) << "a file to write was never asked for";
+    EXPECT_TRUE(modals_.empty()) << "a modal window was never shown";
 }
 
 void FakePlatform::expectBox(const std::string& text, int answer) {
@@ -36,7 +38,9 @@ void FakePlatform::expectBoxLeftOpen(const std::string& text) {
     boxes_.push_back({text, BoxCode::okPressed, true});
 }
 
-void FakePlatform::expectFolder(const std::string& path) { folders_.push_back(path); }
+void FakePlatform::expectFolder(const std::string& path) {
+    folders_.push_back(path);
+}
 
 int FakePlatform::messageBox(const std::string& text, int code, const std::string& /*title*/) {
     boxCodes.push_back(code);
@@ -61,6 +65,37 @@ std::string FakePlatform::selectFolder() {
     std::string path = folders_.front();
     folders_.pop_front();
     return path;
+}
+
+void FakePlatform::expectSave(const std::string& path) {
+    saves_.push_back(path);
+}
+
+std::string FakePlatform::saveFile(const SaveQuestion& question) {
+    saveQuestions.push_back(question);
+    if (saves_.empty()) {
+        ADD_FAILURE() << "unexpected dialog for a file to write";
+        return "";
+    }
+    std::string path = saves_.front();
+    saves_.pop_front();
+    return path;
+}
+
+void FakePlatform::expectModal(const std::function<void(const Window&)>& user) {
+    modals_.push_back(user);
+}
+
+void FakePlatform::runModal(const Window& window) {
+    if (modals_.empty()) {
+        ADD_FAILURE() << "unexpected modal window";
+        return;
+    }
+    auto user = modals_.front();
+    modals_.pop_front();
+    baton::Hold hold;
+    user(window);
+    EXPECT_TRUE(window.closed()) << "the modal window stays open";
 }
 
 void runUntil(const std::function<bool()>& condition) {

@@ -22,14 +22,23 @@ class FakePlatform : public Platform {
     void expectBoxLeftOpen(const std::string& text);
     // The next folder dialog gives this path, "" for cancelled.
     void expectFolder(const std::string& path);
+    // The next dialog for a file to write gives this path, "" for cancelled.
+    void expectSave(const std::string& path);
+    // What the user does in the next modal window; it must close in the course of that.
+    void expectModal(const std::function<void(const Window&)>& user);
 
     int messageBox(const std::string& text, int code, const std::string& title) override;
     std::string selectFolder() override;
+    std::string saveFile(const SaveQuestion& question) override;
+    void runModal(const Window& window) override;
+    void launch(const std::string& path) override { launched.push_back(path); }
     void closeMessageBox() override { boxClosed_ = true; }
     void beep() override { beeps++; }
     ScreenRect screen() override { return {0, 0, 1920, 1080}; }
     bool offersEdit(const std::string& menuItemName) override { return menuItemName == offered; }
-    void performEdit(const std::string& menuItemName) override { performed.push_back(menuItemName); }
+    void performEdit(const std::string& menuItemName) override {
+        performed.push_back(menuItemName);
+    }
     void exitLoop(int status) override { exitStatus = status; }
     void bringToFront(Window& /*window*/) override {}
     void modelChanged() override { frames++; }
@@ -49,6 +58,9 @@ class FakePlatform : public Platform {
     std::function<void()> whileBoxIsOpen;
     // What the boxes asked, in order.
     std::vector<int> boxCodes;
+    std::vector<SaveQuestion> saveQuestions;
+    // Files that were opened.
+    std::vector<std::string> launched;
 
   private:
     struct Box {
@@ -58,11 +70,13 @@ class FakePlatform : public Platform {
     };
     std::deque<Box> boxes_;
     std::deque<std::string> folders_;
+    std::deque<std::string> saves_;
+    std::deque<std::function<void(const Window&)>> modals_;
     std::atomic<bool> boxClosed_{false};
 };
 
-// Lets runs go on and carries out their calls to this thread, which must be the main one holding the
-// baton, until the condition holds.
+// Lets runs go on and carries out their calls to this thread, which must be the main one holding
+// the baton, until the condition holds.
 void runUntil(const std::function<bool()>& condition);
 
 }  // namespace bracken::test

@@ -5,6 +5,7 @@
 #include "framework/controls/push_button.h"
 #include "framework/controls/windows.h"
 #include "framework/dialogs/platform.h"
+#include "framework/threads/without_baton.h"
 
 namespace bracken {
 
@@ -92,6 +93,12 @@ void Window::Show() {
     Visible = true;
     Windows::open().toFront(*this);
     Platform::current().bringToFront(*this);
+}
+
+void Window::ShowModal() {
+    auto self = shared_from_this();
+    Show();
+    withoutBaton([this] { Platform::current().runModal(*this); });
 }
 
 void Window::Close() {

@@ -42,11 +42,14 @@ class Window : public Mirrored, public std::enable_shared_from_this<Window> {
     bool MenuBarVisible = true;
     // 0: the platform chooses where a new window goes.
     int Placement = 0;
-    // 0: an ordinary document window.
+    // 0: an ordinary document window; 2: a modal dialog.
     int Frame = 0;
 
     // Makes the window visible and frontmost, without blocking.
     void Show();
+    // Makes it visible and returns once it has closed; until then the user can work with no other
+    // window. For a window with Frame 2, on the main thread.
+    void ShowModal();
     // Repaints all controls with the next frame.
     void Refresh(bool eraseBackground);
     // Runs Event_Close and takes the window off the open ones. The object lives on until the event

@@ -38,4 +38,8 @@ Ref<FolderItem> SelectFolder() {
     return GetFolderItem(path, 0);
 }
 
+void Launch(const Ref<FolderItem>& file) {
+    Platform::current().launch(file->AbsolutePath());
+}
+
 }  // namespace bracken

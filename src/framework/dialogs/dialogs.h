@@ -20,4 +20,8 @@ void Beep();
 // A folder chosen by the user; nil if the choice is cancelled. Main thread.
 Ref<FolderItem> SelectFolder();
 
+// Opens an HTML file in the user's default web browser, else in what the desktop opens it with, and
+// does not wait for that. With no such program nothing happens. Main thread.
+void Launch(const Ref<FolderItem>& file);
+
 }  // namespace bracken

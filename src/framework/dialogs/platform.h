@@ -24,6 +24,18 @@ struct ScreenRect {
     int height = 0;
 };
 
+// What a dialog for a file to write is to show.
+struct SaveQuestion {
+    // Path of the folder it starts in, "" for any.
+    std::string folder;
+    std::string title;
+    std::string prompt;
+    // The name that stands in it at first.
+    std::string name;
+    // Extension of the files it lists, "" for all.
+    std::string filter;
+};
+
 // What the program needs of the desktop: the one interface between the framework and a toolkit.
 class Platform {
   public:
@@ -39,12 +51,19 @@ class Platform {
     virtual int messageBox(const std::string& text, int code, const std::string& title) = 0;
     // An existing folder's path, "" if the user cancels.
     virtual std::string selectFolder() = 0;
+    // The path of a file to write, just as the user entered it; "" if the user cancels. For one
+    // that exists the user has agreed to its being replaced.
+    virtual std::string saveFile(const SaveQuestion& question) = 0;
+    // Lets the user work with this window alone, and returns once it has closed.
+    virtual void runModal(const Window& window) = 0;
 
     // Main thread, with the baton.
 
     // Closes the message box on the screen as if it had been answered.
     virtual void closeMessageBox() = 0;
     virtual void beep() = 0;
+    // Opens an HTML file as Launch tells. Returns at once; a failure is silent.
+    virtual void launch(const std::string& path) = 0;
     // The part of the main screen that windows may use.
     virtual ScreenRect screen() = 0;
     // Whether the control that has the focus offers the Edit menu's item of that name now, and

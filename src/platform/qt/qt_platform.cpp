@@ -13,6 +13,8 @@
 #include "framework/threads/baton.h"
 #include "framework/threads/thread.h"
 #include "platform/qt/edit_commands.h"
+#include "platform/qt/save_dialog.h"
+#include "platform/qt/web_browser.h"
 
 namespace bracken {
 
@@ -61,12 +63,37 @@ std::string QtPlatform::selectFolder() {
     return QFile::encodeName(path).toStdString();
 }
 
+std::string QtPlatform::saveFile(const SaveQuestion& question) {
+    std::string path;
+    application_.spin([&] { path = SaveDialog(question).ask(); });
+    return path;
+}
+
+void QtPlatform::runModal(const Window& window) {
+    auto closed = [&] {
+        baton::Hold hold;
+        return window.closed();
+    };
+    {
+        // Not left to the next frame: until it is on the screen the user could work elsewhere.
+        baton::Hold hold;
+        views_.frame();
+    }
+    application_.spin([&] {
+        while (!closed()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    });
+}
+
 void QtPlatform::closeMessageBox() {
     if (!boxes_.empty()) boxes_.back()->reject();
 }
 
 void QtPlatform::beep() {
     QApplication::beep();
+}
+
+void QtPlatform::launch(const std::string& path) {
+    openInBrowser(QFile::decodeName(QByteArray::fromStdString(path)));
 }
 
 ScreenRect QtPlatform::screen() {

@@ -26,8 +26,11 @@ class QtPlatform : public Platform {
 
     int messageBox(const std::string& text, int code, const std::string& title) override;
     std::string selectFolder() override;
+    std::string saveFile(const SaveQuestion& question) override;
+    void runModal(const Window& window) override;
     void closeMessageBox() override;
     void beep() override;
+    void launch(const std::string& path) override;
     ScreenRect screen() override;
     bool offersEdit(const std::string& menuItemName) override;
     void performEdit(const std::string& menuItemName) override;

@@ -19,6 +19,8 @@ class Views : public QObject {
 
     // Any thread: the model has changed, a frame is due.
     void requestFrame();
+    // Brings the views up to the model at once.
+    void frame();
     // The window comes to the front with the next frame. Any thread.
     void bringToFront(Window& window);
     // Shows which menu items are enabled now, in the window that is active.
@@ -33,7 +35,6 @@ class Views : public QObject {
     void timerEvent(QTimerEvent* event) override;
 
   private:
-    void frame();
     void dropClosed();
     void addOpened();
     WindowView* viewOf(const Window& window) const;

@@ -1,6 +1,7 @@
 #include "platform/qt/window_view.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QWindow>
 #include <algorithm>
@@ -14,6 +15,13 @@
 #include "platform/qt/view_factory.h"
 
 namespace bracken {
+
+namespace {
+
+// The kind of frame that Window::Frame names so.
+constexpr int modalDialog = 2;
+
+}  // namespace
 
 WindowView::WindowView(std::shared_ptr<Window> window)
     : window_(std::move(window)),
@@ -31,6 +39,10 @@ void WindowView::setFlags() {
     flags.setFlag(Qt::WindowCloseButtonHint, window_->CloseButton);
     flags.setFlag(Qt::WindowMinimizeButtonHint, window_->MinimizeButton);
     flags.setFlag(Qt::WindowMaximizeButtonHint, window_->MaximizeButton);
+    if (window_->Frame == modalDialog) {
+        flags |= Qt::Dialog;
+        setWindowModality(Qt::ApplicationModal);
+    }
     setWindowFlags(flags);
 }
 
@@ -93,6 +105,11 @@ void WindowView::syncWindow() {
 void WindowView::showAsModel() {
     bool visible = window_->Visible;
     if (visible == isVisible()) return;
+    QWidget* below = isModal() ? QApplication::activeWindow() : nullptr;
+    if (below != nullptr) {
+        winId();
+        windowHandle()->setTransientParent(below->windowHandle());
+    }
     setVisible(visible);
     if (visible) windowHandle()->installEventFilter(this);
 }

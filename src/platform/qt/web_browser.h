@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace bracken {
+
+// Opens a file in the program that the desktop has for https addresses, the default web browser; if
+// there is none, or it doesn't start, in what the desktop opens the file with. Waits for neither.
+void openInBrowser(const QString& path);
+
+}  // namespace bracken
