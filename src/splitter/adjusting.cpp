@@ -40,9 +40,9 @@ SmartSplitter::Span SmartSplitter::newSpan(const Attached& entry, int distance) 
     if (entry.shouldCenter) {
         double start =
             entry.behind
-                ? MinLimit + half(axis().extent(*this)) + half(place() - MinLimit) - half(extent)
+                ? MinLimit + half(axis().extent(*this)) + half(here() - MinLimit) - half(extent)
                 : static_cast<double>(axis().farEdge(*this)) +
-                      half(MaxLimit - place() - axis().extent(*this)) - half(extent);
+                      half(MaxLimit - here() - axis().extent(*this)) - half(extent);
         return {toInt32(start), extent};
     }
     if (entry.shouldMove) position += distance;
@@ -73,7 +73,7 @@ bool SmartSplitter::isOverlapped(const Attached& entry) const {
     // A lying splitter may reach one pixel further than an upright one.
     int margin = isVertical ? 1 : 2;
     const RectControl& control = *entry.control;
-    return entry.behind ? place() + margin < axis().farEdge(control)
+    return entry.behind ? here() + margin < axis().farEdge(control)
                         : axis().position(control) < axis().farEdge(*this) - margin;
 }
 

@@ -66,7 +66,7 @@ bool SmartSplitter::touches(const RectControl& control) const {
     bool overlaps = (start - near < from && end + near > from) ||
                     (start - near < to && end + near > to) ||
                     (from - near < start && to + near > start);
-    return overlaps && (isNear(place() - axis().farEdge(control)) ||
+    return overlaps && (isNear(here() - axis().farEdge(control)) ||
                         isNear(axis().farEdge(*this) - axis().position(control)));
 }
 
@@ -84,7 +84,7 @@ void SmartSplitter::attach(RectControl* control) {
     entry.normallyVisible = control->Visible;
     entry.minSizeVisible = suggest::minSizeControlShouldBeVisible(*control, isVertical);
     entry.size = static_cast<int>(axis().extent(*control));
-    entry.behind = axis().position(*control) < place();
+    entry.behind = axis().position(*control) < here();
     chooseRole(entry, control->Parent != nullptr && isAttached(control->Parent));
     attached.push_back(entry);
     raiseOffset(entry);

@@ -86,18 +86,18 @@ int64_t SmartSplitter::snappedOrStopped(int64_t distance, const End& end, bool b
     int64_t sign = end.isMin ? 1 : -1;
     int64_t limit = end.isMin ? MinLimit : MaxLimit;
     int64_t offset = end.isMin ? MinLimitOffset : MaxLimitOffset;
-    auto target = static_cast<double>(sign * (place() + distance));
+    auto target = static_cast<double>(sign * (here() + distance));
     bool inFirstHalf = target < static_cast<double>(sign * limit) + static_cast<double>(offset) / 2;
     bool snap = inFirstHalf || (end.snapped && behaving);
     end.snapped = snap && !end.stops;
-    if (end.snapped) return limit - place();
+    if (end.snapped) return limit - here();
     int64_t stop = limit + sign * offset;
-    return sign * (place() + distance) < sign * stop ? stop - place() : distance;
+    return sign * (here() + distance) < sign * stop ? stop - here() : distance;
 }
 
 void SmartSplitter::moveDistance(int distance, bool behaving) {
     initializeSmartSplitter();
-    int64_t from = place();
+    int64_t from = here();
     if (MinLimit == limitNotDerived) MinLimit = 0;
     int64_t way = distance;
     if (behaving && StayProportional) {
@@ -183,7 +183,7 @@ double SmartSplitter::proportion() {
 
 int SmartSplitter::position() {
     initializeSmartSplitter();
-    return asInt(place());
+    return asInt(here());
 }
 
 }  // namespace bracken

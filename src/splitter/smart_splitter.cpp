@@ -23,7 +23,7 @@ void SmartSplitter::initializeSmartSplitter() {
     if (Open) Open();
     if (attached.empty()) attachNearbyControls();
     assignLimits();
-    proportionValue = share(place());
+    proportionValue = share(here());
     proportionAtOpen = proportionValue;
     initializedSmartSplitter = true;
     initializingSmartSplitter = false;
@@ -37,7 +37,7 @@ void SmartSplitter::takeDesignValues() {
     minLimitOffsetPropSet = MinLimitOffset != 0;
     if (Debug) setDebug(true);
     if (SwapOrientation) isVertical = !isVertical;
-    positionAtOpen = static_cast<int>(place());
+    positionAtOpen = static_cast<int>(here());
     windowSizeAtOpen = static_cast<int>(axis().size(window()));
     windowSizeLast = windowSizeAtOpen;
     UseFocusRing = false;

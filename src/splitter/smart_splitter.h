@@ -167,7 +167,7 @@ class SmartSplitter : public Canvas {
     const Axis& axis() const { return isVertical ? Axis::across() : Axis::down(); }
     // Across its own axis, the one that it is long on.
     const Axis& crossAxis() const { return isVertical ? Axis::down() : Axis::across(); }
-    int64_t place() const { return axis().position(*this); }
+    int64_t here() const { return axis().position(*this); }
 
     bool touches(const RectControl& control) const;
     bool sharesPageWith(const RectControl& control) const;

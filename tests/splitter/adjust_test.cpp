@@ -1,0 +1,253 @@
+#include "framework/controls/group_box.h"
+#include "framework/controls/push_button.h"
+#include "tests/splitter/stage.h"
+
+namespace bracken::test {
+namespace {
+
+using Probe = SmartSplitterProbe;
+
+// The splitter at 400, 10 thick, free to move between 0 and 600.
+class Adjust : public SplitterTest {
+  protected:
+    RectControl& attach(int position, int extentAlong) {
+        auto& control = add<PushButton>("control", position, extentAlong);
+        splitter.attach(&control);
+        splitter.setMinLimit(0);
+        splitter.setMaxLimit(600);
+        splitter.setMinLimitOffset(0);
+        splitter.setMaxLimitOffset(0);
+        return control;
+    }
+    void setRole(RectControl& control, bool move, bool resize, bool center) {
+        entry(control).shouldMove = move;
+        entry(control).shouldResize = resize;
+        entry(control).shouldCenter = center;
+    }
+    void SetUp() override { open(); }
+};
+INSTANTIATE_TEST_SUITE_P(Both, Adjust, testing::Bool(), orientationName);
+
+TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
+    struct Case {
+        bool behind, move, resize, center;
+        int distance, position, extent;
+        bool shown;
+    };
+    const Case cases[] = {
+        {true, false, true, false, 50, 300, 150, true},
+        {true, false, true, false, -98, 300, 2, true},
+        {true, false, true, false, -99, 300, 1, false},
+        {true, false, true, false, -120, 300, -20, false},
+        {true, true, false, false, 50, 350, 100, true},
+        {true, true, true, false, 50, 350, 150, true},
+        {true, false, false, false, 50, 300, 100, true},
+        {true, false, false, false, -50, 300, 100, false},
+        {true, true, false, true, 50, 180, 100, true},    // 0 + 5 + 450/2 - 50, room 0 to 450
+        {true, false, false, true, -51, 129, 100, true},  // 5 + 349/2 - 50 = 129.5
+        {false, true, true, false, 50, 460, 50, true},
+        {false, true, true, false, 98, 508, 2, true},
+        {false, true, true, false, 99, 509, 1, false},
+        {false, true, false, false, 50, 460, 100, true},
+        {false, false, true, false, -50, 410, 150, true},
+        {false, false, false, false, -50, 410, 100, true},
+        {false, false, false, false, 50, 410, 100, false},
+        {false, false, false, true, -51, 429, 100, true},  // 359 + 241/2 - 50 = 429.5
+    };
+    for (const Case& c : cases) {
+        splitter.unAttachAllControls();
+        axis().setPosition(splitter, 400);
+        RectControl& control = attach(c.behind ? 300 : 410, 100);
+        setRole(control, c.move, c.resize, c.center);
+        splitter.moveDistance(c.distance, false);
+        SCOPED_TRACE(testing::Message() << (c.behind ? "min" : "max") << c.move << c.resize
+                                        << c.center << " by " << c.distance);
+        EXPECT_EQ(at(control), c.position);
+        EXPECT_EQ(extent(control), c.extent);
+        EXPECT_EQ(control.Visible, c.shown);
+    }
+}
+
+TEST_P(Adjust, HidesBelowTheMinimumAndShowsAgain) {
+    RectControl& control = attach(300, 100);
+    setRole(control, false, true, false);
+    splitter.setAttachedControlMinSizeVisible(&control, 20);
+    struct Step {
+        int distance, extent;
+        bool shown;
+    };
+    for (const Step& step : {Step{-80, 20, true}, Step{-1, 19, false}, Step{1, 20, true}}) {
+        splitter.moveDistance(step.distance, false);
+        EXPECT_EQ(extent(control), step.extent);
+        EXPECT_EQ(control.Visible, step.shown);
+    }
+    splitter.setAttachedControlMinSizeVisible(&control, 0);
+    splitter.moveDistance(-20, false);
+    EXPECT_EQ(extent(control), 0);
+    EXPECT_FALSE(control.Visible) << "a size of nothing is never shown";
+}
+
+TEST_P(Adjust, ShowsWhatTheProgramHidUnlessToldOtherwise) {
+    RectControl& control = attach(300, 100);
+    control.Visible = false;
+    splitter.behave();
+    EXPECT_TRUE(control.Visible);
+    splitter.setAttachedControlNormallyVisible(&control, false);
+    control.Visible = false;
+    splitter.behave();
+    EXPECT_FALSE(control.Visible);
+}
+
+TEST_P(Adjust, AStandingControlMayBeOverlappedByAMargin) {
+    // One pixel for an upright splitter, two for a lying one.
+    int margin = vertical() ? 1 : 2;
+    struct Case {
+        int position, extent;
+        bool shown;
+    };
+    const Case cases[] = {{300, 100 + margin, true},
+                          {300, 101 + margin, false},
+                          {410 - margin, 100, true},
+                          {409 - margin, 100, false}};
+    for (const Case& c : cases) {
+        splitter.unAttachAllControls();
+        RectControl& control = attach(c.position, c.extent);
+        setRole(control, false, false, false);
+        splitter.behave();
+        EXPECT_EQ(control.Visible, c.shown) << c.position << " " << c.extent;
+        setRole(control, false, false, true);
+        splitter.setMinLimit(380);
+        splitter.setMaxLimit(430);
+        splitter.behave();
+        EXPECT_FALSE(control.Visible) << "centring does not spare it";
+    }
+}
+
+TEST_P(Adjust, HidesWhatSticksOutOfItsContainer) {
+    struct Case {
+        int left, top, width, height;
+        bool shown;
+    };
+    const Case cases[] = {{420, 420, 80, 80, true},  {419, 420, 80, 80, false},
+                          {420, 419, 80, 80, false}, {420, 420, 81, 80, false},
+                          {420, 420, 80, 81, false}, {421, 421, 79, 79, true}};
+    auto& box = stage.add<GroupBox>("box", true, {0, 0});
+    box.place(420, 420, 80, 80);
+    for (const Case& c : cases) {
+        for (bool isSplitter : {false, true}) {
+            RectControl& control = isSplitter ? stage.add<SmartSplitter>("inner", true, {0, 0})
+                                              : stage.add<RectControl>("inner", true, {0, 0});
+            control.place(c.left, c.top, c.width, c.height);
+            control.Parent = &box;
+            splitter.unAttachAllControls();
+            splitter.attach(&control);
+            splitter.setMaxLimit(400);
+            splitter.behave();
+            EXPECT_EQ(control.Visible, c.shown || isSplitter)
+                << c.left << " " << c.top << " " << c.width << " " << c.height;
+        }
+    }
+}
+
+TEST_P(Adjust, AContainerThatMovesCarriesItsContents) {
+    auto& box = add<GroupBox>("box", 410, 100);
+    auto& inner = add<PushButton>("inner", 420, 50);
+    inner.Parent = &box;
+    splitter.attach(&box);
+    splitter.setMaxLimitOffset(0);
+    splitter.moveDistance(30, false);
+    EXPECT_EQ(at(box), 440);
+    EXPECT_EQ(extent(box), 70);
+    EXPECT_EQ(at(inner), 450);
+    EXPECT_EQ(extent(inner), 50);
+    EXPECT_TRUE(inner.Visible);
+    splitter.moveDistance(11, false);
+    EXPECT_FALSE(inner.Visible) << "a pixel of it sticks out";
+}
+
+TEST_P(Adjust, SkipsAnEntryThatIsEmptyForTheMoment) {
+    RectControl& control = attach(300, 100);
+    Probe::attached(splitter).insert(Probe::attached(splitter).begin(), Probe::Entry());
+    splitter.moveDistance(-50, false);
+    EXPECT_FALSE(control.Visible) << "the one behind it is adjusted";
+}
+
+TEST_P(Adjust, TouchesNothingThatFits) {
+    RectControl& resizing = attach(300, 100);
+    setRole(resizing, false, true, false);
+    RectControl& standing = attach(600, 50);
+    setRole(standing, false, false, false);
+    splitter.behave();
+    resizing.takeChanged();
+    standing.takeChanged();
+    splitter.behave();
+    EXPECT_FALSE(resizing.takeChanged());
+    EXPECT_FALSE(standing.takeChanged());
+}
+
+TEST_P(Adjust, CentringActsAtOnce) {
+    RectControl& control = attach(300, 100);
+    splitter.setAttachedControlShouldCenter(&control, true);
+    EXPECT_EQ(at(control), 155);  // 0 + 5 + 400/2 - 50
+    splitter.setAttachedControlShouldCenter(&control, false);
+    EXPECT_EQ(at(control), 155);
+}
+
+// One beside the other, the second attached to the first.
+class NestedSplitters : public SplitterTest {
+  protected:
+    void SetUp() override {
+        open();
+        other.attach(&pane);
+        other.setMinLimit(0);
+        other.setMaxLimit(2000);
+        other.setMinLimitOffset(0);
+        splitter.attach(&other);
+        splitter.setMinLimit(0);
+        splitter.setMaxLimit(2000);
+        splitter.setMaxLimitOffset(0);
+        other.Moved = [this](int /*distance*/) { ++told; };
+    }
+
+    SmartSplitter& other = add<SmartSplitter>("other", 500, 10);
+    RectControl& pane = add<RectControl>("pane", 410, 90);
+    int told = 0;
+};
+INSTANTIATE_TEST_SUITE_P(Both, NestedSplitters, testing::Bool(), orientationName);
+
+TEST_P(NestedSplitters, AreToldOfAMoveButPassNothingOn) {
+    other.attach(&splitter);
+    int back = 0;
+    splitter.Moved = [&](int /*distance*/) { ++back; };
+    splitter.moveDistance(20, false);
+    EXPECT_EQ(at(other), 520) << "it moves along as attached controls do";
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(back, 1);
+    splitter.behave();
+    EXPECT_EQ(told, 1) << "behaving tells nobody";
+    EXPECT_EQ(back, 2);
+}
+
+TEST_P(NestedSplitters, OfTheOtherOrientationAreNotTold) {
+    int crossing = 0;
+    auto& crossed = stage.add<SmartSplitter>("crossed", !vertical(), {150, 10});
+    crossed.Moved = [&](int /*distance*/) { ++crossing; };
+    crossed.Event_Open();
+    splitter.attach(&crossed);
+    splitter.moveDistance(20, false);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(crossing, 0);
+}
+
+TEST_P(NestedSplitters, AreNotToldBySettingThePositionWithoutLiveDrag) {
+    splitter.DisableLiveDrag = true;
+    int moved = 0;
+    splitter.Moved = [&](int /*distance*/) { ++moved; };
+    splitter.setPosition(430);
+    EXPECT_EQ(at(other), 530) << "the controls follow all the same";
+    EXPECT_EQ(told, 0);
+    EXPECT_EQ(moved, 0);
+}
+
+}  // namespace
+}  // namespace bracken::test
