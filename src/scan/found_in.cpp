@@ -6,9 +6,9 @@ namespace bracken {
 
 void enterFile(Listbox& list, int row, const std::string& name, const std::string& path) {
     if (equal(list.cellText(row, 1), notFoundYet)) list.Cell(row, 1) = "";
-    if (InStr(0, list.cellText(row, 1), name) != 0) return;
-    list.appendToCell(row, 1, name + ",");
-    list.appendToCell(row, 2, path + ",");
+    if (list.cellContains(row, 1, name)) return;
+    list.appendNameToCell(row, 1, name);
+    list.appendNameToCell(row, 2, path);
 }
 
 }  // namespace bracken

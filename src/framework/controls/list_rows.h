@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "framework/controls/cell_names.h"
+
 namespace bracken {
 
 // The rows of a list: text by row and column, both counted from 0. Rows and columns must be in
@@ -22,8 +24,15 @@ class ListRows {
     // Puts the rows into the given order of their present numbers.
     void reorder(const std::vector<int>& order);
 
+    // The cell's index of names, empty until one is made; it moves with its row and is dropped by
+    // every write to the cell but an append.
+    std::unique_ptr<CellNames>& names(int row, int column);
+
   private:
-    using Row = std::vector<std::string>;
+    struct Row {
+        std::vector<std::string> cells;
+        std::vector<std::unique_ptr<CellNames>> names;
+    };
 
     std::string& cell(int row, int column);
 

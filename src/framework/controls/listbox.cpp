@@ -89,6 +89,8 @@ void Listbox::RemoveRow(int row) {
 void Listbox::DeleteAllRows() {
     baton::assertHeld();
     rows_.clear();
+    names_.clear();
+    lastName_.clear();
     lastIndex_ = -1;
     structureChanged();
     ListIndex = -1;
@@ -108,9 +110,33 @@ void Listbox::setCell(int row, int column, std::string_view text) {
         markChanged();
 }
 
-void Listbox::appendToCell(int row, int column, std::string_view text) {
+uint32_t Listbox::numberOf(std::string_view name) {
+    if (name != lastName_) {
+        lastNumber_ = names_.numberOf(name);
+        lastName_ = name;
+    }
+    return lastNumber_;
+}
+
+bool Listbox::cellContains(int row, int column, std::string_view name) {
+    std::string_view text = cellText(row, column);
+    if (name.empty() || text.empty()) return false;
+    if (name.find(',') != std::string_view::npos) return InStr(0, text, name) > 0;
+    auto& names = rows_.names(row, column);
+    if (names == nullptr) names = std::make_unique<CellNames>(text, names_);
+    return names->contains(numberOf(name), names_);
+}
+
+void Listbox::appendNameToCell(int row, int column, std::string_view name) {
     checkCell(row, column);
-    rows_.append(row, column, text);
+    auto& names = rows_.names(row, column);
+    bool plain = !name.empty() && name.find(',') == std::string_view::npos;
+    if (names != nullptr && plain && names->complete())
+        names->add(numberOf(name), names_);
+    else
+        names = nullptr;
+    rows_.append(row, column, name);
+    rows_.append(row, column, ",");
     if (column == 0)
         structureChanged();
     else

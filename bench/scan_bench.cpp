@@ -1,0 +1,176 @@
+// A whole scan with no window: counts, walks, reads, matches, enters, and prints one line of JSON.
+//
+//     scan_bench FOLDER NAMES_FILE [EXTENSIONS] [--relation FILE]
+//
+// NAMES_FILE holds a table name a line. With --relation each row's name and its two result cells
+// are written to FILE, separated by tabs.
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "bench/null_platform.h"
+#include "framework/controls/window.h"
+#include "framework/controls/windows.h"
+#include "framework/text/text.h"
+#include "framework/threads/main_calls.h"
+#include "framework/threads/without_baton.h"
+#include "scan/extension_filter.h"
+#include "scan/file_search.h"
+#include "scan/found_in.h"
+#include "scan/long_process_thread.h"
+#include "scan/tree_walk.h"
+
+namespace {
+
+using namespace bracken;
+
+struct Options {
+    std::string folder;
+    std::string namesFile;
+    std::string extensions;
+    std::string relation;
+};
+
+Options parse(int argc, char** argv) {
+    std::vector<std::string> words(argv + 1, argv + argc);
+    Options options;
+    auto flag = std::find(words.begin(), words.end(), "--relation");
+    if (flag != words.end() && flag + 1 != words.end()) {
+        options.relation = flag[1];
+        words.erase(flag, flag + 2);
+    }
+    if (words.size() < 2 || words.size() > 3)
+        throw std::runtime_error(
+            "usage: scan_bench FOLDER NAMES_FILE [EXTENSIONS] [--relation FILE]");
+    options.folder = words[0];
+    options.namesFile = words[1];
+    if (words.size() == 3) options.extensions = words[2];
+    return options;
+}
+
+// The controls of a run on a window that is never shown.
+class BenchWindow : public Window {
+  public:
+    Listbox lstResults{*this, "lstResults"};
+    StaticText lblProgress{*this, "lblProgress"};
+    ProgressBar ProgressBar1{*this, "ProgressBar1"};
+    ProgressWheel pwInitializing{*this, "pwInitializing"};
+};
+
+class BenchContext : public RunContext {
+  public:
+    BenchContext(BenchWindow& window, const Options& options)
+        : window_(window),
+          folder_(GetFolderItem(options.folder, 0)),
+          extensions_(options.extensions) {}
+
+    Ref<FolderItem> folder() override { return folder_; }
+    Listbox& lstResults() override { return window_.lstResults; }
+    StaticText& lblProgress() override { return window_.lblProgress; }
+    class ProgressBar& ProgressBar1() override {
+        return window_.ProgressBar1;
+    }
+    ProgressWheel& pwInitializing() override { return window_.pwInitializing; }
+    std::string extensions() override { return extensions_; }
+    std::string peekExtensions() override { return extensions_; }
+
+  private:
+    BenchWindow& window_;
+    Ref<FolderItem> folder_;
+    std::string extensions_;
+};
+
+void fill(Listbox& list, const std::string& namesFile) {
+    std::ifstream names(namesFile);
+    if (!names) throw std::runtime_error("can't read " + namesFile);
+    for (std::string name; std::getline(names, name);) {
+        list.AddRow(name);
+        list.Cell(list.LastIndex(), 1) = notFoundYet;
+    }
+}
+
+// Runs the scan to its end; milliseconds. A failure of the scan ends the process.
+double run(NullPlatform& platform, BenchWindow& window, const Options& options,
+           int32_t& filesSeen) {
+    auto thread =
+        std::make_shared<LongProcessThread>(std::make_unique<BenchContext>(window, options));
+    bool finished = false;
+    thread->Finished = [&] {
+        finished = true;
+        platform.wake();
+    };
+    auto start = std::chrono::steady_clock::now();
+    thread->Run();
+    for (int woken = 0; !finished; woken++) {
+        MainCalls::instance().run();
+        Unheld unheld;
+        platform.woken.wait(woken);
+    }
+    std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
+    filesSeen = thread->totalFiles;
+    Unheld unheld;
+    Thread::joinAll();
+    return took.count();
+}
+
+void writeRelation(const Listbox& list, const std::string& file) {
+    std::ofstream out(file, std::ios::binary);
+    for (int row = 0; row < list.ListCount(); row++)
+        out << list.cellText(row, 0) << '\t' << list.cellText(row, 1) << '\t'
+            << list.cellText(row, 2) << '\n';
+}
+
+void report(const Listbox& list, const Options& options, int32_t filesSeen, double milliseconds,
+            long peakKiB) {
+    long long searched = 0;
+    long long bytes = 0;
+    TreeWalk walk(GetFolderItem(options.folder, 0));
+    while (Ref<FolderItem> file = walk.next()) {
+        if (!passesExtensions(file->Name(), options.extensions)) continue;
+        searched++;
+        bytes += searchedLength(file->Length());
+    }
+    long long hits = 0;
+    int found = 0;
+    for (int row = 0; row < list.ListCount(); row++) {
+        std::string_view cell = list.cellText(row, 1);
+        if (equal(cell, notFoundYet)) continue;
+        found++;
+        hits += std::count(cell.begin(), cell.end(), ',');
+    }
+    std::printf(
+        "{\"files_seen\":%d,\"files_searched\":%lld,\"bytes\":%lld,\"milliseconds\":%.1f,"
+        "\"hits\":%lld,\"rows_found\":%d,\"peak_kib\":%ld}\n",
+        filesSeen, searched, bytes, milliseconds, hits, found, peakKiB);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        Options options = parse(argc, argv);
+        NullPlatform platform;
+        baton::Hold hold;
+        auto window = std::make_shared<BenchWindow>();
+        fill(window->lstResults, options.namesFile);
+        window->lstResults.ColumnCount = 3;
+        int32_t filesSeen = 0;
+        double milliseconds = run(platform, *window, options, filesSeen);
+        struct rusage usage;
+        getrusage(RUSAGE_SELF, &usage);
+        report(window->lstResults, options, filesSeen, milliseconds, usage.ru_maxrss);
+        if (!options.relation.empty()) writeRelation(window->lstResults, options.relation);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
