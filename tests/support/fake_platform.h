@@ -39,6 +39,8 @@ class FakePlatform : public Platform {
     void performEdit(const std::string& menuItemName) override {
         performed.push_back(menuItemName);
     }
+    std::string clipboardText() override { return clipboard; }
+    void setClipboardText(const std::string& text) override { clipboard = text; }
     void exitLoop(int status) override { exitStatus = status; }
     void bringToFront(Window& /*window*/) override {}
     void modelChanged() override { frames++; }
@@ -52,6 +54,7 @@ class FakePlatform : public Platform {
     // -1: not called.
     int exitStatus = -1;
     int abortStatus = -1;
+    std::string clipboard;
     std::string offered;
     std::vector<std::string> performed;
     // Called while a box is on the screen.

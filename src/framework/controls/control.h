@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,9 @@ class Control : public Mirrored {
     // Its window has opened, before the window's own event; its window closes, after that.
     virtual void Event_Open() {}
     virtual void Event_Close() {}
+
+    // Its number among controls of one name; INT32_MIN for one that stands alone.
+    int32_t Index = INT32_MIN;
 
   private:
     Window& window_;

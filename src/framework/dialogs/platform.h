@@ -70,6 +70,9 @@ class Platform {
     // carrying it out.
     virtual bool offersEdit(const std::string& menuItemName) = 0;
     virtual void performEdit(const std::string& menuItemName) = 0;
+    // The system clipboard's text; a desktop without one has an empty one.
+    virtual std::string clipboardText() { return ""; }
+    virtual void setClipboardText(const std::string& /*text*/) {}
     // Ends the event loop; the process then ends in good order.
     virtual void exitLoop(int status) = 0;
 

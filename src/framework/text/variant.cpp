@@ -15,10 +15,31 @@ struct ToDouble {
     }
 };
 
+struct ToString {
+    std::string operator()(std::monostate) const { return ""; }
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+    std::string operator()(const std::string& text) const { return text; }
+    template <class T>
+    std::string operator()(T value) const {
+        return Str(value);
+    }
+};
+
 }  // namespace
 
 double Variant::DoubleValue() const {
     return std::visit(ToDouble(), value_);
+}
+
+std::string Variant::StringValue() const {
+    return std::visit(ToString(), value_);
+}
+
+bool IsNumeric(const Variant& value) {
+    const auto* text = std::get_if<std::string>(&value.value_);
+    if (text != nullptr) return IsNumeric(std::string_view(*text));
+    return !std::holds_alternative<std::monostate>(value.value_) &&
+           !std::holds_alternative<bool>(value.value_);
 }
 
 int VarType(const Variant& value) {

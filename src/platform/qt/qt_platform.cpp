@@ -1,5 +1,6 @@
 #include "platform/qt/qt_platform.h"
 
+#include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
 #include <QMenu>
@@ -13,6 +14,7 @@
 #include "framework/threads/baton.h"
 #include "framework/threads/thread.h"
 #include "platform/qt/edit_commands.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/save_dialog.h"
 #include "platform/qt/web_browser.h"
 
@@ -94,6 +96,14 @@ void QtPlatform::beep() {
 
 void QtPlatform::launch(const std::string& path) {
     openInBrowser(QFile::decodeName(QByteArray::fromStdString(path)));
+}
+
+std::string QtPlatform::clipboardText() {
+    return bytesOf(QGuiApplication::clipboard()->text());
+}
+
+void QtPlatform::setClipboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(shown(text));
 }
 
 ScreenRect QtPlatform::screen() {

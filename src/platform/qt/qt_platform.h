@@ -34,6 +34,8 @@ class QtPlatform : public Platform {
     ScreenRect screen() override;
     bool offersEdit(const std::string& menuItemName) override;
     void performEdit(const std::string& menuItemName) override;
+    std::string clipboardText() override;
+    void setClipboardText(const std::string& text) override;
     void exitLoop(int status) override;
     void bringToFront(Window& window) override;
     void modelChanged() override;
