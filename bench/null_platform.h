@@ -20,8 +20,11 @@ class NullPlatform : public Platform {
         return BoxCode::okPressed;
     }
     std::string selectFolder() override { return ""; }
+    std::string saveFile(const SaveQuestion& /*question*/) override { return ""; }
+    void runModal(const Window& /*window*/) override {}
     void closeMessageBox() override {}
     void beep() override {}
+    void launch(const std::string& /*path*/) override {}
     ScreenRect screen() override { return {}; }
     bool offersEdit(const std::string& /*menuItemName*/) override { return false; }
     void performEdit(const std::string& /*menuItemName*/) override {}
