@@ -87,8 +87,10 @@ class Desktop:
         values = dict(line.split("=") for line in text.split())
         return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if values else None
 
-    def active(self):
-        return int(self.ask("xdotool", "getactivewindow") or 0)
+    def place(self, window, left, top, width, height):
+        """Moves and resizes a window as the window manager does for its user."""
+        self.ask("xdotool", "windowsize", "--sync", str(window), str(width), str(height))
+        self.ask("xdotool", "windowmove", "--sync", str(window), str(left), str(top))
 
     def activate(self, window):
         self.ask("xdotool", "windowactivate", "--sync", str(window))

@@ -145,11 +145,9 @@ class LoginWindow:
         self.reach("folder", lambda: self._pick(database))
 
     def _pick(self, database):
-        before = self.program.desktop.active()
         self.press(DATABASES)
         self.program.desktop.type(database)
         self.program.desktop.keys("Return")
-        return before
 
     def go(self):
         self.press(GO)
