@@ -1,6 +1,7 @@
 """A display without a screen, with a window manager; clicks and keys as a user makes them."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -52,6 +53,7 @@ class Desktop:
         # With a home of its own it takes the settings that come with it, not the user's.
         environment = {**self.environment, "HOME": self.folder, "XDG_CONFIG_HOME": self.folder}
         self.processes.append(subprocess.Popen(["openbox"], env=environment, start_new_session=True,
+                                               stdout=subprocess.DEVNULL,
                                                stderr=subprocess.DEVNULL))
         wait_for(lambda: b"window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                  "the window manager")
@@ -83,9 +85,10 @@ class Desktop:
 
     def frame(self, window):
         """Left, top, width and height of the window's inside on the screen; None if it is gone."""
-        text = self.ask("xdotool", "getwindowgeometry", "--shell", str(window)).decode()
-        values = dict(line.split("=") for line in text.split())
-        return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if values else None
+        text = self.ask("xwininfo", "-id", str(window)).decode()
+        names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        found = [re.search(rf"{name}: +(-?\d+)", text) for name in names]
+        return tuple(int(match[1]) for match in found) if all(found) else None
 
     def place(self, window, left, top, width, height):
         """Moves and resizes a window as the window manager does for its user."""
