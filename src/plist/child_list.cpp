@@ -31,7 +31,7 @@ void ChildList::removeLast(std::string_view name) {
     if (chain != nullptr) remove(chain->last);
 }
 
-void ChildList::removeAt(int position) {
+void ChildList::removeAt(int64_t position) {
     if (position == 0 && upperBound() == 0 && hasElementZero_) {
         hasElementZero_ = false;
     } else {
@@ -46,7 +46,7 @@ void ChildList::drainInto(std::vector<Node>& nodes) {
     *this = ChildList();
 }
 
-uint32_t ChildList::slotAt(int position) const {
+uint32_t ChildList::slotAt(int64_t position) const {
     if (position < 1 || position > upperBound()) {
         throw IndexOutOfRangeException("Child " + Str(position));
     }

@@ -50,7 +50,7 @@ class ChildList {
     void removeLast(std::string_view name);
     // Removes a position of both arrays; IndexOutOfRangeException. Removing position 0 leaves the
     // first child, or else the next one appended, as the element that is never used.
-    void removeAt(int position);
+    void removeAt(int64_t position);
     // Moves all children out.
     void drainInto(std::vector<Node>& nodes);
 
@@ -67,7 +67,7 @@ class ChildList {
         uint32_t last = none;
     };
 
-    uint32_t slotAt(int position) const;
+    uint32_t slotAt(int64_t position) const;
     void link(uint32_t slot);
     void unlink(uint32_t slot);
     void remove(uint32_t slot);

@@ -38,6 +38,13 @@ class plist {
     Ref<FolderItem> org;
     // Whether each error of a node also shows a message box.
     bool debug = false;
+    // The latest hit of a search: its node, key, value and tag.
+    Ref<plistDict> foundDict;
+    std::string foundKey;
+    std::string foundValue;
+    std::string foundType;
+    // The text of the latest Find.
+    std::string lastSearch;
 
     // Saves, and with `cleanup` removes the text copy of a binary file. A file that can't be
     // written is an error; a failure of plutil goes unseen.
@@ -46,11 +53,29 @@ class plist {
     // `file` in both cases. With neither there the tree is empty, and an error stands.
     // NilObjectException for no file or one that can't be opened.
     virtual void Load(const Ref<FolderItem>& file, const Ref<FolderItem>& fallback);
+    // Puts the document's lines on the clipboard, with search marks; see plistDict::Dump. Main
+    // thread.
+    virtual void Dump() const;
     // Removes the text copy of a binary file.
     virtual void Cleanup();
     virtual void Save();
+    // Find the first value that holds the text, and the next one that has not been found since; a
+    // value set anew counts as not found. Every search moves the cursors of all nodes. FindNext
+    // with another text than the latest Find gives the first hit each time.
+    virtual bool Find(const std::string& text);
+    virtual bool FindNext(const std::string& text);
+    // Marks all values at and below the node as not found.
+    virtual void ClearSearch(const Ref<plistDict>& node);
+
+  protected:
+    // Searches at and below the node. The kind is "valueSearch" or "keySearch", which looks at the
+    // keys of scalars.
+    bool ReadStructure(const Ref<plistDict>& node, const std::string& text,
+                       const std::string& kind);
 
   private:
+    bool hit(const Ref<plistDict>& node, const std::string& key, const std::string& text,
+             const std::string& kind);
     void startNew(const FolderItem& missing);
     // The stream over the text of `source` from its first line on; `line` becomes that line.
     Ref<TextInputStream> openText(const Ref<FolderItem>& source, std::string& line);

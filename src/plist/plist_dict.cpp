@@ -88,6 +88,17 @@ void plistDict::AddChild(std::string_view key) {
     searched.Value(key, false);
 }
 
+bool plistDict::AddArray(std::string_view key) {
+    SetError(false, "");
+    if (types.HasKey(key)) {
+        SetError(true, "Array exists: " + std::string(key) + " already exists");
+        return false;
+    }
+    adopt(key, "array", std::string(key));
+    searched.Value(key, false);
+    return true;
+}
+
 plistDict& plistDict::adopt(std::string_view key, std::string_view tag, std::string nodeName) {
     types.Value(key, std::string(tag));
     const auto node = std::make_shared<plistDict>();

@@ -4,16 +4,26 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "framework/files/text_input_stream.h"
 #include "framework/files/text_output_stream.h"
+#include "framework/graphics/color.h"
 #include "framework/ref.h"
 #include "framework/text/dictionary.h"
+#include "framework/text/variant.h"
+#include "framework/values/date.h"
 #include "plist/child_list.h"
 
 namespace bracken {
 
+class CheckBox;
+class EditField;
+class Listbox;
 class plist;
+class PopupMenu;
+class RadioButton;
+class StaticText;
 class Window;
 
 // One node of a property list: a dictionary, or an array, which is a dictionary with the keys "0",
@@ -52,6 +62,8 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
     bool eof = false;
     // Whether a search has returned the key already.
     Dictionary<bool> searched;
+    // The latest AbsolutePath.
+    std::string path;
 
     // Reads the body of a node from behind its opening tag up to its end tag; with `populate` false
     // it reads nothing, and `stream` may be nil. The children that the node has already are kept. A
@@ -76,19 +88,44 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
     virtual bool TypeOK(std::string_view key);
     virtual int32_t GetInteger(std::string_view key, int32_t missing);
     virtual bool GetBoolean(std::string_view key, bool missing);
-    // The setters refuse a key that bears another tag, with an error.
+    // Nil for a container; the present moment, with an error, for a text that names no day.
+    virtual Ref<Date> GetDate(std::string_view key, const Ref<Date>& missing);
+    // Stores what is missing as a "string".
+    virtual std::string GetData(std::string_view key, const std::string& missing);
+    // The setters refuse a key that bears another tag, with an error; SetData takes any.
     virtual void SetBoolean(std::string_view key, bool value);
     // 2 for a missing key, 1 for one that bears the tag, else 0, with an error.
     virtual int32_t CheckType(std::string_view key, std::string_view tag);
     virtual void SetString(std::string_view key, const std::string& value);
     // Rounded half away from zero.
     virtual void SetInteger(std::string_view key, double value);
+    virtual double GetDouble(std::string_view key, double missing);
+    virtual void SetDouble(std::string_view key, double value);
+    virtual void SetData(std::string_view key, const std::string& value);
+    // The date's fields as they are, with a "Z" behind them that means nothing.
+    // NilObjectException for nil.
+    virtual void SetDate(std::string_view key, const Ref<Date>& date);
     // A number of at least two digits.
     virtual std::string MakeTwo(int32_t n) const;
-    // Adds an empty dictionary; refuses an existing key, with an error.
+    // Add an empty container; refuse an existing key, with an error.
     virtual void AddChild(std::string_view key);
+    virtual bool AddArray(std::string_view key);
+    // Add an element to an array node under the number of its keys so far; an error on other nodes.
+    virtual void AppendInteger(int32_t value);
+    // The new node has no name of its own.
+    virtual void AppendDict();
+    virtual void AppendArray();
+    virtual void AppendBoolean(bool value);
+    virtual void AppendDouble(double value);
+    virtual void AppendString(const std::string& value);
+    virtual void AppendData(const std::string& value);
+    virtual void AppendDate(const Ref<Date>& date);
     // False, with an error, for a node that is no array.
     virtual bool CheckArray();
+    // Removes a key, or, by a number or a text that reads as one, an element of an array, where the
+    // scalars behind it move down. KeyNotFoundException for a missing key, and after the removal of
+    // the last element; IndexOutOfRangeException for a container with no child at its place.
+    virtual void Remove(const Variant& key);
     virtual int32_t count() const;
     virtual void MoveNext();
     virtual void MoveFirst();
@@ -96,10 +133,18 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
     virtual void MoveLast();
     // "" behind the last key; the cursor is then at the first one again, and `eof` set.
     virtual std::string CurrentKey();
+    // Stores a "real" where there is no key or a "double", and refuses an existing "real".
+    virtual void SetReal(std::string_view key, double value);
+    virtual double GetReal(std::string_view key, double missing);
     // Reads as true when missing, and stores that.
     virtual bool GetBoolean(std::string_view key);
     virtual bool Exists(std::string_view key) const;
+    virtual std::string GetData(std::string_view key);
+    // The present moment when missing.
+    virtual Ref<Date> GetDate(std::string_view key);
+    virtual double GetDouble(std::string_view key);
     virtual int32_t GetInteger(std::string_view key);
+    virtual double GetReal(std::string_view key);
     virtual std::string GetString(std::string_view key);
     virtual std::string GetValue(std::string_view key);
     // Encode and decode the angle brackets, and nothing else.
@@ -107,17 +152,77 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
     virtual std::string CodeToBrackets(std::string_view text) const;
     // Reports to the document; in its debug mode an error also shows a message box.
     virtual void SetError(bool flag, const std::string& message);
-    // Stores title and frame of a window, and restores them as they were stored, off screen or not.
-    // A key that is missing is stored first. NilObjectException for null.
+    // Appends the node's lines to the clipboard, with search marks, each child's lines ahead of its
+    // parent's. Main thread.
+    virtual void Dump(int32_t level) const;
+    // Each part in hexadecimal without padding, while reading takes fixed pairs of digits: a part
+    // below 16 does not come back.
+    virtual void SetColor(std::string_view key, Color color);
+    virtual Color GetColor(std::string_view key);
+    virtual Color GetColor(std::string_view key, Color missing);
+    // Store title and frame of a window, and restore them as they were stored, off screen or not. A
+    // key that is missing is stored first. NilObjectException for a nil window, as for each nil
+    // control below.
     virtual void SetWindow(std::string_view key, const Window* window);
     virtual void GetWindow(std::string_view key, Window* window);
+    virtual void AppendColor(Color color);
+    virtual void AppendWindow(const Window* window);
+    // Rows and selected text of a list under its name and Index. The getters store the control's
+    // state first when it is missing, and add rows to those that are there.
+    virtual void SetListbox(Listbox* listbox);
+    virtual void SetPopup(PopupMenu* popup);
+    virtual void GetListbox(Listbox* listbox, bool setDefault);
+    virtual void GetPopup(PopupMenu* popup, bool setDefault);
+    // On an array node; the key is the control's, and no element's number.
+    virtual void AppendListbox(Listbox* listbox);
+    virtual void AppendPopup(PopupMenu* popup);
+    // Stores elements `first` to `last` as an array. A bound beyond the list's upper bound becomes
+    // 0 or that bound.
+    virtual void SetList(std::string_view key, const std::vector<std::string>& list, int32_t first,
+                         int32_t last);
+    // The elements, from index 0 for a base of 0, else from 1, behind an empty one.
+    virtual void GetList(std::string_view key, std::vector<std::string>& list, int32_t base);
+    // Appends an empty array; the list's elements themselves are refused by the child "-1".
+    virtual void AppendList(const std::vector<std::string>& list, int32_t first, int32_t last);
+    // The state of a control under its name, which is the default of its getter.
+    virtual void SetEditField(const EditField* field);
+    virtual void GetEditField(EditField* field);
+    virtual void GetCheckbox(CheckBox* box);
+    virtual void SetCheckbox(const CheckBox* box);
+    virtual void SetStaticText(const StaticText* label);
+    virtual void GetStaticText(StaticText* label);
+    virtual void SetRadio(const RadioButton* button);
+    virtual void GetRadio(RadioButton* button);
+    // The names from the root down, each behind a colon. NilObjectException on the root itself and
+    // where no node above is named "root".
+    virtual std::string AbsolutePath();
+    // Copies a key into `destination`, under `newName` unless that is empty, and with `remove`
+    // removes it here. A container arrives as a dictionary; it merges into one that is there.
+    // StackOverflowException for a container copied into itself.
+    virtual void Move(const std::string& key, const Ref<plistDict>& destination, bool remove,
+                      const std::string& newName);
+    virtual void Move(const std::string& key, const Ref<plistDict>& destination);
+    virtual void Copy(const std::string& key, const Ref<plistDict>& destination);
+    virtual void Rename(const std::string& oldKey, const std::string& newKey);
 
   private:
     // Stores a scalar unless the key bears another tag than `checked`.
     bool store(std::string_view key, std::string_view checked, std::string_view tag,
                std::string value);
+    void put(std::string_view key, std::string_view tag, std::string value);
+    // Adds an element to an array node.
+    void append(std::string_view tag, std::string value);
+    double getNumber(std::string_view key);
+    std::string dateText(const Date& date) const;
     // Adds a node of this node's document under the key.
     plistDict& adopt(std::string_view key, std::string_view tag, std::string nodeName);
+    void removeKey(const std::string& key);
+    void removeElement(int32_t i);
+    void shiftDown(int32_t removed, int32_t last);
+    void BuildPath(const plistDict* node, const std::string& text);
+    void storeFrame(const Window& window);
+    // Makes the node anew that holds a list's state, and gives it.
+    Ref<plistDict> startList(const std::string& key, const std::string& selected);
 };
 
 }  // namespace bracken

@@ -4,7 +4,7 @@
 #include "plist/brackets.h"
 #include "plist/plist_dict.h"
 #include "plist/reader.h"
-#include "plist/writer.h"
+#include "plist/tree_lines.h"
 
 namespace bracken {
 
@@ -13,6 +13,19 @@ namespace {
 bool isControl(char c) {
     return static_cast<unsigned char>(c) < 32;
 }
+
+class Writer : public TreeLines {
+  public:
+    explicit Writer(TextOutputStream& stream) : stream_(stream) {}
+
+  private:
+    void line(std::string_view indent, std::string_view text) override {
+        stream_.Write(indent);
+        stream_.WriteLine(text);
+    }
+
+    TextOutputStream& stream_;
+};
 
 }  // namespace
 
@@ -38,7 +51,7 @@ std::string plistDict::StripAll(std::string text) {
 }
 
 void plistDict::Write(const Ref<TextOutputStream>& stream, int32_t level) const {
-    Writer(*stream).write(*this, level);
+    Writer(*stream).run(*this, level);
 }
 
 std::string plistDict::BracketsToCode(std::string_view text) const {

@@ -6,10 +6,14 @@ namespace bracken {
 bool plistDict::store(std::string_view key, std::string_view checked, std::string_view tag,
                       std::string value) {
     if (CheckType(key, checked) == 0) return false;
+    put(key, tag, std::move(value));
+    return true;
+}
+
+void plistDict::put(std::string_view key, std::string_view tag, std::string value) {
     values.Value(key, std::move(value));
     types.Value(key, std::string(tag));
     searched.Value(key, false);
-    return true;
 }
 
 void plistDict::SetString(std::string_view key, const std::string& value) {
@@ -49,12 +53,16 @@ std::string plistDict::GetString(std::string_view key) {
 
 int32_t plistDict::GetInteger(std::string_view key, int32_t missing) {
     if (!Exists(key)) SetInteger(key, missing);
+    return toInt32(getNumber(key));
+}
+
+double plistDict::getNumber(std::string_view key) {
     if (!TypeOK(key)) return 0;
     if (equal(types.Value(key), "date")) {
         SetError(true, "Type Mismatch: " + std::string(key) + " is a date");
         return -1;
     }
-    return toInt32(CDbl(GetValue(key)));
+    return CDbl(GetValue(key));
 }
 
 int32_t plistDict::GetInteger(std::string_view key) {

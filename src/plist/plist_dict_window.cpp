@@ -1,17 +1,9 @@
+#include "framework/checked.h"
 #include "framework/controls/window.h"
+#include "framework/text/text.h"
 #include "plist/plist_dict.h"
 
 namespace bracken {
-
-namespace {
-
-template <class T>
-T& checked(T* object) {
-    if (object == nullptr) throw NilObjectException();
-    return *object;
-}
-
-}  // namespace
 
 void plistDict::SetWindow(std::string_view key, const Window* window) {
     if (!Exists(key)) AddChild(key);
@@ -20,11 +12,25 @@ void plistDict::SetWindow(std::string_view key, const Window* window) {
     const Ref<plistDict> stored = child(key);
     stored->SetString("windowName", shown.Title);
     if (!stored->Exists("WindowPos")) stored->AddChild("WindowPos");
-    const Ref<plistDict> frame = stored->child("WindowPos");
-    frame->SetInteger("left", shown.Left);
-    frame->SetInteger("top", shown.Top);
-    frame->SetInteger("width", shown.Width);
-    frame->SetInteger("height", shown.Height);
+    stored->storeFrame(shown);
+}
+
+void plistDict::storeFrame(const Window& window) {
+    const Ref<plistDict> frame = child("WindowPos");
+    frame->SetInteger("left", window.Left);
+    frame->SetInteger("top", window.Top);
+    frame->SetInteger("width", window.Width);
+    frame->SetInteger("height", window.Height);
+}
+
+void plistDict::AppendWindow(const Window* window) {
+    if (!CheckArray()) return;
+    AppendDict();
+    const Ref<plistDict> stored = child(Str(count() - 1));
+    const Window& shown = checked(window);
+    stored->SetString("windowName", shown.Title);
+    stored->AddChild("WindowPos");
+    stored->storeFrame(shown);
 }
 
 void plistDict::GetWindow(std::string_view key, Window* window) {

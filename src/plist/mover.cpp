@@ -1,0 +1,157 @@
+#include "plist/mover.h"
+
+#include "framework/text/text.h"
+
+namespace bracken {
+
+namespace {
+
+size_t containersBelow(const plistDict& node) {
+    size_t count = 0;
+    std::vector<const plistDict*> pending = {&node};
+    while (!pending.empty()) {
+        const ChildList& children = pending.back()->children;
+        pending.pop_back();
+        for (int i = 1; i <= children.upperBound(); ++i) pending.push_back(children.node(i).get());
+        count += static_cast<size_t>(children.upperBound());
+    }
+    return count;
+}
+
+void copyString(plistDict& source, const std::string& key, plistDict& to,
+                const std::string& target) {
+    const std::string value = source.GetString(key);
+    to.isArray ? to.AppendString(value) : to.SetString(target, value);
+}
+
+void copyBoolean(plistDict& source, const std::string& key, plistDict& to,
+                 const std::string& target) {
+    const bool value = source.GetBoolean(key);
+    to.isArray ? to.AppendBoolean(value) : to.SetBoolean(target, value);
+}
+
+void copyReal(plistDict& source, const std::string& key, plistDict& to, const std::string& target) {
+    const double value = source.GetDouble(key);
+    to.isArray ? to.AppendDouble(value) : to.SetDouble(target, value);
+}
+
+void copyInteger(plistDict& source, const std::string& key, plistDict& to,
+                 const std::string& target) {
+    const int32_t value = source.GetInteger(key);
+    to.isArray ? to.AppendInteger(value) : to.SetInteger(target, value);
+}
+
+void copyData(plistDict& source, const std::string& key, plistDict& to, const std::string& target) {
+    const std::string value = source.GetString(key);
+    to.isArray ? to.AppendData(value) : to.SetData(target, value);
+}
+
+void copyDate(plistDict& source, const std::string& key, plistDict& to, const std::string& target) {
+    const Ref<Date> value = source.GetDate(key);
+    to.isArray ? to.AppendDate(value) : to.SetDate(target, value);
+}
+
+struct ScalarCopy {
+    const char* tag;
+    void (*copy)(plistDict& source, const std::string& key, plistDict& to,
+                 const std::string& target);
+};
+
+// A tag that is not here is not copied.
+constexpr ScalarCopy scalarCopies[] = {
+    {"string", copyString},   {"boolean", copyBoolean}, {"real", copyReal},
+    {"integer", copyInteger}, {"data", copyData},       {"date", copyDate},
+};
+
+}  // namespace
+
+bool Mover::copy(plistDict& source, const std::string& key, const Ref<plistDict>& destination,
+                 const std::string& target) {
+    const bool copied = copyKey(source, key, destination, target);
+    copyLevels();
+    return copied;
+}
+
+bool Mover::copyKey(plistDict& source, const std::string& key, const Ref<plistDict>& destination,
+                    const std::string& target) {
+    source.SetError(false, "");
+    if (destination == nullptr) {
+        source.SetError(true, "Destination is nil");
+        return false;
+    }
+    if (!source.Exists(key)) {
+        source.SetError(true, "Source does not exist.");
+        return false;
+    }
+    const std::string tag = source.GetType(key);
+    if (equal(tag, "dict") || equal(tag, "array")) {
+        beginContainer(source, key, destination, target);
+        return true;
+    }
+    for (const ScalarCopy& scalar : scalarCopies) {
+        if (equal(tag, scalar.tag)) scalar.copy(source, key, *destination, target);
+    }
+    return true;
+}
+
+void Mover::beginContainer(plistDict& source, const std::string& key,
+                           const Ref<plistDict>& destination, const std::string& target) {
+    std::string made = target;
+    if (destination->isArray) {
+        destination->AppendDict();
+        // One above the key just appended: the copy goes to a second new element.
+        made = Str(destination->count());
+    } else {
+        destination->AddChild(target);
+    }
+    const Ref<plistDict> to = destination->child(made);
+    const Ref<plistDict> from = source.child(key);
+    // A copy that goes deeper than its source has nodes copies what it makes, without end, and so
+    // does an array that appends to itself.
+    if (levels_.empty()) deepest_ = 2 * containersBelow(*from) + 16;
+    const bool grows = from == to && to->isArray && to->count() > 0;
+    if (grows || levels_.size() > deepest_)
+        throw StackOverflowException("Copied into itself: " + key);
+    from->MoveFirst();
+    levels_.push_back({from, to});
+}
+
+void Mover::copyLevels() {
+    while (!levels_.empty()) {
+        const Level level = levels_.back();
+        if (level.from->eof) {
+            levels_.pop_back();
+            if (!levels_.empty()) levels_.back().from->MoveNext();
+            continue;
+        }
+        const size_t depth = levels_.size();
+        const std::string key = level.from->CurrentKey();
+        copyKey(*level.from, key, level.to, key);
+        if (levels_.size() == depth) level.from->MoveNext();
+    }
+}
+
+void plistDict::Move(const std::string& key, const Ref<plistDict>& destination, bool remove,
+                     const std::string& newName) {
+    const bool copied = Mover().copy(*this, key, destination, newName.empty() ? key : newName);
+    if (copied && remove) Remove(key);
+}
+
+void plistDict::Move(const std::string& key, const Ref<plistDict>& destination) {
+    Move(key, destination, true, "");
+}
+
+void plistDict::Copy(const std::string& key, const Ref<plistDict>& destination) {
+    Move(key, destination, false, "");
+}
+
+void plistDict::Rename(const std::string& oldKey, const std::string& newKey) {
+    SetError(false, "");
+    if (Exists(newKey)) {
+        SetError(true, "Key " + newKey + " already exists.");
+        return;
+    }
+    Move(oldKey, Ref<plistDict>(shared_from_this()), true, newKey);
+}
+
+}  // namespace bracken

@@ -1,0 +1,141 @@
+#include <algorithm>
+
+#include "framework/checked.h"
+#include "framework/controls/listbox.h"
+#include "framework/controls/popup_menu.h"
+#include "framework/text/text.h"
+#include "plist/plist_dict.h"
+
+namespace bracken {
+
+namespace {
+
+std::string controlKey(const Control& control) {
+    return control.name() + "." + Str(control.Index);
+}
+
+int32_t upperBound(const std::vector<std::string>& list) {
+    return static_cast<int32_t>(list.size()) - 1;
+}
+
+void limitBounds(const std::vector<std::string>& list, int32_t& first, int32_t& last) {
+    if (upperBound(list) < first) first = 0;
+    last = std::min(last, upperBound(list));
+}
+
+// As a list indexed outside its range fails.
+const std::string& element(const std::vector<std::string>& list, int32_t i) {
+    if (i < 0 || i > upperBound(list)) throw IndexOutOfRangeException("Element " + Str(i));
+    return list[static_cast<size_t>(i)];
+}
+
+void storeRow(plistDict& elements, Listbox& listbox, int row) {
+    if (listbox.ColumnCount <= 1) {
+        elements.AppendString(listbox.Cell(row, 0));
+        return;
+    }
+    elements.AppendArray();
+    const Ref<plistDict> cells = elements.index(row);
+    for (int column = 0; column < listbox.ColumnCount; ++column) {
+        cells->AppendString(listbox.Cell(row, column));
+    }
+}
+
+// The text of the row added, "" in a list of several columns.
+std::string restoreRow(plistDict& elements, Listbox& listbox, int row) {
+    if (listbox.ColumnCount < 2) {
+        const std::string text = elements.GetString(Str(row));
+        listbox.AddRow(text);
+        return text;
+    }
+    listbox.AddRow("");
+    const int cells = elements.index(row)->count();
+    for (int column = 0; column < cells; ++column) {
+        if (column >= listbox.ColumnCount) continue;
+        listbox.Cell(row, column) = elements.index(row)->GetString(Str(column));
+    }
+    return "";
+}
+
+}  // namespace
+
+Ref<plistDict> plistDict::startList(const std::string& key, const std::string& selected) {
+    AddChild(key);
+    searched.Value(key, false);
+    child(key)->SetString("default", selected);
+    return child(key)->AddArray("elements") ? child(key)->child("elements") : nullptr;
+}
+
+void plistDict::SetListbox(Listbox* listbox) {
+    const std::string key = controlKey(checked(listbox));
+    if (Exists(key)) Remove(key);
+    const Ref<plistDict> elements = startList(key, listbox->Text());
+    if (elements == nullptr) return;
+    for (int row = 0; row < listbox->ListCount(); ++row) storeRow(*elements, *listbox, row);
+}
+
+void plistDict::SetPopup(PopupMenu* popup) {
+    const std::string key = controlKey(checked(popup));
+    if (Exists(key)) Remove(key);
+    const Ref<plistDict> elements = startList(key, popup->Text());
+    if (elements == nullptr) return;
+    for (int row = 0; row < popup->ListCount(); ++row) elements->AppendString(popup->List(row));
+}
+
+void plistDict::GetListbox(Listbox* listbox, bool setDefault) {
+    const std::string key = controlKey(checked(listbox));
+    if (!Exists(key)) SetListbox(listbox);
+    const std::string selected = child(key)->GetString("default");
+    const Ref<plistDict> elements = child(key)->child("elements");
+    const int count = elements->count();
+    for (int row = 0; row < count; ++row) {
+        const std::string text = restoreRow(*elements, *listbox, row);
+        if (setDefault && equal(text, selected)) listbox->ListIndex = row;
+    }
+}
+
+void plistDict::GetPopup(PopupMenu* popup, bool setDefault) {
+    const std::string key = controlKey(checked(popup));
+    if (!Exists(key)) SetPopup(popup);
+    const std::string selected = child(key)->GetString("default");
+    const Ref<plistDict> elements = child(key)->child("elements");
+    const int count = elements->count();
+    for (int row = 0; row < count; ++row) {
+        const std::string text = elements->GetString(Str(row));
+        popup->AddRow(text);
+        if (setDefault && equal(text, selected)) popup->ListIndex = row;
+    }
+}
+
+void plistDict::AppendListbox(Listbox* listbox) {
+    if (CheckArray()) SetListbox(listbox);
+}
+
+void plistDict::AppendPopup(PopupMenu* popup) {
+    if (CheckArray()) SetPopup(popup);
+}
+
+void plistDict::SetList(std::string_view key, const std::vector<std::string>& list, int32_t first,
+                        int32_t last) {
+    if (Exists(key)) Remove(std::string(key));
+    limitBounds(list, first, last);
+    if (!AddArray(key)) return;
+    searched.Value(key, false);
+    for (int32_t i = first; i <= last; ++i) child(key)->AppendString(element(list, i));
+}
+
+void plistDict::GetList(std::string_view key, std::vector<std::string>& list, int32_t base) {
+    std::vector<std::string> read(base == 0 ? 0 : 1);
+    const int count = child(key)->count();
+    for (int i = 0; i < count; ++i) read.push_back(child(key)->GetString(Str(i)));
+    list = std::move(read);
+}
+
+void plistDict::AppendList(const std::vector<std::string>& list, int32_t first, int32_t last) {
+    if (!CheckArray()) return;
+    limitBounds(list, first, last);
+    AppendArray();
+    for (int32_t i = first; i <= last; ++i) child(Str(-1))->AppendString(element(list, i));
+}
+
+}  // namespace bracken

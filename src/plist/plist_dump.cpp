@@ -1,0 +1,52 @@
+#include "framework/dialogs/clipboard.h"
+#include "plist/plist.h"
+#include "plist/tree_lines.h"
+
+namespace bracken {
+
+namespace {
+
+void appendToClipboard(const std::string& text) {
+    Clipboard clipboard;
+    clipboard.Text += text;
+    clipboard.Close();
+}
+
+// Sends the lines of each node to the clipboard as soon as the node has ended, which is ahead of
+// its parent's.
+class Dumper : public TreeLines {
+  private:
+    void line(std::string_view indent, std::string_view text) override {
+        texts_.top().append(indent).append(text).push_back('\r');
+    }
+    void keyEnded(const plistDict& node, const std::string& key, std::string_view indent) override {
+        line(indent, node.searched.HasKey(key) ? "<search/>" : "<nosearch/>");
+    }
+    void nodeBegins() override { texts_.emplace(); }
+    void nodeEnds() override {
+        appendToClipboard(texts_.top());
+        texts_.pop();
+    }
+
+    // One for each node that has not ended.
+    std::stack<std::string> texts_;
+};
+
+}  // namespace
+
+void plistDict::Dump(int32_t level) const {
+    Dumper().run(*this, level);
+}
+
+void plist::Dump() const {
+    std::string text;
+    for (size_t i = 1; i < headers.size(); ++i) text += headers[i] + '\r';
+    Clipboard clipboard;
+    clipboard.Text = text;
+    clipboard.Close();
+    root->Dump(1);
+    // The head lines a second time.
+    appendToClipboard(text + "</dict>\r</plist>\r");
+}
+
+}  // namespace bracken
