@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "app/app.h"
+#include "tests/support/fake_database.h"
+#include "tests/support/fake_platform.h"
+
+namespace bracken::test {
+
+// The program as main() starts it, short of its first window, with no settings stored unless given.
+class Program {
+  public:
+    Program() : Program("") {}
+    explicit Program(const std::string& settingsBody) {
+        std::filesystem::remove(settingsFile());
+        if (!settingsBody.empty())
+            std::ofstream(settingsFile())
+                << "<?xml version=\"1.0\"?>\n<plist version=\"1.0\">\n<dict>\n"
+                << settingsBody << "</dict>\n</plist>\n";
+        app.Event_Open();
+    }
+
+    static std::string settingsFile() {
+        return std::string(getenv("XDG_CONFIG_HOME")) + "/com.tallowmere.brackenlens.plist";
+    }
+    // The settings' keys as they stand on the disk, a line each: key, tag and value.
+    static std::string saved() {
+        std::ifstream file(settingsFile());
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
+    }
+    // One setting as it stands on the disk; "none" without the file.
+    static std::string saved(const std::string& key) {
+        if (!std::filesystem::exists(settingsFile())) return "none";
+        plist onDisk(GetFolderItem(settingsFile(), 0), nullptr);
+        return onDisk.root->Exists(key) ? onDisk.root->values.Value(key) : "missing";
+    }
+
+    FakePlatform platform;
+    Ref<FakeDatabase> db = make<FakeDatabase>();
+    class App app {
+        [this] { return Ref<Database>(db); }
+    };
+};
+
+}  // namespace bracken::test
