@@ -18,7 +18,7 @@ NameTable::NameTable(const Listbox& list) {
 
 int64_t NameTable::numberOf(std::string_view name) const {
     auto found = numbers_.find(Lowercase(name));
-    return found == numbers_.end() ? -1 : found->second;
+    return found == numbers_.end() ? -1 : int64_t{found->second};
 }
 
 bool RowIndex::update(const Listbox& list, const std::shared_ptr<const NameTable>& table) {
