@@ -16,9 +16,9 @@
 #include <string>
 #include <vector>
 
-#include "bench/null_platform.h"
 #include "framework/controls/window.h"
 #include "framework/controls/windows.h"
+#include "framework/dialogs/null_platform.h"
 #include "framework/text/text.h"
 #include "framework/threads/main_calls.h"
 #include "framework/threads/without_baton.h"
