@@ -18,8 +18,8 @@ QtApplication& QtApplication::current() {
 }
 
 void QtApplication::spin(const std::function<void()>& loop) {
+    QScopedValueRollback<int> depth(innerLoops_, innerLoops_ + (handling_ ? 1 : 0));
     QScopedValueRollback<bool> outer(handling_, false);
-    QScopedValueRollback<int> depth(innerLoops_, innerLoops_ + 1);
     loop();
 }
 

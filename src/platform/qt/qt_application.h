@@ -20,7 +20,8 @@ class QtApplication : public QApplication {
     // Called before a key is looked up among the shortcuts.
     std::function<void()> beforeShortcut;
 
-    // Runs `loop`, which spins an event loop inside the handling of an event, without the baton.
+    // Runs `loop`, which spins an event loop, as a dialog does inside the handling of an event.
+    // Without the baton.
     void spin(const std::function<void()>& loop);
 
     // Delivers events other than input until `done`, looking at it after each and whenever the

@@ -127,7 +127,8 @@ void QtPlatform::performEdit(const std::string& menuItemName) {
 void QtPlatform::exitLoop(int status) {
     exiting_ = true;
     status_ = status;
-    QCoreApplication::exit(status);
+    // With no loop running yet, the toolkit would remember the call and end the next one.
+    if (hasEventLoop()) QCoreApplication::exit(status);
 }
 
 void QtPlatform::bringToFront(Window& window) {

@@ -9,9 +9,8 @@ namespace {
 
 // The longest encoding of a UTF-16 unit, in bytes.
 constexpr int64_t bytesPerUnit = 3;
-// U+2400 and on are pictures of the control characters.
-constexpr char16_t controlPictures = 0x2400;
-constexpr char16_t deletePicture = 0x2421;
+// The sign for what cannot be shown; every font has it.
+constexpr char16_t replacement = 0xfffd;
 
 bool isUtf8(std::string_view bytes) {
     return QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
@@ -35,10 +34,8 @@ QString replaceControls(QString text, bool lineOnly) {
         bool layout = code == u'\n' || code == u'\t' || code == u'\r';
         if (layout && lineOnly)
             sign = u' ';
-        else if (code < 0x20 && !layout)
-            sign = QChar(static_cast<char16_t>(controlPictures + code));
-        else if (code == 0x7f)
-            sign = QChar(deletePicture);
+        else if ((code < 0x20 && !layout) || code == 0x7f)
+            sign = QChar(replacement);
     }
     return text;
 }
