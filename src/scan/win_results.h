@@ -63,6 +63,8 @@ class winResults : public Window {
     void LongProcessThread1_Finished();
     void butCancelRun_Action();
     void butNotFound_Action();
+    // Its body stands in actions/.
+    void butViewScript_Action();
 
     void stopRun();
     void restartRun();

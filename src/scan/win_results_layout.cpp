@@ -71,6 +71,7 @@ void winResults::attachHandlers() {
     LongProcessThread1->Finished = [] { bracken::winResults().LongProcessThread1_Finished(); };
     butCancelRun.Action = [this] { butCancelRun_Action(); };
     butNotFound.Action = [this] { butNotFound_Action(); };
+    butViewScript.Action = [this] { butViewScript_Action(); };
 }
 
 }  // namespace bracken

@@ -49,17 +49,4 @@ void EditField::styleSelection(const std::function<void(TextStyle&)>& change) {
     markChanged();
 }
 
-void EditField::userReplaced(int from, int removed, const std::string& inserted) {
-    std::string text = Text;
-    auto at = std::min(text.size(), static_cast<size_t>(from));
-    text.replace(at, static_cast<size_t>(removed), inserted);
-    styles_.replace(from, removed, static_cast<int64_t>(inserted.size()));
-    Text.Property::operator=(std::move(text));
-}
-
-void EditField::userSelected(int start, int length) {
-    SelStart = start;
-    SelLength = length;
-}
-
 }  // namespace bracken

@@ -67,11 +67,9 @@ class EditField : public RectControl {
     uint64_t textVersion() const { return textVersion_; }
     uint64_t styleVersion() const { return styleVersion_; }
 
-    // The user edited the field; `text` is its whole new text.
+    // The user edited a field of one line; `text` is its whole new text. What is edited in several
+    // lines stays in the view until Text is assigned anew.
     void userEdited(std::string text) { Text = std::move(text); }
-    // The user replaced a piece of the text, in bytes; styles stay with what they stand on.
-    void userReplaced(int from, int removed, const std::string& inserted);
-    void userSelected(int start, int length);
 
   private:
     void styleSelection(const std::function<void(TextStyle&)>& change);

@@ -7,10 +7,10 @@ namespace bracken {
 // One choice of the several that share its container.
 class RadioButton : public RectControl {
   public:
-    RadioButton(Window& window, std::string name)
-        : RectControl(window, std::move(name)), Caption(*this, ""), Value(*this, false) {}
+    RadioButton(Window& window, std::string name);
 
     Property<std::string> Caption;
+    // Setting it takes the choice from the others.
     Property<bool> Value;
 
     void userChose() { Value = true; }

@@ -48,16 +48,4 @@ void TextStyles::apply(int64_t from, int64_t length,
     runs_.insert(place, pieces.begin(), pieces.end());
 }
 
-void TextStyles::replace(int64_t from, int64_t removed, int64_t inserted) {
-    std::vector<StyleRun> moved;
-    for (const StyleRun& run : runs_) {
-        bool grows = run.from < from && run.end() >= from;
-        int64_t before = std::clamp<int64_t>(from - run.from, 0, run.length);
-        int64_t behind = std::clamp<int64_t>(run.end() - from - removed, 0, run.length);
-        append(moved, {run.from, before + (grows ? inserted : 0), run.style});
-        append(moved, {std::max(run.from - removed, from) + inserted, behind, run.style});
-    }
-    runs_ = std::move(moved);
-}
-
 }  // namespace bracken

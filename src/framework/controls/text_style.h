@@ -38,9 +38,6 @@ class TextStyles {
 
     // Changes the style of a range, plain or not.
     void apply(int64_t from, int64_t length, const std::function<void(TextStyle&)>& change);
-    // The text of a range has given way to `inserted` bytes, which look like what stands before
-    // them.
-    void replace(int64_t from, int64_t removed, int64_t inserted);
 
   private:
     std::vector<StyleRun> runs_;

@@ -1,0 +1,10 @@
+#include "actions/win_view_script.h"
+#include "scan/win_results.h"
+
+namespace bracken {
+
+void winResults::butViewScript_Action() {
+    winViewScript().init(lstResults.ListIndex);
+}
+
+}  // namespace bracken

@@ -1,0 +1,19 @@
+#include "framework/controls/radio_button.h"
+
+#include "framework/controls/window.h"
+
+namespace bracken {
+
+RadioButton::RadioButton(Window& window, std::string name)
+    : RectControl(window, std::move(name)),
+      Caption(*this, ""),
+      Value(*this, false, [this](bool /*old*/) {
+          if (!Value) return;
+          for (Control* control : this->window().controls()) {
+              auto* other = dynamic_cast<RadioButton*>(control);
+              if (other != nullptr && other != this && other->Parent == Parent)
+                  other->Value = false;
+          }
+      }) {}
+
+}  // namespace bracken
