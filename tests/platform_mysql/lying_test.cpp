@@ -154,13 +154,13 @@ TEST_F(LyingTest, RowsThatBreakOffRaise) {
         {"a field short", [](Peer& peer) { peer.send("\3one"); }},
         {"an error", [](Peer& peer) { peer.sendError(1317, nastyText); }},
     };
-    for (const auto& [name, tell] : lies) {
-        SCOPED_TRACE(name);
+    for (const Lie& lie : lies) {
+        SCOPED_TRACE(lie.name);
         LyingServer server([&](Peer& peer) {
             peer.admitAndAwaitStatement();
             peer.sendColumns(2);
             peer.send(row);
-            tell(peer);
+            lie.tell(peer);
         });
         expectConnect();
         auto cursor = database.SQLSelect("select * from t");
