@@ -16,4 +16,8 @@ pid_t spawn(const std::vector<std::string>& command, int output);
 // if it fails.
 std::string outputOf(const std::vector<std::string>& command);
 
+// Runs a program to its end with its standard output thrown away. Throws std::runtime_error if it
+// fails.
+void runToNowhere(const std::vector<std::string>& command);
+
 }  // namespace bracken::test
