@@ -62,6 +62,11 @@ class winResults : public Window {
     void lstResults_Change();
     void LongProcessThread1_Finished();
     void butCancelRun_Action();
+    // The actions on results.
+    void butExport_Action();
+    void butPrint_Action();
+    void butDropTable_Action();
+    void butViewData_Action();
     void butNotFound_Action();
     // Its body stands in actions/.
     void butViewScript_Action();

@@ -69,6 +69,10 @@ void winResults::attachHandlers() {
     lstResults.MaySort = [this] { return !LongProcessThread1->running(); };
     // The run may outlive this window: the handler is that of the window then open.
     LongProcessThread1->Finished = [] { bracken::winResults().LongProcessThread1_Finished(); };
+    butExport.Action = [this] { butExport_Action(); };
+    butPrint.Action = [this] { butPrint_Action(); };
+    butDropTable.Action = [this] { butDropTable_Action(); };
+    butViewData.Action = [this] { butViewData_Action(); };
     butCancelRun.Action = [this] { butCancelRun_Action(); };
     butNotFound.Action = [this] { butNotFound_Action(); };
     butViewScript.Action = [this] { butViewScript_Action(); };

@@ -1,40 +1,23 @@
 #include "framework/controls/list_rows.h"
 
+#include <utility>
+
 namespace bracken {
 
-std::string_view ListRows::text(int row, int column) const {
-    const std::vector<std::string>& cells = rows_[static_cast<size_t>(row)]->cells;
-    auto at = static_cast<size_t>(column);
-    return at < cells.size() ? std::string_view(cells[at]) : std::string_view();
-}
-
-std::string& ListRows::cell(int row, int column) {
-    std::vector<std::string>& cells = rows_[static_cast<size_t>(row)]->cells;
-    auto at = static_cast<size_t>(column);
-    if (at >= cells.size()) cells.resize(at + 1);
-    return cells[at];
-}
-
 void ListRows::set(int row, int column, std::string_view text) {
-    cell(row, column) = text;
-    auto& names = rows_[static_cast<size_t>(row)]->names;
-    if (static_cast<size_t>(column) < names.size()) names[static_cast<size_t>(column)] = nullptr;
+    rows_[static_cast<size_t>(row)].set(static_cast<size_t>(column), text);
 }
 
 void ListRows::append(int row, int column, std::string_view text) {
-    cell(row, column) += text;
+    rows_[static_cast<size_t>(row)].append(static_cast<size_t>(column), text);
 }
 
 std::unique_ptr<CellNames>& ListRows::names(int row, int column) {
-    auto& names = rows_[static_cast<size_t>(row)]->names;
-    auto at = static_cast<size_t>(column);
-    if (at >= names.size()) names.resize(at + 1);
-    return names[at];
+    return rows_[static_cast<size_t>(row)].names(static_cast<size_t>(column));
 }
 
-void ListRows::add(std::string_view text) {
-    rows_.push_back(std::make_unique<Row>());
-    rows_.back()->cells.emplace_back(text);
+void ListRows::add(const std::vector<std::string_view>& cells) {
+    rows_.emplace_back(cells);
 }
 
 void ListRows::remove(int row) {
@@ -42,11 +25,11 @@ void ListRows::remove(int row) {
 }
 
 void ListRows::clear() {
-    rows_.clear();
+    std::vector<ListRow>().swap(rows_);
 }
 
 void ListRows::reorder(const std::vector<int>& order) {
-    std::vector<std::unique_ptr<Row>> reordered;
+    std::vector<ListRow> reordered;
     reordered.reserve(rows_.size());
     for (int row : order) reordered.push_back(std::move(rows_[static_cast<size_t>(row)]));
     rows_ = std::move(reordered);

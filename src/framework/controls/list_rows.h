@@ -1,11 +1,11 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "framework/controls/cell_names.h"
+#include "framework/controls/list_row.h"
 
 namespace bracken {
 
@@ -14,11 +14,16 @@ namespace bracken {
 class ListRows {
   public:
     int count() const { return static_cast<int>(rows_.size()); }
-    std::string_view text(int row, int column) const;
+    // Valid until the rows change.
+    std::string_view text(int row, int column) const {
+        return at(row).text(static_cast<size_t>(column));
+    }
     void set(int row, int column, std::string_view text);
+    // Amortised constant for each byte.
     void append(int row, int column, std::string_view text);
 
-    void add(std::string_view text);
+    // Adds a row with these cells.
+    void add(const std::vector<std::string_view>& cells);
     void remove(int row);
     void clear();
     // Puts the rows into the given order of their present numbers.
@@ -29,14 +34,9 @@ class ListRows {
     std::unique_ptr<CellNames>& names(int row, int column);
 
   private:
-    struct Row {
-        std::vector<std::string> cells;
-        std::vector<std::unique_ptr<CellNames>> names;
-    };
+    const ListRow& at(int row) const { return rows_[static_cast<size_t>(row)]; }
 
-    std::string& cell(int row, int column);
-
-    std::vector<std::unique_ptr<Row>> rows_;
+    std::vector<ListRow> rows_;
 };
 
 }  // namespace bracken

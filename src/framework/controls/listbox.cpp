@@ -64,8 +64,12 @@ std::string Listbox::Text() const {
 }
 
 void Listbox::AddRow(std::string_view text) {
+    addCells({text});
+}
+
+void Listbox::addCells(const std::vector<std::string_view>& cells) {
     baton::assertHeld();
-    rows_.add(text);
+    rows_.add(cells);
     lastIndex_ = rows_.count() - 1;
     structureChanged();
 }

@@ -59,6 +59,8 @@ class Listbox : public RectControl {
     // Column 0 of the selected row, "" with none.
     std::string Text() const;
     void AddRow(std::string_view text);
+    // Adds a row with these cells, faster and smaller than cell by cell.
+    void addCells(const std::vector<std::string_view>& cells);
     // The selection stays with its row; removing that, or all rows, clears it and fires Change.
     void RemoveRow(int row);
     void DeleteAllRows();

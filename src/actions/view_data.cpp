@@ -1,0 +1,12 @@
+#include "actions/win_view_data.h"
+#include "scan/win_results.h"
+
+namespace bracken {
+
+void winResults::butViewData_Action() {
+    ProgressWheel1.Visible = true;
+    class winViewData& window = winViewData();
+    window.init(lstResults.Text());
+}
+
+}  // namespace bracken

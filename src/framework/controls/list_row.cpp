@@ -1,0 +1,160 @@
+#include "framework/controls/list_row.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+
+namespace bracken {
+
+// A packed row's block: one byte W, the size of the numbers in it; the number of cells; for each
+// cell where it ends, counted from the first cell's start; the cells' bytes. Of a row with buffers
+// W is 0, and a pointer to them follows.
+
+namespace {
+
+size_t readNumber(const unsigned char* bytes, size_t width) {
+    uint64_t number = 0;
+    std::memcpy(&number, bytes, width);
+    return number;
+}
+
+void writeNumber(unsigned char* bytes, size_t width, uint64_t number) {
+    std::memcpy(bytes, &number, width);
+}
+
+// Bytes are copied from the low end of a number.
+static_assert(std::endian::native == std::endian::little);
+
+size_t widthFor(size_t number) {
+    if (number <= UINT8_MAX) return 1;
+    if (number <= UINT16_MAX) return 2;
+    return number <= UINT32_MAX ? 4 : 8;
+}
+
+// A packed row read.
+struct Packed {
+    const unsigned char* block;
+    size_t width = block[0];
+    size_t count = readNumber(block + 1, width);
+
+    size_t end(size_t cells) const { return cells == 0 ? 0 : readNumber(at(cells), width); }
+    const unsigned char* at(size_t number) const { return block + 1 + number * width; }
+    std::string_view text(size_t column) const {
+        if (column >= count) return {};
+        const auto* bytes = reinterpret_cast<const char*>(at(count + 1));
+        return {bytes + end(column), end(column + 1) - end(column)};
+    }
+};
+
+}  // namespace
+
+// A buffer that grows with little to spare.
+struct ListRow::Cell {
+    std::vector<char> bytes;
+    std::unique_ptr<CellNames> names;
+
+    Cell() = default;
+    explicit Cell(std::string_view text) : bytes(text.begin(), text.end()) {}
+
+    std::string_view text() const { return {bytes.data(), bytes.size()}; }
+    void append(std::string_view more) {
+        size_t size = bytes.size() + more.size();
+        // Twice as much while it is small, an eighth more then.
+        constexpr size_t small = 256;
+        if (size > bytes.capacity())
+            bytes.reserve(size + (size < small ? size : std::max(size / 8, small)));
+        bytes.insert(bytes.end(), more.begin(), more.end());
+    }
+};
+
+ListRow::ListRow(const std::vector<std::string_view>& cells) {
+    pack(cells);
+}
+
+ListRow::~ListRow() {
+    if (block_ != nullptr) delete cells();
+}
+
+ListRow::ListRow(ListRow&& other) noexcept = default;
+
+ListRow& ListRow::operator=(ListRow&& other) noexcept {
+    std::swap(block_, other.block_);
+    return *this;
+}
+
+ListRow::Cells* ListRow::cells() const {
+    Cells* cells = nullptr;
+    if (block_[0] == 0) std::memcpy(&cells, &block_[1], sizeof cells);
+    return cells;
+}
+
+std::string_view ListRow::text(size_t column) const {
+    const Cells* own = cells();
+    if (own == nullptr) return Packed{block_.get()}.text(column);
+    return column < own->size() ? (*own)[column].text() : std::string_view();
+}
+
+std::vector<std::string_view> ListRow::texts() const {
+    Packed packed{block_.get()};
+    std::vector<std::string_view> texts;
+    for (size_t column = 0; column < packed.count; column++) texts.push_back(packed.text(column));
+    return texts;
+}
+
+void ListRow::pack(const std::vector<std::string_view>& texts) {
+    size_t size = 0;
+    for (std::string_view text : texts) size += text.size();
+    size_t width = widthFor(std::max(size, texts.size()));
+    size_t head = 1 + (texts.size() + 1) * width;
+    auto block = std::make_unique_for_overwrite<unsigned char[]>(head + size);
+    block[0] = static_cast<unsigned char>(width);
+    unsigned char* number = &block[1];
+    writeNumber(number, width, texts.size());
+    size_t end = 0;
+    for (std::string_view text : texts) {
+        std::copy(text.begin(), text.end(), block.get() + head + end);
+        end += text.size();
+        writeNumber(number += width, width, end);
+    }
+    block_ = std::move(block);
+}
+
+void ListRow::unpack() {
+    auto own = std::make_unique<Cells>();
+    for (std::string_view text : texts()) own->emplace_back(text);
+    block_ = std::make_unique_for_overwrite<unsigned char[]>(1 + sizeof(Cells*));
+    block_[0] = 0;
+    Cells* pointer = own.release();
+    std::memcpy(&block_[1], &pointer, sizeof pointer);
+}
+
+std::unique_ptr<CellNames>& ListRow::names(size_t column) {
+    if (cells() == nullptr) unpack();
+    return cell(column).names;
+}
+
+ListRow::Cell& ListRow::cell(size_t column) {
+    Cells& own = *cells();
+    if (column >= own.size()) own.resize(column + 1);
+    return own[column];
+}
+
+void ListRow::set(size_t column, std::string_view text) {
+    if (cells() != nullptr) {
+        cell(column) = Cell(text);
+        return;
+    }
+    std::vector<std::string_view> all = texts();
+    if (column >= all.size()) all.resize(column + 1);
+    all[column] = text;
+    pack(all);
+}
+
+void ListRow::append(size_t column, std::string_view text) {
+    if (cells() == nullptr) unpack();
+    cell(column).append(text);
+}
+
+}  // namespace bracken

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "framework/controls/cell_names.h"
+
+namespace bracken {
+
+// A list's row, small however many there are: one pointer. As added, its cells lie end to end in
+// one block, with no byte to spare; once a cell is appended to or gets an index, each cell has a
+// buffer of its own.
+class ListRow {
+  public:
+    explicit ListRow(const std::vector<std::string_view>& cells);
+    ~ListRow();
+    ListRow(ListRow&& other) noexcept;
+    ListRow& operator=(ListRow&& other) noexcept;
+
+    // Empty for a cell that was never written. Valid until the row changes.
+    std::string_view text(size_t column) const;
+    // `text` may lie in this row.
+    void set(size_t column, std::string_view text);
+    void append(size_t column, std::string_view text);
+    // The cell's index of names, null until one is made; dropped by set.
+    std::unique_ptr<CellNames>& names(size_t column);
+
+  private:
+    struct Cell;
+    using Cells = std::vector<Cell>;
+
+    // The cells with buffers of their own, null while the row is packed.
+    Cells* cells() const;
+    std::vector<std::string_view> texts() const;
+    void pack(const std::vector<std::string_view>& texts);
+    void unpack();
+    // Makes sure of that cell, the row being unpacked.
+    Cell& cell(size_t column);
+
+    // See list_row.cpp for what lies in it.
+    std::unique_ptr<unsigned char[]> block_;
+};
+
+}  // namespace bracken
