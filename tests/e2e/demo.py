@@ -23,7 +23,8 @@ def by_hand(chosen, home, server):
           "The server stops when you close the program.")
     environment = home.environment(os.environ, server.socket)
     # The display is the user's, so its sockets are found where they are.
-    environment["XDG_RUNTIME_DIR"] = os.environ.get("XDG_RUNTIME_DIR", environment["XDG_RUNTIME_DIR"])
+    environment.update({name: value for name, value in os.environ.items()
+                        if name == "XDG_RUNTIME_DIR"})
     return subprocess.run([str(BINARY)], env=environment).returncode
 
 
@@ -56,6 +57,8 @@ def run(program, desktop, chosen, pictures):
     program.answer_box()
     rows = results.rows()
     desktop.picture(pictures / "6-results.png", results.window)
+    desktop.keys("ctrl+comma")
+    desktop.picture(pictures / "7-preferences.png", program.window("Preferences"))
     return rows
 
 
@@ -87,9 +90,16 @@ def arguments():
     return given
 
 
+def leave(number, _):
+    """Leaves by way of the `with` blocks, which a second signal must not cut short."""
+    for other in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(other, signal.SIG_IGN)
+    sys.exit(128 + number)
+
+
 def main():
-    # So that a kill, like Ctrl+C, leaves by way of the `with` blocks.
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, leave)
     given = arguments()
     chosen = inputs.CHOICES[given.on]()
     pictures = inputs.ROOT / "build" / "demo" / given.on
@@ -105,7 +115,4 @@ def main():
 
 
 if __name__ == "__main__":
-    try:
-        sys.exit(main())
-    except KeyboardInterrupt:
-        sys.exit(130)
+    sys.exit(main())

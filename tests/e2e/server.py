@@ -3,6 +3,7 @@
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import tempfile
 
@@ -51,10 +52,18 @@ class Server:
     def _install(self):
         options = self._own("--auth-root-authentication-method=normal", "--skip-test-db",
                             "--skip-name-resolve")
-        done = subprocess.run([installed("mariadb-install-db"), *options], text=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-        if done.returncode != 0:
-            raise RuntimeError(done.stdout)
+        process = subprocess.Popen([installed("mariadb-install-db"), *options], text=True,
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                                   start_new_session=True)
+        try:
+            output, _ = process.communicate()
+        except BaseException:
+            # It has started processes of its own, which hold the pipe until they end.
+            os.killpg(process.pid, signal.SIGKILL)
+            process.communicate()
+            raise
+        if process.returncode != 0:
+            raise RuntimeError(output)
 
     def _start(self):
         options = self._own(f"--socket={self.socket}", "--skip-networking", "--skip-name-resolve",
