@@ -1,13 +1,22 @@
 #include "platform/qt/view_factory.h"
 
+#include "framework/controls/image_well.h"
+#include "framework/controls/line.h"
+#include "framework/controls/page_panel.h"
+#include "framework/controls/placard.h"
+#include "framework/controls/rectangle.h"
+#include "framework/controls/separator.h"
+#include "platform/qt/canvas_view.h"
 #include "platform/qt/check_box_view.h"
 #include "platform/qt/edit_field_view.h"
+#include "platform/qt/frame_views.h"
 #include "platform/qt/listbox_view.h"
 #include "platform/qt/popup_menu_view.h"
 #include "platform/qt/progress_bar_view.h"
 #include "platform/qt/progress_wheel_view.h"
 #include "platform/qt/push_button_view.h"
 #include "platform/qt/static_text_view.h"
+#include "platform/qt/text_area_view.h"
 
 namespace bracken {
 
@@ -21,12 +30,39 @@ ControlView* make(Control& control, QWidget* parent) {
     return model == nullptr ? nullptr : new View(*model, parent);
 }
 
+ControlView* makeTextArea(Control& control, QWidget* parent) {
+    auto* field = dynamic_cast<EditField*>(&control);
+    return field == nullptr || !field->MultiLine ? nullptr : new TextAreaView(*field, parent);
+}
+
+using RuleView = FrameView<QFrame::HLine, QFrame::Sunken>;
+using StrokeView = FrameView<QFrame::HLine, QFrame::Plain>;
+using BoxView = FrameView<QFrame::Box, QFrame::Plain>;
+using StripView = FrameView<QFrame::StyledPanel, QFrame::Raised>;
+using WellView = FrameView<QFrame::StyledPanel, QFrame::Sunken>;
+using PageView = FrameView<QFrame::NoFrame, QFrame::Plain>;
+
 // The first that fits is taken: derived controls stand before their bases.
 constexpr Maker makers[] = {
-    make<StaticText, StaticTextView>,   make<EditField, EditFieldView>,
-    make<PushButton, PushButtonView>,   make<CheckBox, CheckBoxView>,
-    make<PopupMenu, PopupMenuView>,     make<Listbox, ListboxView>,
-    make<ProgressBar, ProgressBarView>, make<ProgressWheel, ProgressWheelView>,
+    make<StaticText, StaticTextView>,
+    makeTextArea,
+    make<EditField, EditFieldView>,
+    make<PushButton, PushButtonView>,
+    make<CheckBox, CheckBoxView>,
+    make<PopupMenu, PopupMenuView>,
+    make<Listbox, ListboxView>,
+    make<ProgressBar, ProgressBarView>,
+    make<ProgressWheel, ProgressWheelView>,
+    make<Canvas, CanvasView>,
+    make<Separator, RuleView>,
+    make<Line, StrokeView>,
+    make<Rectangle, BoxView>,
+    make<Placard, StripView>,
+    make<ImageWell, WellView>,
+    make<PagePanel, PageView>,
+    make<GroupBox, GroupBoxView>,
+    make<TabPanel, TabPanelView>,
+    make<RadioButton, RadioButtonView>,
 };
 
 }  // namespace

@@ -1,0 +1,74 @@
+#include "platform/qt/canvas_view.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "framework/controls/event.h"
+
+namespace bracken {
+
+namespace {
+
+Qt::CursorShape shapeOf(Cursor cursor) {
+    switch (cursor) {
+        case Cursor::splitterEastWest:
+            return Qt::SplitHCursor;
+        case Cursor::splitterNorthSouth:
+            return Qt::SplitVCursor;
+        default:
+            return Qt::ArrowCursor;
+    }
+}
+
+}  // namespace
+
+CanvasView::CanvasView(Canvas& model, QWidget* parent)
+    : QWidget(parent), ControlView(model, *this), model_(model) {
+    setAttribute(Qt::WA_TransparentForMouseEvents, !model.TakesMouse);
+}
+
+void CanvasView::sync() {
+    setCursor(shapeOf(model_.MouseCursor));
+    update();
+}
+
+void CanvasView::paintEvent(QPaintEvent* /*event*/) {
+    const Pixels& pixels = model_.paint();
+    if (pixels.argb.empty()) return;
+    QImage image(reinterpret_cast<const uchar*>(pixels.argb.data()), pixels.width, pixels.height,
+                 QImage::Format_ARGB32);
+    QPainter(this).drawImage(0, 0, image);
+}
+
+QPoint CanvasView::place(const QMouseEvent& event) const {
+    return mapToParent(event.position().toPoint()) - QPoint(model_.Left, model_.Top);
+}
+
+void CanvasView::enterEvent(QEnterEvent* /*event*/) {
+    handleEvent([this] { model_.userEntered(); });
+}
+
+void CanvasView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    QPoint at = place(*event);
+    handleEvent([this, at] { model_.userPressed(at.x(), at.y()); });
+}
+
+void CanvasView::mouseMoveEvent(QMouseEvent* event) {
+    if (!event->buttons().testFlag(Qt::LeftButton)) return;
+    QPoint at = place(*event);
+    handleEvent([this, at] { model_.userDragged(at.x(), at.y()); });
+}
+
+void CanvasView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    QPoint at = place(*event);
+    handleEvent([this, at] { model_.userReleased(at.x(), at.y()); });
+}
+
+void CanvasView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange) model_.Active = isActiveWindow();
+    QWidget::changeEvent(event);
+}
+
+}  // namespace bracken

@@ -1,0 +1,67 @@
+#include "platform/qt/text_area_view.h"
+
+#include <QPen>
+#include <QTextCursor>
+
+namespace bracken {
+
+TextAreaView::TextAreaView(EditField& model, QWidget* parent)
+    : QPlainTextEdit(parent), ControlView(model, *this), model_(model) {
+    setTabChangesFocus(true);
+    auto bar = [](bool wanted) { return wanted ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff; };
+    setVerticalScrollBarPolicy(bar(model.ScrollBarVertical));
+    setHorizontalScrollBarPolicy(bar(model.ScrollBarHorizontal));
+    if (model.ScrollBarHorizontal) setLineWrapMode(QPlainTextEdit::NoWrap);
+    if (model.TextSize == 0) return;
+    QFont sized = font();
+    sized.setPointSize(model.TextSize);
+    setFont(sized);
+}
+
+void TextAreaView::sync() {
+    if (shownText_ == model_.textVersion() && shownStyles_ == model_.styleVersion()) return;
+    shownText_ = model_.textVersion();
+    shownStyles_ = model_.styleVersion();
+    showText();
+}
+
+// All at once and with nothing to undo: text, then styles, in one pass over both.
+void TextAreaView::showText() {
+    DisplayText display(model_.Text.get());
+    document()->setUndoRedoEnabled(false);
+    setPlainText(display.text());
+    showStyles(display);
+    showSelection(display);
+    document()->setUndoRedoEnabled(true);
+}
+
+void TextAreaView::showStyles(DisplayText& display) {
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (const StyleRun& run : model_.styles().runs()) {
+        cursor.setPosition(display.positionOf(run.from));
+        cursor.setPosition(display.positionOf(run.end()), QTextCursor::KeepAnchor);
+        cursor.setCharFormat(formatOf(run.style));
+    }
+    cursor.endEditBlock();
+}
+
+void TextAreaView::showSelection(DisplayText& display) {
+    QTextCursor cursor(document());
+    cursor.setPosition(display.positionOf(model_.SelStart));
+    cursor.setPosition(display.positionOf(int64_t{model_.SelStart} + model_.SelLength),
+                       QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+QTextCharFormat TextAreaView::formatOf(const TextStyle& style) const {
+    QTextCharFormat format;
+    if (style.bold) format.setFontWeight(QFont::Bold);
+    QColor ink = palette().color(QPalette::Text);
+    if (style.coloured) ink = QColor(style.color.red, style.color.green, style.color.blue);
+    format.setForeground(ink);
+    if (style.outline) format.setTextOutline(QPen(ink));
+    return format;
+}
+
+}  // namespace bracken
