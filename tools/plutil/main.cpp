@@ -1,0 +1,52 @@
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+
+#include "framework/files/folder_item.h"
+#include "tools/plutil/conversion.h"
+#include "tools/plutil/xml_shape.h"
+
+// Converts a property-list file in place between its binary and its XML form. The file is replaced
+// in one step, and stands as it was after a failure.
+namespace {
+
+using bracken::FolderItem;
+using bracken::GetFolderItem;
+using bracken::Ref;
+
+std::string readAll(const FolderItem& file) {
+    const auto stream = file.OpenAsTextFile();
+    if (stream == nullptr) throw std::runtime_error("can't be read");
+    return stream->ReadAll();
+}
+
+std::string converted(const std::string& bytes, bool toXml) {
+    using namespace bracken::plutil;
+    const std::string parsable = isBinary(bytes) ? bytes : wellFormed(bytes);
+    return toXml ? toReadersShape(bracken::plutil::toXml(parsable)) : toBinary(parsable);
+}
+
+void convert(const std::string& form, const std::string& path) {
+    const Ref<FolderItem> file = GetFolderItem(std::filesystem::absolute(path), 0);
+    const std::string text = converted(readAll(*file), form == "xml1");
+    const auto stream = file->CreateTextFile();
+    if (stream == nullptr) throw std::runtime_error("can't be written");
+    stream->Write(text);
+    stream->Close();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::string form = argc == 4 ? argv[2] : "";
+    if (argc != 4 || std::string(argv[1]) != "-convert" || (form != "xml1" && form != "binary1")) {
+        std::cerr << "usage: plutil -convert xml1|binary1 FILE\n";
+        return 2;
+    }
+    try {
+        convert(form, argv[3]);
+    } catch (const std::exception& failure) {
+        std::cerr << argv[3] << ": " << failure.what() << '\n';
+        return 1;
+    }
+}
