@@ -28,7 +28,9 @@ class Body : public Thread {
     std::function<void()> body_;
 };
 
-Ref<Body> body(std::function<void()> work) { return make<Body>(std::move(work)); }
+Ref<Body> body(std::function<void()> work) {
+    return make<Body>(std::move(work));
+}
 
 class ThreadTest : public testing::Test {
   protected:
@@ -57,8 +59,8 @@ TEST_F(ThreadTest, SecondRunRaisesWhileTheFirstIsAlive) {
     test::runUntil([&] { return !thread->running(); });
 }
 
-// Two numbers that a run changes together must never be seen apart, wherever the main thread cuts in,
-// and after Kill they must stand still, also while the killed run unwinds beside a new one.
+// Two numbers that a run changes together must never be seen apart, wherever the main thread cuts
+// in, and after Kill they must stand still, also while the killed run unwinds beside a new one.
 TEST_F(ThreadTest, KillFallsAtStoppingPointsOnly) {
     std::mt19937 random(20260101);
     int first = 0;
