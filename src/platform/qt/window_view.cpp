@@ -33,6 +33,11 @@ WindowView::WindowView(std::shared_ptr<Window> window)
     makeControls();
 }
 
+WindowView::~WindowView() {
+    // The controls' views go before the model does.
+    delete content_;
+}
+
 void WindowView::setFlags() {
     Qt::WindowFlags flags =
         Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;

@@ -16,6 +16,7 @@ namespace bracken {
 class WindowView : public QWidget {
   public:
     explicit WindowView(std::shared_ptr<Window> window);
+    ~WindowView() override;
 
     Window& model() const { return *window_; }
     // Takes over what has changed in the model since the last call.
