@@ -8,35 +8,43 @@
 namespace bracken {
 
 void plistDict::SetEditField(const EditField* field) {
-    SetString(checked(field).name(), field->Text);
+    const EditField& shown = checked(field);
+    SetString(shown.name(), shown.Text);
 }
 
 void plistDict::GetEditField(EditField* field) {
-    field->Text = GetString(checked(field).name(), field->Text);
+    EditField& shown = checked(field);
+    shown.Text = GetString(shown.name(), shown.Text);
 }
 
 void plistDict::SetStaticText(const StaticText* label) {
-    SetString(checked(label).name(), label->Caption);
+    const StaticText& shown = checked(label);
+    SetString(shown.name(), shown.Caption);
 }
 
 void plistDict::GetStaticText(StaticText* label) {
-    label->Caption = GetString(checked(label).name(), label->Caption);
+    StaticText& shown = checked(label);
+    shown.Caption = GetString(shown.name(), shown.Caption);
 }
 
 void plistDict::SetCheckbox(const CheckBox* box) {
-    SetBoolean(checked(box).name(), box->Value);
+    const CheckBox& shown = checked(box);
+    SetBoolean(shown.name(), shown.Value);
 }
 
 void plistDict::GetCheckbox(CheckBox* box) {
-    box->Value = GetBoolean(checked(box).name(), box->Value);
+    CheckBox& shown = checked(box);
+    shown.Value = GetBoolean(shown.name(), shown.Value);
 }
 
 void plistDict::SetRadio(const RadioButton* button) {
-    SetBoolean(checked(button).name(), button->Value);
+    const RadioButton& shown = checked(button);
+    SetBoolean(shown.name(), shown.Value);
 }
 
 void plistDict::GetRadio(RadioButton* button) {
-    button->Value = GetBoolean(checked(button).name(), button->Value);
+    RadioButton& shown = checked(button);
+    shown.Value = GetBoolean(shown.name(), shown.Value);
 }
 
 }  // namespace bracken

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "framework/files/shell.h"
+#include "tests/plist/trees.h"
+
+namespace bracken {
+namespace {
+
+using test::foot;
+using test::head;
+using test::picture;
+
+class Binary : public testing::Test {
+  protected:
+    // A file in binary form with the content of this body.
+    Ref<FolderItem> binary(const std::string& body) {
+        folder.write("a b.plist", std::string(head) + body + std::string(foot));
+        auto file = GetFolderItem(folder.path("a b.plist"), 0);
+        Shell().Execute("plutil -convert binary1 " + file->ShellPath());
+        EXPECT_TRUE(folder.read("a b.plist").starts_with("bplist00"));
+        return file;
+    }
+
+    test::TempFolder folder;
+};
+
+TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
+    const auto file = binary(
+        "<key>s</key><string>a &amp; &lt;b&gt;&#10;\t</string><key>e</key><string></string>"
+        "<key>d</key><data>QUJD</data><key>n</key><data></data><key>l</key>"
+        "<array><integer>-1</integer><dict/><true/></array>");
+    plist document(file, nullptr);
+    EXPECT_TRUE(document.isBinary);
+    EXPECT_EQ(document.org, file);
+    EXPECT_EQ(document.savePath->AbsolutePath(), folder.path("a b.plist temp"));
+    const std::string tree =
+        "{s:string='a &amp; <b>&#10;&#9;' e:string='' d:data=QUJD n:data='' "
+        "l:array[0:integer=-1 1:dict{} 2:boolean=true]";
+    EXPECT_EQ(picture(*document.root), tree + "}");
+    document.root->SetString("new", "x & y");
+    document.root->Remove("n");
+    document.Save();
+    EXPECT_TRUE(folder.read("a b.plist").starts_with("bplist00"));
+    EXPECT_EQ(folder.read("a b.plist temp"), folder.read("a b.plist"));
+
+    plist again(file, nullptr);
+    EXPECT_EQ(again.root->GetString("new"), "x &amp; y");
+    EXPECT_EQ(again.root->GetString("s"), document.root->GetString("s"));
+    again.Save(true);
+    EXPECT_FALSE(again.savePath->Exists());
+    again.Save();
+    EXPECT_TRUE(folder.read("a b.plist").starts_with("bplist00"));
+}
+
+TEST_F(Binary, AnEmptyOneOpensToo) {
+    plist document(binary(""), nullptr);
+    EXPECT_FALSE(document.error);
+    EXPECT_EQ(picture(*document.root), "{}");
+}
+
+TEST_F(Binary, WhatTheConverterRefusesIsNoPropertyList) {
+    folder.write("x", "bplist00 and nothing good\n");
+    plist document(GetFolderItem(folder.path("x"), 0), nullptr);
+    EXPECT_EQ(document.errorMessage, "Not a plist file");
+    EXPECT_EQ(folder.read("x temp"), "bplist00 and nothing good\n");
+}
+
+}  // namespace
+}  // namespace bracken

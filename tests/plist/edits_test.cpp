@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include "tests/plist/trees.h"
+
+namespace bracken {
+namespace {
+
+using test::picture;
+
+class Edits : public testing::Test, protected test::EmptyDocument {
+  protected:
+    void expectError(const std::string& message) const {
+        EXPECT_EQ(document.error, !message.empty()) << document.errorMessage;
+        EXPECT_EQ(document.errorMessage, message);
+    }
+    // The tree {a: an array of these strings}; gives the array.
+    Ref<plistDict> strings(const std::vector<std::string>& texts) {
+        root.AddArray("a");
+        for (const std::string& text : texts) root.child("a")->AppendString(text);
+        return root.child("a");
+    }
+};
+
+TEST_F(Edits, ContainersAreAddedOnce) {
+    EXPECT_TRUE(root.AddArray("a"));
+    EXPECT_FALSE(root.AddArray("A"));
+    expectError("Array exists: A already exists");
+    root.AppendDict();
+    expectError("root is not an array");
+    const auto array = root.child("a");
+    array->AppendArray();
+    array->AppendDict();
+    array->AppendString("x");
+    EXPECT_EQ(picture(root), "{a:array[0:array[] 1:dict{} 2:string=x]}");
+    EXPECT_EQ(array->index(0)->name, "0");
+    EXPECT_EQ(array->index(1)->name, "");
+    EXPECT_EQ(array->indexOf, 2);
+    EXPECT_FALSE(array->searched.HasKey("0"));
+    EXPECT_FALSE(root.searched.Value("a"));
+}
+
+TEST_F(Edits, RemoveTakesTextKeysFromAnyNode) {
+    root.SetString("s", "x");
+    root.child("c")->SetString("d", "y");
+    root.SetString("5", "z");
+    root.Remove("C");
+    root.Remove("s");
+    EXPECT_EQ(root.children.upperBound(), 0);
+    EXPECT_THROW(root.Remove("s"), KeyNotFoundException);
+    root.Remove("5");
+    expectError("root is not an array");
+    EXPECT_EQ(picture(root), "{5:string=z}");
+}
+
+TEST_F(Edits, RemoveShiftsTheElementsOfAnArray) {
+    const auto array = strings({"p", "q", "r", "s"});
+    array->Remove(1);
+    EXPECT_EQ(picture(*array), "[0:string=p 2:string=s 1:string=r]");
+    array->Remove("0");
+    EXPECT_EQ(picture(*array), "[1:string=s 0:string=r]");
+    EXPECT_THROW(array->Remove(9), KeyNotFoundException);
+    expectError("Subscript out of range");
+    EXPECT_THROW(array->Remove(-1), KeyNotFoundException);
+    // The last element goes, and then once more.
+    EXPECT_THROW(array->Remove(1), KeyNotFoundException);
+    EXPECT_EQ(picture(*array), "[0:string=r]");
+}
+
+TEST_F(Edits, RemoveLeavesContainersUnderTheirOldNames) {
+    const auto array = strings({"p"});
+    array->AppendDict();
+    array->AppendString("q");
+    array->Remove(0);
+    // The container's new key has no child, its old one is a scalar's.
+    EXPECT_EQ(picture(*array), "[1:string=q 0:dict!]");
+    EXPECT_EQ(array->children.name(1), "1");
+    EXPECT_THROW(array->child("0"), StackOverflowException);
+    array->Remove(0);
+    EXPECT_EQ(picture(*array), "[0:string=q]");
+    EXPECT_EQ(array->children.upperBound(), 0);
+
+    root.AddArray("b");
+    const auto mixed = root.child("b");
+    mixed->AppendString("p");
+    mixed->AppendDict();
+    EXPECT_THROW(mixed->Remove(1), IndexOutOfRangeException);
+}
+
+TEST_F(Edits, MoveCopiesEveryTagItKnows) {
+    const auto source = test::readBody(
+        "<key>s</key>\n<STRING>x</STRING>\n<key>b</key>\n<true/>\n<key>r</key>\n<real>1.5</real>\n"
+        "<key>i</key>\n<integer>2.9</integer>\n<key>d</key>\n<data>QQ==</data>\n"
+        "<key>t</key>\n<date>2004-03-09</date>\n<key>w</key>\n<word>x</word>\n"
+        "<key>n</key>\n<double>1</double>\n</dict>",
+        &document);
+    root.AddChild("dict");
+    root.AddArray("array");
+    for (const char* key : {"s", "b", "r", "i", "d", "t", "w", "n"}) {
+        source->Copy(key, root.child("dict"));
+        source->Move(key, root.child("array"));
+    }
+    EXPECT_EQ(source->count(), 0);
+    EXPECT_EQ(picture(root),
+              "{dict:dict{s:string=x b:boolean=true r:real=1.5 i:integer=2 d:data=QQ== "
+              "t:date=2004-03-09T00:00:00Z} array:array[0:string=x 1:boolean=true 2:double=1.5 "
+              "3:integer=2 4:data=QQ== 5:date=2004-03-09T00:00:00Z]}");
+}
+
+TEST_F(Edits, MoveMakesDictionariesOfContainers) {
+    const auto array = strings({"p", "q"});
+    root.AddChild("to");
+    root.Copy("a", root.child("to"));
+    EXPECT_EQ(picture(*root.child("to")), "{a:dict{0:string=p 1:string=q}}");
+    // Into an array two elements are added, the first one empty.
+    root.AddArray("b");
+    root.Copy("a", root.child("b"));
+    EXPECT_EQ(picture(*root.child("b")), "[0:dict{} 1:dict{0:string=p 1:string=q}]");
+    // Merges into what is there, whose own values are set anew.
+    root.child("to")->child("a")->SetString("2", "r");
+    array->values.Value("0", "changed");
+    root.Copy("a", root.child("to"));
+    EXPECT_EQ(picture(*root.child("to")), "{a:dict{0:string=changed 1:string=q 2:string=r}}");
+    root.AddChild("empty");
+    root.Copy("empty", root.child("to"));
+    expectError("Source does not exist.");
+    EXPECT_EQ(picture(*root.child("to")->child("empty")), "{}");
+}
+
+TEST_F(Edits, MoveRefuses) {
+    root.SetString("s", "x");
+    root.Move("s", nullptr);
+    expectError("Destination is nil");
+    root.Move("none", document.root);
+    expectError("Source does not exist.");
+    root.SetString("7", "x");
+    root.AddChild("to");
+    root.Move("7", root.child("to"));
+    EXPECT_EQ(picture(root), "{s:string=x 7:string=x to:dict{7:string=x}}");
+    // Onto itself, and then removed.
+    root.Move("s", document.root);
+    EXPECT_FALSE(root.Exists("s"));
+}
+
+TEST_F(Edits, ACopyIntoItselfNeverEnds) {
+    root.child("a")->child("b")->SetString("c", "x");
+    EXPECT_THROW(root.Copy("a", root.child("a")->child("b")), StackOverflowException);
+    root.AddArray("list");
+    root.child("list")->AppendString("x");
+    EXPECT_THROW(root.Copy("list", document.root), StackOverflowException);
+    EXPECT_THROW(root.Copy("list", root.child("list")), StackOverflowException);
+}
+
+TEST_F(Edits, RenameMakesNewNodes) {
+    const auto before = root.child("a");
+    before->child("b")->SetString("c", "x");
+    root.SetString("s", "y");
+    root.Rename("a", "A");
+    expectError("Key A already exists.");
+    root.Rename("a", "s");
+    expectError("Key s already exists.");
+    root.Rename("none", "other");
+    expectError("Source does not exist.");
+    root.Rename("a", "new");
+    EXPECT_EQ(picture(root), "{s:string=y new:dict{b:dict{c:string=x}}}");
+    EXPECT_NE(root.child("new"), before);
+}
+
+TEST_F(Edits, PathsGoUpToTheRoot) {
+    EXPECT_EQ(root.child("a")->AbsolutePath(), ":root:a");
+    EXPECT_EQ(root.child("a")->child("b")->child("c")->AbsolutePath(), ":root:a:b:c");
+    root.child("a")->AddArray("list");
+    root.child("a")->child("list")->AppendDict();
+    EXPECT_EQ(root.child("a")->child("list")->index(0)->AbsolutePath(), ":root:a:list:");
+    EXPECT_EQ(root.child("a")->child("ROOT")->child("x")->AbsolutePath(), ":root:x");
+    EXPECT_THROW(root.AbsolutePath(), NilObjectException);
+    EXPECT_THROW(make<plistDict>()->child("a")->AbsolutePath(), NilObjectException);
+}
+
+TEST_F(Edits, MovesNestingOfAnyDepth) {
+    constexpr int depth = 20000;
+    std::string body;
+    for (int i = 0; i < depth; ++i) body += "<key>a</key>\n<dict>\n";
+    const auto deep = test::readBody(body, &document);
+    deep->Rename("a", "b");
+    int found = 0;
+    const plistDict* node = deep.get();
+    for (; node->children.upperBound() > 0; ++found) node = node->children.node(1).get();
+    EXPECT_EQ(found, depth);
+}
+
+}  // namespace
+}  // namespace bracken
