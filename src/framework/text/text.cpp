@@ -33,37 +33,37 @@ bool equalBytes(const char* a, const char* b, size_t count) {
     return true;
 }
 
-size_t findByte(std::string_view source, size_t at, char byte) {
-    if (at >= source.size()) return npos;
-    const void* hit = std::memchr(source.data() + at, byte, source.size() - at);
+// The first place of a byte from `at` up to but not including `end`; npos for none.
+size_t findByte(std::string_view source, size_t at, size_t end, char byte) {
+    const void* hit = std::memchr(source.data() + at, byte, end - at);
     return hit == nullptr ? npos
                           : static_cast<size_t>(static_cast<const char*>(hit) - source.data());
 }
 
-// The next place of a byte in either case. Each case's next place is kept until it is passed, so a
-// rare one costs one search of the text and not one at each step.
+// The next place of a byte in either case. The text is searched piece by piece for both, so that a
+// case that occurs nowhere does not cost a search to the end each time.
 class ByteFinder {
   public:
     ByteFinder(std::string_view source, char byte)
-        : source_(source), cases_{lower(byte), upper(lower(byte))} {}
+        : source_(source), lower_(lower(byte)), upper_(upper(lower_)) {}
 
-    size_t next(size_t at) {
-        size_t first = npos;
-        for (size_t i = 0; i < (cases_[0] == cases_[1] ? 1 : 2); ++i) {
-            if (!known_[i] || (places_[i] != npos && places_[i] < at)) {
-                places_[i] = findByte(source_, at, cases_[i]);
-                known_[i] = true;
-            }
-            first = std::min(first, places_[i]);
+    size_t next(size_t at) const {
+        constexpr size_t piece = 4096;
+        while (at < source_.size()) {
+            size_t end = std::min(at + piece, source_.size());
+            size_t first = findByte(source_, at, end, lower_);
+            if (upper_ != lower_)
+                first = std::min(first, findByte(source_, at, std::min(first, end), upper_));
+            if (first != npos) return first;
+            at = end;
         }
-        return first;
+        return npos;
     }
 
   private:
     std::string_view source_;
-    std::array<char, 2> cases_;
-    std::array<size_t, 2> places_{};
-    std::array<bool, 2> known_{};
+    char lower_;
+    char upper_;
 };
 
 // Finds a text without regard to case, at ascending places.

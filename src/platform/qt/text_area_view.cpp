@@ -29,6 +29,9 @@ void TextAreaView::sync() {
 void TextAreaView::showText() {
     DisplayText display(model_.Text.get());
     document()->setUndoRedoEnabled(false);
+    // A new text takes on the looks of where the cursor stands.
+    setTextCursor(QTextCursor(document()));
+    setCurrentCharFormat(QTextCharFormat());
     setPlainText(display.text());
     showStyles(display);
     showSelection(display);

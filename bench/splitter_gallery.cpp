@@ -1,0 +1,14 @@
+// A window of splitters to play with:
+//
+//     splitter_gallery
+
+#include "bench/splitter_window.h"
+#include "framework/controls/application.h"
+#include "framework/controls/windows.h"
+#include "platform/qt/qt_platform.h"
+
+int main(int argc, char** argv) {
+    bracken::Application application;
+    bracken::QtPlatform platform(argc, argv);
+    return platform.run([] { bracken::Windows::open().instance<bracken::SplitterWindow>(); });
+}

@@ -1,0 +1,122 @@
+#include <QPixmap>
+
+#include "splitter/smart_splitter.h"
+#include "tests/platform_qt/qt_test.h"
+
+namespace bracken::test {
+
+namespace {
+
+class Panes : public Window {
+  public:
+    Canvas min{*this, "min"};
+    Canvas max{*this, "max"};
+    SmartSplitter upright{*this, "upright"};
+    SmartSplitter lying{*this, "lying"};
+
+  protected:
+    void Layout() override {
+        Width = 500;
+        Height = 400;
+    }
+    void CreateControls() override {
+        min.place(0, 10, 200, 200);
+        upright.place(200, 10, 13, 200);
+        max.place(213, 10, 200, 200);
+        lying.place(20, 300, 200, 13);
+    }
+};
+
+class DarkPanes : public Panes {
+  protected:
+    void Layout() override {
+        Panes::Layout();
+        Frame = 9;
+    }
+};
+
+class CanvasWidget : public QtTest {
+  protected:
+    static void showsThePixels(Canvas& canvas, const char* what) {
+        showFrame();
+        QWidget& shown = widget(canvas);
+        QRect place(shown.mapTo(shown.window(), QPoint()), shown.size());
+        QImage seen = shown.window()->grab(place).toImage().convertToFormat(QImage::Format_ARGB32);
+        const Pixels& pixels = canvas.paint();
+        ASSERT_EQ(seen.size(), QSize(pixels.width, pixels.height));
+        // A corner, where no handle reaches.
+        uint32_t ground = seen.pixel(0, 0);
+        int painted = 0;
+        for (int y = 0; y < pixels.height; ++y) {
+            for (int x = 0; x < pixels.width; ++x) {
+                uint32_t value = pixels.at(x, y);
+                painted += value != clearPixel ? 1 : 0;
+                ASSERT_EQ(seen.pixel(x, y), value == clearPixel ? ground : value)
+                    << what << " at " << x << ", " << y;
+            }
+        }
+        EXPECT_GT(painted, 0) << what;
+    }
+
+    static void showsEachHandle(Panes& panes) {
+        for (SmartSplitter* splitter : {&panes.upright, &panes.lying}) {
+            for (bool enabled : {true, false}) {
+                for (bool active : {true, false}) {
+                    splitter->Enabled = enabled;
+                    splitter->Active = active;
+                    for (int type : {1, 2, 3, 4}) {
+                        splitter->setHandleType(type);
+                        showsThePixels(*splitter, splitter->name().c_str());
+                    }
+                }
+            }
+        }
+    }
+};
+
+TEST_F(CanvasWidget, ShowsTheModelsPixels) {
+    showsEachHandle(open<Panes>());
+}
+
+TEST_F(CanvasWidget, ShowsTheModelsPixelsOfADarkWindow) {
+    showsEachHandle(open<DarkPanes>());
+}
+
+// Several events may come between two frames: the widget then still stands where it was.
+TEST_F(CanvasWidget, TheDividerFollowsTheMouseAheadOfTheFrames) {
+    Panes& panes = open<Panes>();
+    panes.upright.setMinLimitOffset(0);
+    panes.upright.setMaxLimitOffset(0);
+    QWidget& divider = widget(panes.upright);
+    auto send = [&](QEvent::Type type, int x, Qt::MouseButtons buttons) {
+        QPointF at = divider.mapFromParent(QPoint(x, 100));
+        QMouseEvent event(type, at, divider.mapToGlobal(at),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&divider, &event);
+    };
+    send(QEvent::MouseButtonPress, 205, Qt::LeftButton);
+    send(QEvent::MouseMove, 245, Qt::LeftButton);
+    send(QEvent::MouseMove, 255, Qt::LeftButton);
+    EXPECT_EQ(panes.upright.Left, 250);
+    EXPECT_TRUE(waitFor([&] { return divider.x() == 250; }));
+    send(QEvent::MouseMove, 305, Qt::LeftButton);
+    send(QEvent::MouseMove, 95, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, 95, Qt::NoButton);
+    send(QEvent::MouseMove, 400, Qt::NoButton);
+    EXPECT_EQ(panes.upright.Left, 90);
+    EXPECT_EQ(panes.min.Width, 90);
+    EXPECT_TRUE(waitFor([&] { return widget(panes.max).geometry() == QRect(103, 10, 310, 200); }));
+}
+
+TEST_F(CanvasWidget, ShowsThePointerOfTheControl) {
+    Panes& panes = open<Panes>();
+    EXPECT_EQ(widget(panes.upright).cursor().shape(), Qt::SplitHCursor);
+    EXPECT_EQ(widget(panes.lying).cursor().shape(), Qt::SplitVCursor);
+    EXPECT_EQ(widget(panes.min).cursor().shape(), Qt::ArrowCursor);
+    panes.min.TakesMouse = false;
+    EXPECT_FALSE(widget(panes.min).testAttribute(Qt::WA_TransparentForMouseEvents));
+}
+
+}  // namespace
+}  // namespace bracken::test
