@@ -33,9 +33,9 @@ bool mayOpenBrowser() {
 
 void winResults::butPrint_Action() {
     if (!mayOpenBrowser()) return;
-    Ref<FolderItem> folder = SpecialFolder::ApplicationData()->Child("Bracken Lens");
-    if (!folder->Exists()) folder->CreateAsFolder();
-    Ref<FolderItem> file = folder->Child("report.html");
+    Ref<FolderItem> place = SpecialFolder::ApplicationData()->Child("Bracken Lens");
+    if (!place->Exists()) place->CreateAsFolder();
+    Ref<FolderItem> file = place->Child("report.html");
     std::string html = reportOf(lstResults);
     Ref<TextOutputStream> stream = file->CreateTextFile();
     stream->Write(html);
