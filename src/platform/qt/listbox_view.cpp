@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QScopedValueRollback>
 #include <QToolTip>
+#include <algorithm>
 
 #include "framework/controls/event.h"
 
@@ -77,6 +78,8 @@ void ListboxView::syncColumns() {
     for (int column = 0; column < rows_.columnCount(); column++) {
         int width =
             column < static_cast<int>(widths.size()) ? widths[static_cast<size_t>(column)] : 0;
+        // A section beyond the header's limit would stay as it is.
+        width = std::min(width, horizontalHeader()->maximumSectionSize());
         setColumnHidden(column, width <= 0);
         if (width > 0 && columnWidth(column) != width) setColumnWidth(column, width);
     }

@@ -27,6 +27,7 @@ bool QtApplication::pumpUntil(const std::atomic<bool>& done) {
     QScopedValueRollback<int> statement(statements_, statements_ + 1);
     quitChosen_ = false;
     spin([&] {
+        processEvents();
         while (!done.load(std::memory_order_acquire) && !quitChosen_)
             processEvents(QEventLoop::WaitForMoreEvents);
     });
@@ -57,6 +58,7 @@ bool QtApplication::notify(QObject* receiver, QEvent* event) {
     bool result = false;
     {
         QScopedValueRollback<bool> scope(handling_, true);
+        sinceEvent_.start();
         handleEvent([&] { result = deliver(receiver, event); });
     }
     if (innerLoops_ == 0 && idle) idle();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <atomic>
 #include <functional>
 
@@ -24,9 +25,11 @@ class QtApplication : public QApplication {
     // Without the baton.
     void spin(const std::function<void()>& loop);
 
-    // Delivers events other than input until `done`, looking at it after each and whenever the
-    // loop is woken; false if the user chose Quit meanwhile.
+    // Delivers events other than input at least once and until `done`, looking at it after each and
+    // whenever the loop is woken; false if the user chose Quit meanwhile.
     bool pumpUntil(const std::atomic<bool>& done);
+    // Milliseconds that the latest event has been handled for.
+    qint64 busyFor() const { return sinceEvent_.elapsed(); }
     bool inStatement() const { return statements_ > 0; }
     // The user chose Quit during a statement.
     void quitStatement() { quitChosen_ = true; }
@@ -43,6 +46,7 @@ class QtApplication : public QApplication {
     int innerLoops_ = 0;
     int statements_ = 0;
     bool quitChosen_ = false;
+    QElapsedTimer sinceEvent_;
 };
 
 }  // namespace bracken

@@ -20,6 +20,13 @@
 
 namespace bracken {
 
+namespace {
+
+// Milliseconds without an event before a statement lets events in that it need not wait for.
+constexpr qint64 longestFrame = 32;
+
+}  // namespace
+
 QtPlatform::QtPlatform(int& argc, char** argv) : application_(argc, argv) {
     application_.idle = [this] { views_.bury(); };
     application_.beforeShortcut = [this] { views_.refreshMenus(); };
@@ -153,7 +160,10 @@ bool QtPlatform::hasEventLoop() {
 }
 
 bool QtPlatform::pumpUntil(const std::atomic<bool>& done) {
-    return waker_.waitBriefly(done) || application_.pumpUntil(done);
+    // Short statements on end, as the blocks of a long result are, must not keep the windows from
+    // painting.
+    bool framesWait = application_.busyFor() > longestFrame;
+    return (!framesWait && waker_.waitBriefly(done)) || application_.pumpUntil(done);
 }
 
 int runApplication(int& argc, char** argv, const std::function<void()>& start) {
