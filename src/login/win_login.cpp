@@ -71,7 +71,7 @@ void winLogin::butConnect_Action() {
     if (App().CheckError()) return;
     Ref<DatabaseCursor> cursor = db.SQLSelect("show databases");
     if (App().CheckError()) return;
-    int index = listDatabases(*cursor, saved);
+    int index = listDatabases(cursor, saved);
     popChooseDatabase.ListIndex = index;
     cursor->Close();
     if (index != 0) return;
@@ -80,15 +80,15 @@ void winLogin::butConnect_Action() {
     butGo.Default = true;
 }
 
-int winLogin::listDatabases(DatabaseCursor& cursor, const std::string& saved) {
+int winLogin::listDatabases(const Ref<DatabaseCursor>& cursor, const std::string& saved) {
     popChooseDatabase.DeleteAllRows();
     popChooseDatabase.AddRow("Choose a Database...");
     int index = 0;
-    while (!cursor.EOF_()) {
-        std::string name = cursor.IdxField(1)->StringValue;
+    while (!cursor->EOF_()) {
+        std::string name = cursor->IdxField(1)->StringValue;
         popChooseDatabase.AddRow(name);
         if (equal(name, saved)) index = popChooseDatabase.ListCount() - 1;
-        cursor.MoveNext();
+        cursor->MoveNext();
     }
     return index;
 }

@@ -70,7 +70,7 @@ class winLogin : public Window {
 
     void storeLogin();
     // Fills the popup with the server's databases and gives the row of the one used last, else 0.
-    int listDatabases(DatabaseCursor& cursor, const std::string& saved);
+    int listDatabases(const Ref<DatabaseCursor>& cursor, const std::string& saved);
 };
 
 // The open login window, made if there is none.
