@@ -1,0 +1,245 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "framework/controls/edit_field.h"
+#include "framework/controls/listbox.h"
+#include "framework/controls/popup_menu.h"
+#include "framework/controls/window.h"
+#include "framework/exception.h"
+#include "framework/text/text.h"
+#include "tests/support/fake_platform.h"
+
+namespace bracken {
+namespace {
+
+class Controls : public testing::Test {
+  protected:
+    Controls() {
+        list.Change = [this] { changes++; };
+        popup.Change = [this] { changes++; };
+        field.TextChange = [this] { changes++; };
+    }
+    // How often Change has fired since the last call.
+    int fired() { return std::exchange(changes, 0); }
+    void addRows(const std::vector<std::string>& rows) {
+        for (const std::string& row : rows) list.AddRow(row);
+    }
+    std::string rows() {
+        std::string all;
+        for (int row = 0; row < list.ListCount(); row++)
+            all += std::string(list.Cell(row, 0)) + " ";
+        return all;
+    }
+
+    test::FakePlatform platform;
+    std::shared_ptr<Window> window = std::make_shared<Window>();
+    Listbox list{*window, "list"};
+    PopupMenu popup{*window, "popup"};
+    EditField field{*window, "field"};
+    int changes = 0;
+};
+
+TEST_F(Controls, APopupFiresOnEveryAssignment) {
+    EXPECT_EQ(popup.ListIndex, 0);
+    EXPECT_EQ(popup.Text(), "");
+    popup.AddRow("zero");
+    popup.AddRow("one");
+    EXPECT_EQ(fired(), 0);
+    popup.ListIndex = 1;
+    popup.ListIndex = 1;
+    EXPECT_EQ(fired(), 2);
+    popup.userChose(1);
+    popup.userChose(2);
+    popup.userChose(-1);
+    EXPECT_EQ(fired(), 0);
+    popup.userChose(0);
+    EXPECT_EQ(fired(), 1);
+    popup.DeleteAllRows();
+    EXPECT_EQ(fired(), 0);
+    EXPECT_EQ(popup.ListIndex, -1);
+    EXPECT_THROW(popup.List(0), IndexOutOfRangeException);
+}
+
+TEST_F(Controls, TheSelectionStaysWithItsRow) {
+    addRows({"a", "b", "c", "d"});
+    list.ListIndex = 2;
+    EXPECT_EQ(fired(), 1);
+    list.ListIndex = 2;
+    list.RemoveRow(0);
+    EXPECT_EQ(list.ListIndex, 1);
+    EXPECT_EQ(list.Text(), "c");
+    list.RemoveRow(2);
+    EXPECT_EQ(fired(), 0);
+    list.RemoveRow(1);
+    EXPECT_EQ(list.ListIndex, -1);
+    EXPECT_EQ(fired(), 1);
+    list.DeleteAllRows();
+    EXPECT_EQ(fired(), 0);
+    addRows({"a"});
+    list.userSelected(0);
+    list.userSelected(7);
+    EXPECT_EQ(list.ListIndex, 0);
+    list.DeleteAllRows();
+    EXPECT_EQ(fired(), 2);
+}
+
+TEST_F(Controls, CellsOutsideTheRowsRaise) {
+    addRows({"a"});
+    list.ColumnCount = 2;
+    list.Cell(0, 5) = "kept";
+    EXPECT_EQ(std::string(list.Cell(0, 5)), "kept");
+    EXPECT_EQ(std::string(list.Cell(0, 4)), "");
+    for (auto [row, column] : {std::pair(-1, 0), std::pair(1, 0), std::pair(0, -1)}) {
+        EXPECT_THROW(list.cellText(row, column), IndexOutOfRangeException);
+        EXPECT_THROW((list.Cell(row, column) = "x"), IndexOutOfRangeException);
+        EXPECT_THROW(list.appendNameToCell(row, column, "x"), IndexOutOfRangeException);
+        EXPECT_THROW(list.cellContains(row, column, "x"), IndexOutOfRangeException);
+    }
+    EXPECT_THROW(list.RemoveRow(1), IndexOutOfRangeException);
+    EXPECT_THROW(list.RemoveRow(-1), IndexOutOfRangeException);
+}
+
+TEST_F(Controls, AStructureVersionIsNeverSeenTwice) {
+    Listbox other{*window, "other"};
+    std::vector<uint64_t> seen = {list.structureVersion(), other.structureVersion()};
+    auto expectNew = [&](const std::function<void()>& change) {
+        change();
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), list.structureVersion()), 0) << seen.size();
+        seen.push_back(list.structureVersion());
+    };
+    other.AddRow("x");
+    seen.push_back(other.structureVersion());
+    expectNew([&] { list.AddRow("b"); });
+    expectNew([&] { list.AddRow("a"); });
+    expectNew([&] { list.Cell(0, 0) = "c"; });
+    expectNew([&] { list.appendNameToCell(0, 0, "c"); });
+    expectNew([&] { list.userClickedHeading(0); });
+    expectNew([&] { list.RemoveRow(0); });
+    expectNew([&] { list.DeleteAllRows(); });
+    list.AddRow("a");
+    const uint64_t before = list.structureVersion();
+    list.Cell(0, 1) = "x";
+    list.appendNameToCell(0, 2, "x");
+    EXPECT_EQ(list.structureVersion(), before);
+}
+
+// The index of a cell's names against a search of its text, over all that may happen to the cell.
+TEST_F(Controls, ACellContainsANameWhenInStrFindsIt) {
+    std::mt19937 random(20260105);
+    auto name = [&](const char* letters) {
+        std::string made;
+        for (auto length = random() % 4; length > 0; length--) made += letters[random() % 5];
+        return made;
+    };
+    for (int step = 0; step < 30000; step++) {
+        if (step % 3000 == 0) list.DeleteAllRows();
+        if (list.ListCount() < 4) list.AddRow("x");
+        const int row = static_cast<int>(random() % static_cast<size_t>(list.ListCount()));
+        const int column = static_cast<int>(random() % 2);
+        const auto what = random() % 100;
+        if (what == 0)
+            list.Cell(row, column) = name("aB.,b") + (random() % 2 == 0 ? "," : "");
+        else if (what == 1)
+            list.RemoveRow(row);
+        else if (what == 2)
+            list.userClickedHeading(0);
+        else if (what < 20)
+            list.appendNameToCell(row, column, name(what == 3 ? "aB.,b" : "aB.bA"));
+        if (row >= list.ListCount()) continue;
+        const std::string wanted = name(what == 20 ? "aB.,b" : "aB.bA");
+        const std::string text = list.Cell(row, column);
+        ASSERT_EQ(list.cellContains(row, column, wanted), InStr(0, text, wanted) > 0)
+            << "step " << step << ": " << wanted << " in " << text;
+    }
+}
+
+TEST_F(Controls, AClickOnAHeadingSortsStablyAndTurnsRound) {
+    addRows({"b", "10", "B", "9", "a", "-1.5", ""});
+    list.HeadingIndex = 0;
+    list.Cell(2, 0) = "B";
+    list.ListIndex = 3;
+    fired();
+    list.userClickedHeading(0);
+    EXPECT_EQ(rows(), "-1.5 9 10  a b B ");
+    EXPECT_EQ(list.Text(), "9");
+    list.userClickedHeading(0);
+    EXPECT_EQ(rows(), "b B a  10 9 -1.5 ");
+    EXPECT_EQ(list.Text(), "9");
+    list.userClickedHeading(4);
+    EXPECT_EQ(list.HeadingIndex, 0);
+    EXPECT_EQ(fired(), 0);
+}
+
+TEST_F(Controls, ColumnWidthsByPixelsAndShares) {
+    struct Case {
+        int columns;
+        const char* widths;
+        std::vector<int> pixels;
+    };
+    const Case cases[] = {
+        {3, "20%,80%,0", {136, 544, 0}}, {2, "20%", {136, 544}}, {3, "", {226, 226, 226}},
+        {3, "600,,", {600, 40, 40}},     {2, "900", {900, 0}},   {1, "10,20", {10}},
+        {2, "-5,10", {0, 10}},           {0, "10", {}}};
+    for (const Case& one : cases) {
+        list.ColumnCount = one.columns;
+        list.ColumnWidths = one.widths;
+        EXPECT_EQ(list.columnPixels(680), one.pixels) << one.widths;
+    }
+}
+
+TEST_F(Controls, AFieldFiresWhenItsTextDiffersAndForgetsStylesAlways) {
+    field.Text = "users";
+    EXPECT_EQ(fired(), 1);
+    field.SelStart = 1;
+    field.SelLength = 99;
+    field.SelBold = true;
+    ASSERT_EQ(field.styles().runs().size(), 1U);
+    EXPECT_EQ(field.styles().runs()[0].length, 4);
+    field.Text = "users";
+    EXPECT_EQ(fired(), 0);
+    EXPECT_TRUE(field.styles().runs().empty());
+    field.userEdited("user");
+    EXPECT_EQ(fired(), 1);
+}
+
+// Styles against a look for each byte.
+TEST_F(Controls, StylesStandOnTheirBytes) {
+    std::mt19937 random(20260104);
+    auto below = [&](size_t limit) { return static_cast<int>(random() % (limit + 1)); };
+    std::vector<TextStyle> looks(40);
+    field.Text = std::string(looks.size(), 'x');
+    for (int step = 0; step < 4000; step++) {
+        const int from = below(looks.size());
+        const int length = below(12);
+        const bool bold = random() % 2 == 0;
+        auto begin = looks.begin() + from;
+        auto end = begin + std::min<ptrdiff_t>(length, looks.end() - begin);
+        if (step % 5 == 4) {
+            const std::string inserted(static_cast<size_t>(below(12)), 'y');
+            const TextStyle before = from > 0 ? begin[-1] : TextStyle();
+            field.userReplaced(from, static_cast<int>(end - begin), inserted);
+            looks.insert(looks.erase(begin, end), inserted.size(), before);
+        } else if (step % 2 == 0) {
+            field.userSelected(from, length);
+            field.SelBold = bold;
+            for (; begin != end; ++begin) begin->bold = bold;
+        } else {
+            field.userSelected(from, length);
+            field.SelOutline = bold;
+            for (; begin != end; ++begin) begin->outline = bold;
+        }
+        std::vector<TextStyle> shown(looks.size());
+        int64_t last = 0;
+        for (const StyleRun& run : field.styles().runs()) {
+            ASSERT_GE(run.from, last);
+            ASSERT_LE(run.end(), static_cast<int64_t>(shown.size()));
+            for (last = run.from; last < run.end(); last++)
+                shown[static_cast<size_t>(last)] = run.style;
+        }
+        ASSERT_EQ(shown, looks) << "step " << step;
+    }
+}
+
+}  // namespace
+}  // namespace bracken

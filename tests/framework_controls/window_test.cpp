@@ -1,0 +1,202 @@
+#include "framework/controls/window.h"
+
+#include <gtest/gtest.h>
+
+#include "framework/controls/control.h"
+#include "framework/controls/push_button.h"
+#include "framework/controls/static_text.h"
+#include "framework/controls/windows.h"
+#include "tests/support/fake_platform.h"
+
+namespace bracken {
+namespace {
+
+class Probe : public Window {
+  public:
+    RectControl box{*this, "box"};
+    RectControl outer{*this, "outer"};
+    RectControl inner{*this, "inner"};
+    RectControl innermost{*this, "innermost"};
+    StaticText label{*this, "label"};
+    PushButton first{*this, "first"};
+    PushButton second{*this, "second"};
+    std::string events;
+
+  protected:
+    void Layout() override { Width = Height = 100; }
+    void CreateControls() override {
+        box.place(10, 10, 30, 30);
+        outer.place(10, 10, 50, 50);
+        inner.place(20, 20, 20, 20);
+        innermost.place(25, 25, 5, 5);
+        innermost.Parent = &inner;
+        inner.Parent = &outer;
+        outer.Left = 10;
+        Width = 100;
+    }
+    void Event_Open() override { events += "open "; }
+    void Event_Close() override { events += "close "; }
+    void Event_Resized() override { events += "resized:" + std::to_string(box.Width) + " "; }
+};
+
+class WindowTest : public testing::Test {
+  protected:
+    Probe& open() { return Windows::open().instance<Probe>(); }
+    static std::string place(const RectControl& control) {
+        return std::to_string(control.Left) + "," + std::to_string(control.Top) + " " +
+               std::to_string(control.Width) + "x" + std::to_string(control.Height);
+    }
+
+    test::FakePlatform platform;
+};
+
+TEST_F(WindowTest, LocksHoldControlsToTheWindowsEdges) {
+    // How a control at 10, 30 pixels long, lies in a window of 100 that becomes 150, then -20.
+    struct Case {
+        bool near, far;
+        int grownAt, grownLength, negativeAt, negativeLength;
+    };
+    const Case cases[] = {{false, false, 10, 30, 10, 30},
+                          {true, false, 10, 30, 10, 30},
+                          {false, true, 60, 30, -110, 30},
+                          {true, true, 10, 80, 10, -90}};
+    for (const Case& across : cases) {
+        for (const Case& down : cases) {
+            Probe& window = open();
+            window.box.LockLeft = across.near;
+            window.box.LockRight = across.far;
+            window.box.LockTop = down.near;
+            window.box.LockBottom = down.far;
+            auto expect = [&](int left, int top, int width, int height) {
+                EXPECT_EQ(window.box.Left, left);
+                EXPECT_EQ(window.box.Top, top);
+                EXPECT_EQ(window.box.Width, width);
+                EXPECT_EQ(window.box.Height, height);
+            };
+            window.userResized(150, 150);
+            expect(across.grownAt, down.grownAt, across.grownLength, down.grownLength);
+            window.Width = window.Height = -20;
+            expect(across.negativeAt, down.negativeAt, across.negativeLength, down.negativeLength);
+            window.userResized(100, 100);
+            expect(10, 10, 30, 30);
+            window.Close();
+        }
+    }
+}
+
+TEST_F(WindowTest, ResizedComesAfterTheLayoutOnceForEachChange) {
+    Probe& window = open();
+    EXPECT_EQ(window.events, "open ");
+    window.box.LockLeft = window.box.LockRight = true;
+    window.userResized(120, 100);
+    window.Height = 100;
+    window.Height = 90;
+    EXPECT_EQ(window.events, "open resized:50 resized:50 ");
+}
+
+TEST_F(WindowTest, AContainerMovesWhatItContains) {
+    Probe& window = open();
+    EXPECT_EQ(place(window.inner), "20,20 20x20");
+    window.outer.place(15, 3, 90, 90);
+    EXPECT_EQ(place(window.inner), "25,13 20x20");
+    EXPECT_EQ(place(window.innermost), "30,18 5x5");
+    window.inner.Parent = nullptr;
+    window.outer.Left = 0;
+    EXPECT_EQ(place(window.inner), "25,13 20x20");
+}
+
+TEST_F(WindowTest, LocksOfAContainedControlAreTheWindowsEdgesToo) {
+    struct Case {
+        bool left, right;
+        const char* inner;
+        const char* innermost;
+    };
+    const Case cases[] = {{false, false, "70,20 20x20", "75,25 5x5"},
+                          {false, true, "70,20 20x20", "75,25 5x5"},
+                          {true, false, "20,20 20x20", "25,25 5x5"},
+                          {true, true, "20,20 70x20", "25,25 5x5"}};
+    for (const Case& one : cases) {
+        Probe& window = open();
+        window.outer.LockRight = true;
+        window.inner.LockLeft = one.left;
+        window.inner.LockRight = one.right;
+        window.Width = 150;
+        EXPECT_EQ(window.outer.Left, 60);
+        EXPECT_EQ(place(window.inner), one.inner) << one.left << one.right;
+        EXPECT_EQ(place(window.innermost), one.innermost) << one.left << one.right;
+        window.Close();
+    }
+}
+
+TEST_F(WindowTest, ReturnPressesTheDefaultButtonIfItCanBePressed) {
+    Probe& window = open();
+    std::string pressed;
+    window.first.Action = [&] { pressed += "first "; };
+    window.second.Action = [&] { pressed += "second "; };
+    window.userPressedReturn();
+    window.first.Default = window.second.Default = true;
+    window.userPressedReturn();
+    window.first.Enabled = false;
+    window.userPressedReturn();
+    window.second.Visible = false;
+    window.userPressedReturn();
+    window.first.userPressed();
+    EXPECT_EQ(pressed, "first second ");
+}
+
+TEST_F(WindowTest, AWindowLivesUntilTheHandlerThatClosesItHasEnded) {
+    Probe& window = open();
+    std::weak_ptr<Window> alive = window.weak_from_this();
+    window.first.Action = [&] {
+        window.Close();
+        window.Close();
+        EXPECT_TRUE(window.closed());
+        EXPECT_EQ(window.events, "open close ");
+        window.Show();
+        window.first.userPressed();
+    };
+    window.first.userPressed();
+    EXPECT_TRUE(alive.expired());
+    EXPECT_TRUE(Windows::open().all().empty());
+}
+
+TEST_F(WindowTest, OneInstanceAndAnOrderFromFrontToBack) {
+    class Other : public Window {};
+    Probe& probe = open();
+    auto& other = Windows::open().instance<Other>();
+    EXPECT_EQ(&open(), &probe);
+    EXPECT_EQ(Windows::open().front(), &other);
+    probe.Show();
+    EXPECT_EQ(Windows::open().front(), &probe);
+    probe.Visible = false;
+    EXPECT_EQ(Windows::open().front(), &other);
+    probe.Close();
+    EXPECT_EQ(open().events, "open ");
+    Windows::open().closeAll();
+    EXPECT_THROW(open(), UnwindSignal);
+}
+
+TEST_F(WindowTest, ManyChangesAskForOneFrame) {
+    Probe& window = open();
+    auto takeAll = [&] {
+        Windows::open().takeChanged();
+        window.takeChanged();
+        for (Control* control : window.controls()) control->takeChanged();
+    };
+    takeAll();
+    const int before = platform.frames;
+    for (int i = 0; i < 100; i++) {
+        window.label.Caption = std::to_string(i);
+        window.box.Left = i;
+    }
+    EXPECT_EQ(platform.frames, before + 1);
+    EXPECT_TRUE(window.label.takeChanged());
+    takeAll();
+    window.label.Caption = "99";
+    EXPECT_EQ(platform.frames, before + 1) << "nothing differs";
+    window.label.Refresh(true);
+    EXPECT_EQ(platform.frames, before + 2);
+}
+
+}  // namespace
+}  // namespace bracken
