@@ -1,5 +1,7 @@
 #include "framework/controls/listbox.h"
 
+#include <algorithm>
+
 #include "framework/controls/list_sort.h"
 #include "framework/controls/window.h"
 #include "framework/exception.h"
@@ -189,8 +191,8 @@ std::vector<int> Listbox::columnPixels(int listWidth) const {
             continue;
         }
         double number = Val(entry);
-        pixels[column] =
-            toInt32(entry.back() == '%' ? static_cast<double>(listWidth) * number / 100 : number);
+        if (entry.back() == '%') number = static_cast<double>(listWidth) * number / 100;
+        pixels[column] = std::max(0, toInt32(number));
         left -= pixels[column];
     }
     for (int& width : pixels)
