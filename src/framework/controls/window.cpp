@@ -24,14 +24,12 @@ struct LockedPlace {
     }
 
     void follow(int dx, int dy) const {
-        if (control->LockRight && control->LockLeft)
-            control->Width = control->Width + dx;
-        else if (control->LockRight)
-            control->Left = left + dx;
-        if (control->LockBottom && control->LockTop)
-            control->Height = control->Height + dy;
-        else if (control->LockBottom)
-            control->Top = top + dy;
+        if (control->LockLeft || control->LockRight)
+            control->Left = left + (control->LockLeft ? 0 : dx);
+        if (control->LockLeft && control->LockRight) control->Width = control->Width + dx;
+        if (control->LockTop || control->LockBottom)
+            control->Top = top + (control->LockTop ? 0 : dy);
+        if (control->LockTop && control->LockBottom) control->Height = control->Height + dy;
     }
 };
 
