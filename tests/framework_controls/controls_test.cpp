@@ -212,23 +212,16 @@ TEST_F(Controls, StylesStandOnTheirBytes) {
     for (int step = 0; step < 4000; step++) {
         const int from = below(looks.size());
         const int length = below(12);
-        const bool bold = random() % 2 == 0;
+        const bool on = random() % 2 == 0;
         auto begin = looks.begin() + from;
         auto end = begin + std::min<ptrdiff_t>(length, looks.end() - begin);
-        if (step % 5 == 4) {
-            const std::string inserted(static_cast<size_t>(below(12)), 'y');
-            const TextStyle before = from > 0 ? begin[-1] : TextStyle();
-            field.userReplaced(from, static_cast<int>(end - begin), inserted);
-            looks.insert(looks.erase(begin, end), inserted.size(), before);
-        } else if (step % 2 == 0) {
-            field.userSelected(from, length);
-            field.SelBold = bold;
-            for (; begin != end; ++begin) begin->bold = bold;
-        } else {
-            field.userSelected(from, length);
-            field.SelOutline = bold;
-            for (; begin != end; ++begin) begin->outline = bold;
-        }
+        field.SelStart = from;
+        field.SelLength = length;
+        if (step % 2 == 0)
+            field.SelBold = on;
+        else
+            field.SelOutline = on;
+        for (; begin != end; ++begin) (step % 2 == 0 ? begin->bold : begin->outline) = on;
         std::vector<TextStyle> shown(looks.size());
         int64_t last = 0;
         for (const StyleRun& run : field.styles().runs()) {
