@@ -125,11 +125,11 @@ uint32_t Listbox::numberOf(std::string_view name) {
 }
 
 bool Listbox::cellContains(int row, int column, std::string_view name) {
-    std::string_view text = cellText(row, column);
-    if (name.empty() || text.empty()) return false;
-    if (name.find(',') != std::string_view::npos) return InStr(0, text, name) > 0;
+    if (name.empty() || cellText(row, column).empty()) return false;
+    if (name.find(',') != std::string_view::npos) return InStr(0, cellText(row, column), name) > 0;
+    // Asking for the index may move the cell's bytes.
     auto& names = rows_.names(row, column);
-    if (names == nullptr) names = std::make_unique<CellNames>(text, names_);
+    if (names == nullptr) names = std::make_unique<CellNames>(cellText(row, column), names_);
     return names->contains(numberOf(name), names_);
 }
 
