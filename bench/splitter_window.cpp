@@ -78,6 +78,7 @@ void SplitterWindow::placeSwitches() {
     live.place(190, 10, 160, 20);
     live.Caption = "Live drag";
     live.Value = true;
+    debug.Action = live.Action = [this] { applySwitches(); };
     reset.place(370, 10, 100, 20);
     reset.Caption = "Reset";
     reset.Action = [this] {
@@ -106,6 +107,8 @@ void SplitterWindow::applySwitches() {
         splitter->DisableLiveDrag = !live.Value;
         splitter->setDebug(debug.Value);
     }
+    // Each has wiped the overlay; behaving draws without that.
+    Event_Resized();
 }
 
 void SplitterWindow::Event_Resized() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "framework/controls/control.h"
 
 namespace bracken {
@@ -13,7 +15,13 @@ class CheckBox : public RectControl {
     Property<std::string> Caption;
     Property<bool> Value;
 
-    void userToggled(bool value) { Value = value; }
+    // The user has toggled it.
+    std::function<void()> Action;
+
+    void userToggled(bool value) {
+        Value = value;
+        if (Action) Action();
+    }
 };
 
 }  // namespace bracken
