@@ -109,10 +109,11 @@ double run(NullPlatform& platform, BenchWindow& window, const Options& options,
     };
     auto start = std::chrono::steady_clock::now();
     thread->Run();
-    for (int woken = 0; !finished; woken++) {
+    int woken = 0;
+    while (!finished) {
         MainCalls::instance().run();
         Unheld unheld;
-        platform.woken.wait(woken);
+        platform.woken.wait(woken++);
     }
     std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
     filesSeen = thread->totalFiles;

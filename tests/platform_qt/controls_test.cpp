@@ -163,13 +163,13 @@ TEST_F(Controls, ABarShowsShareUnknownLengthAndEmptiness) {
     struct Case {
         int value, maximum, shownValue, shownMaximum;
     };
-    for (auto [value, maximum, shownValue, shownMaximum] :
+    for (const Case& c :
          {Case{3, 10, 3, 10}, Case{-1, 10, -1, 0}, Case{5, 0, 0, 1}, Case{20, 10, 10, 10}}) {
-        form.bar.Value = value;
-        form.bar.Maximum = maximum;
-        waitFor([&] { return bar.maximum() == shownMaximum; });
-        if (shownMaximum > 0) {
-            EXPECT_EQ(bar.value(), shownValue);
+        form.bar.Value = c.value;
+        form.bar.Maximum = c.maximum;
+        waitFor([&] { return bar.maximum() == c.shownMaximum; });
+        if (c.shownMaximum > 0) {
+            EXPECT_EQ(bar.value(), c.shownValue);
         }
     }
 }
