@@ -193,6 +193,37 @@ TEST_P(Adjust, CentringActsAtOnce) {
     EXPECT_EQ(at(control), 155);
 }
 
+// A desktop that looks at each change of the model as it is made.
+class Watching : public FakePlatform {
+  public:
+    void modelChanged() override {
+        if (look) look();
+    }
+    std::function<void()> look;
+};
+
+TEST(AdjustOrder, AControlIsHiddenBeforeItsSizeIsNothing) {
+    Watching platform;
+    Stage& stage = Stage::make();
+    auto& splitter = stage.add<SmartSplitter>("splitter", true, {400, 10});
+    auto& control = stage.add<Canvas>("control", true, {300, 100});
+    splitter.Event_Open();
+    splitter.setMinLimit(0);
+    std::vector<std::pair<bool, int>> states;
+    platform.look = [&] {
+        std::pair<bool, int> state(control.Visible, control.Width);
+        if (states.empty() || states.back() != state) states.push_back(state);
+        control.takeChanged();
+        splitter.takeChanged();
+        Windows::open().takeChanged();
+    };
+    control.takeChanged();
+    splitter.takeChanged();
+    Windows::open().takeChanged();
+    splitter.moveDistance(-130, false);
+    EXPECT_EQ(states, (std::vector<std::pair<bool, int>>{{true, 100}, {false, 100}, {false, -30}}));
+}
+
 // One beside the other, the second attached to the first.
 class NestedSplitters : public SplitterTest {
   protected:

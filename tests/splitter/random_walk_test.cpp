@@ -181,7 +181,7 @@ class Walk {
     void behaveTwice() {
         splitter_->behave();
         checkPlace();
-        if (zonesOverlap() || isAheadOfItsContainer(*controls_.back()) ||
+        if (zonesOverlap() || proportionIsCut() || isAheadOfItsContainer(*controls_.back()) ||
             !keepsItsOuterEdge(Probe::minControl(*splitter_), true) ||
             !keepsItsOuterEdge(Probe::maxControl(*splitter_), false))
             return;
@@ -260,6 +260,13 @@ class Walk {
                 << c.name();
             EXPECT_EQ(behind ? axis().position(c) : axis().farEdge(c), gap.outerEdge) << c.name();
         }
+    }
+
+    // Limits that the author gave may hold it outside the range that its proportion is kept in.
+    bool proportionIsCut() {
+        int64_t here = axis().position(*splitter_);
+        return splitter_->StayProportional &&
+               (here < Probe::proportionMin(*splitter_) || here > Probe::proportionMax(*splitter_));
     }
 
     bool zonesOverlap() {
