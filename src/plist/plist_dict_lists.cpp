@@ -44,7 +44,7 @@ void storeRow(plistDict& elements, Listbox& listbox, int row) {
 // The text of the row added, "" in a list of several columns.
 std::string restoreRow(plistDict& elements, Listbox& listbox, int row) {
     if (listbox.ColumnCount < 2) {
-        const std::string text = elements.GetString(Str(row));
+        std::string text = elements.GetString(Str(row));
         listbox.AddRow(text);
         return text;
     }
