@@ -13,7 +13,13 @@ namespace bracken {
 namespace {
 
 // Bytes read at a time: few calls, and the piece is still in the cache when it is searched.
-constexpr size_t pieceSize = 256 * 1024;
+constexpr int64_t pieceSize = 256 * 1024;
+
+int64_t lengthOf(int descriptor) {
+    struct stat facts;
+    return fstat(descriptor, &facts) == 0 ? searchedLength(static_cast<uint64_t>(facts.st_size))
+                                          : 0;
+}
 
 }  // namespace
 
@@ -37,22 +43,26 @@ bool FileSearch::search(const std::string& path, bool listedAsFile, const Matche
 
 bool FileSearch::searchOpen(int descriptor, const Matcher& matcher,
                             const std::function<bool()>& cancelled, Matcher::Hits& hits) {
-    struct stat facts;
-    if (fstat(descriptor, &facts) != 0) return false;
-    int64_t left = searchedLength(static_cast<uint64_t>(facts.st_size));
     // What a name that straddles two pieces needs of the first one.
     size_t overlap = matcher.longestName() > 0 ? matcher.longestName() - 1 : 0;
-    buffer_.resize(std::max(buffer_.size(), overlap + pieceSize));
+    buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(pieceSize)));
     size_t kept = 0;
+    // Of a file that ends within the first piece the length need not be asked.
+    int64_t left = pieceSize;
+    bool first = true;
     while (left > 0) {
         if (cancelled()) return false;
         size_t wanted = static_cast<size_t>(std::min<int64_t>(left, pieceSize));
         ssize_t got = read(descriptor, buffer_.data() + kept, wanted);
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) break;
+        if (first && got == pieceSize) left = lengthOf(descriptor);
+        if (left <= 0) break;
+        first = false;
         size_t filled = kept + static_cast<size_t>(got);
         matcher.search({buffer_.data(), filled}, hits);
         left -= got;
+        if (static_cast<size_t>(got) < wanted) break;
         kept = std::min(filled, overlap);
         std::memmove(buffer_.data(), buffer_.data() + filled - kept, kept);
     }

@@ -1,6 +1,7 @@
 #include "scan/read_ahead.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
@@ -18,6 +19,9 @@ constexpr size_t furthestAhead = 16384;
 constexpr size_t resumeAt = furthestAhead / 2;
 // Files taken off the walk at a time, so that the threads seldom meet.
 constexpr size_t batch = 16;
+
+// Waking the run costs as much as reading a small file: it is told of a batch, or after this time.
+constexpr std::chrono::milliseconds announceAfter{5};
 
 unsigned threadCount() {
     return std::clamp(std::thread::hardware_concurrency(), 2U, 8U);
@@ -59,14 +63,32 @@ void ReadAhead::work() {
     Matcher::Hits hits;
     auto isCancelled = [this] { return cancelled(); };
     for (std::vector<TaskRef> tasks = nextTasks(); !tasks.empty(); tasks = nextTasks()) {
+        auto announced = std::chrono::steady_clock::now();
         for (const TaskRef& task : tasks) {
             hits.clear(table_->matcher().nameCount());
             task->readable =
                 search.search(task->path, task->listedAsFile, table_->matcher(), isCancelled, hits);
             task->names = hits.names();
             task->done.store(true, std::memory_order_release);
-            task->done.notify_one();
+            auto now = std::chrono::steady_clock::now();
+            if (now - announced < announceAfter) continue;
+            announced = now;
+            announce();
         }
+        announce();
+    }
+}
+
+void ReadAhead::announce() {
+    finished_.fetch_add(1, std::memory_order_release);
+    finished_.notify_one();
+}
+
+void ReadAhead::waitFor(const Task& task) {
+    while (true) {
+        uint32_t seen = finished_.load(std::memory_order_acquire);
+        if (task.done.load(std::memory_order_acquire)) return;
+        finished_.wait(seen, std::memory_order_acquire);
     }
 }
 
@@ -117,8 +139,7 @@ std::optional<FoundNames> ReadAhead::take(const std::string& path) {
         });
     }
     if (task == nullptr) return std::nullopt;
-    if (!task->done.load(std::memory_order_acquire))
-        withoutBaton([&] { task->done.wait(false, std::memory_order_acquire); });
+    if (!task->done.load(std::memory_order_acquire)) withoutBaton([&] { waitFor(*task); });
     if (!task->readable) return std::nullopt;
     return FoundNames{table_, std::move(task->names)};
 }

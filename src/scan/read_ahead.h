@@ -61,6 +61,9 @@ class ReadAhead {
     // Walks on, and enters the next files into the order; empty at the end of the walk.
     std::vector<TaskRef> nextTasks();
     bool cancelled() const;
+    // Wakes the run if it waits for a file.
+    void announce();
+    void waitFor(const Task& task);
     TaskRef popUpTo(const std::string& path);
     TaskRef popReady(const std::string& path);
 
@@ -79,6 +82,9 @@ class ReadAhead {
     std::condition_variable changed_;
     std::deque<TaskRef> order_;
     bool walkEnded_ = false;
+
+    // Counts the announcements.
+    std::atomic<uint32_t> finished_{0};
 
     std::vector<std::thread> threads_;
 };

@@ -13,6 +13,7 @@ bracken::Ref<bracken::Database> makeDatabase() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    bracken::MySQLDatabase::prepareLibrary();
     class bracken::App app(makeDatabase);
     return bracken::runApplication(argc, argv, [&app] {
         app.addMenuHandler("Preferences", [&app] { return app._Preferences_Action(); });
