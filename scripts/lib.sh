@@ -16,18 +16,17 @@ help_if_asked() {
     esac
 }
 
-# Configures and builds the presets named.
+# build PRESET [TARGET...]: configures the preset and builds these targets of it, all without any.
 build() {
-    local preset
+    local preset=$1
+    shift
     export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
-    for preset in "$@"; do
-        say "building $preset into build/$preset"
-        cmake --preset "$preset" >build-"$preset".log 2>&1 || {
-            cat build-"$preset".log >&2
-            rm -f build-"$preset".log
-            fail "configuring $preset failed"
-        }
+    say "building $preset into build/$preset"
+    cmake --preset "$preset" >build-"$preset".log 2>&1 || {
+        cat build-"$preset".log >&2
         rm -f build-"$preset".log
-        cmake --build --preset "$preset"
-    done
+        fail "configuring $preset failed"
+    }
+    rm -f build-"$preset".log
+    cmake --build --preset "$preset" ${1:+--target "$@"}
 }
