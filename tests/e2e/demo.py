@@ -11,6 +11,7 @@ import tempfile
 
 import desktop as desktops
 import inputs
+import result_actions
 import program as programs
 import server as servers
 
@@ -31,18 +32,20 @@ def by_hand(chosen, home, server):
 def headless(chosen, home, server, pictures):
     """Presses the real buttons and compares the list; gives the process's status."""
     wanted = chosen.rows(server.tables(chosen.database))
+    browser = result_actions.Browser(home)
     with desktops.Desktop() as desktop, \
             programs.Program(BINARY, desktop, home, server.socket) as program:
-        shown = run(program, desktop, chosen, pictures)
+        shown, differences = run(program, desktop, chosen, home, browser, pictures)
     print_table(shown)
-    differences = compare(shown, wanted)
+    differences += compare(shown, wanted)
     print("\n".join(differences), end="\n" if differences else "")
     print(f"Screenshots: {pictures}")
-    print("The list is exactly what it must be." if not differences else "The list is wrong.")
+    print("The list or a file is wrong." if differences
+          else "The list and the files are exactly what they must be.")
     return 1 if differences else 0
 
 
-def run(program, desktop, chosen, pictures):
+def run(program, desktop, chosen, home, browser, pictures):
     login = programs.LoginWindow(program)
     desktop.picture(pictures / "1-login.png", login.window)
     login.connect("database")
@@ -57,9 +60,11 @@ def run(program, desktop, chosen, pictures):
     program.answer_box()
     rows = results.rows()
     desktop.picture(pictures / "6-results.png", results.window)
+    differences = result_actions.show(program, results, rows, home, browser, pictures)
+    desktop.activate(results.window)
     desktop.keys("ctrl+comma")
-    desktop.picture(pictures / "7-preferences.png", program.window("Preferences"))
-    return rows
+    desktop.picture(pictures / "10-preferences.png", program.window("Preferences"))
+    return rows, differences
 
 
 def compare(shown, wanted):

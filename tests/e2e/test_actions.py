@@ -9,18 +9,14 @@ import pathlib
 import sys
 import tempfile
 import unittest
-import urllib.parse
 
 import desktop as desktops
 import program as programs
 import server as servers
+from result_actions import BOX, DATA, DROP, NO, PRINT, YES, Actions, Browser, exported, report
 from waiting import wait_for
 
 BINARY = None
-
-EXPORT, PRINT, DROP, DATA = (630, 393), (520, 393), (70, 393), (180, 393)
-YES, NO, BOX = (357, 89), (255, 89), (24, 89)
-CONFIRM = "Untitled"
 
 TABLES = """
 create table `aa` (id int, title varchar(40));
@@ -33,9 +29,10 @@ create table `w26` (%s);
 insert into `w26` () values ();
 """ % ",".join(f"c{number} int default {number}" for number in range(1, 27))
 NAMES = ["aa", "b`tick", "c d", "w26", "zz"]
+ROWS = [(name.encode(), b"<i>&.php," if name == "aa" else b"Not Found Yet") for name in NAMES]
 
 
-class Actions(unittest.TestCase):
+class ActionsTest(unittest.TestCase):
     """A server, a home, sources and a program that has run to its end, for each test."""
 
     def setUp(self):
@@ -50,24 +47,8 @@ class Actions(unittest.TestCase):
         sources.mkdir()
         (sources / "<i>&.php").write_text("select * from aa")
         self.home.remember(programs.settings_text(sources, "", "deeds"))
-        self.make_browser()
+        self.browser = Browser(self.home)
         self.start()
-
-    def make_browser(self):
-        """A default browser that writes down what it is given."""
-        recorder = self.folder / "recorder"
-        recorder.write_text(f'#!/bin/sh\necho "$1" >>"{self.folder}/opened"\n')
-        recorder.chmod(0o755)
-        applications = self.folder / "data/applications"
-        applications.mkdir()
-        (applications / "recorder.desktop").write_text(
-            f"[Desktop Entry]\nType=Application\nName=Recorder\nExec={recorder} %u\n")
-        (self.folder / "config/mimeapps.list").write_text(
-            "[Default Applications]\nx-scheme-handler/https=recorder.desktop\n")
-
-    def opened(self):
-        record = self.folder / "opened"
-        return record.read_text().splitlines() if record.exists() else []
 
     def start(self):
         self.program = self.enterContext(
@@ -77,13 +58,12 @@ class Actions(unittest.TestCase):
         login.go()
         self.results = programs.ResultsWindow(self.program)
         self.program.answer_box()
+        self.actions = Actions(self.program, self.results)
+        self.press, self.gone = self.actions.press, self.actions.gone
 
     def picture(self, name):
         if folder := os.environ.get("PICTURES"):
             self.desktop.picture(pathlib.Path(folder) / f"{name}.png")
-
-    def press(self, point):
-        self.program.click(self.results.window, point, self.results.menu)
 
     def select(self, table):
         self.desktop.activate(self.results.window)
@@ -102,40 +82,23 @@ class Actions(unittest.TestCase):
         self.desktop.activate(window)
         return window
 
-    def gone(self, window):
-        wait_for(lambda: window not in self.desktop.windows(), "the dialog to go")
-
-    def press_in_confirm(self, *points):
-        window = self.program.window(CONFIRM)
-        self.picture("confirm")
-        for point in points:
-            self.program.click(window, point, 0)
-        self.gone(window)
-
-    def save_as(self, path):
-        self.press(EXPORT)
-        window = self.dialog()
-        self.desktop.keys("ctrl+a")
-        self.desktop.type(str(path))
-        self.picture("save")
-        self.desktop.keys("Return")
+    def question(self, dialog):
+        """The question about a file that is there, active."""
+        window = wait_for(lambda: self.program.find(
+            lambda w: w not in (dialog, self.results.window)
+            and self.desktop.title(w) == "Export as CSV"), "the question")
+        self.desktop.activate(window)
         return window
 
     def test_export(self):
-        expected = "".join(
-            f"{name}\t{'<i>&.php,' if name == 'aa' else 'Not Found Yet'}\n" for name in NAMES)
         file = self.folder / "list"
-        self.gone(self.save_as(file))
-        self.program.answer_box()
-        self.assertEqual(file.read_text(), expected)
+        self.actions.export(file)
+        self.assertEqual(file.read_bytes(), exported(ROWS))
 
-        # The question about a file that is there: No leaves it, Yes replaces it.
+        # No to the question leaves the file that is there, Yes replaces it.
         file.write_text("old")
-        dialog = self.save_as(file)
-        question = wait_for(lambda: self.program.find(
-            lambda w: w not in (dialog, self.results.window)
-            and self.desktop.title(w) == "Export as CSV"), "the question")
-        self.desktop.activate(question)
+        dialog = self.actions.type_export(file)
+        question = self.question(dialog)
         self.picture("overwrite")
         self.desktop.keys("alt+n")
         self.gone(question)
@@ -143,41 +106,32 @@ class Actions(unittest.TestCase):
         self.desktop.keys("Escape")
         self.gone(dialog)
         self.assertEqual(file.read_text(), "old")
-        dialog = self.save_as(file)
-        question = wait_for(lambda: self.program.find(
-            lambda w: w not in (dialog, self.results.window)
-            and self.desktop.title(w) == "Export as CSV"), "the question")
-        self.desktop.activate(question)
+        dialog = self.actions.type_export(file)
+        self.question(dialog)
         self.desktop.keys("alt+y")
         self.gone(dialog)
         self.program.answer_box()
-        self.assertEqual(file.read_text(), expected)
+        self.assertEqual(file.read_bytes(), exported(ROWS))
 
     def test_report(self):
-        report = self.folder / "data/Bracken Lens/report.html"
+        page = self.folder / "data/Bracken Lens/report.html"
         self.press(PRINT)
-        self.press_in_confirm(BOX, NO)
-        self.assertFalse(report.exists())
+        self.actions.confirm(BOX, NO)
+        self.assertFalse(page.exists())
         self.press(PRINT)
-        self.press_in_confirm(YES)
-        wait_for(lambda: len(self.opened()) == 1, "the browser")
-        opened = urllib.parse.urlparse(self.opened()[0])
-        self.assertEqual(urllib.parse.unquote(opened.path), str(report))
-        rows = "".join(
-            f"<tr><td>{name}</td><td>{'<i>&.php,' if name == 'aa' else 'Not Found Yet'}</td></tr>"
-            for name in NAMES)
-        self.assertEqual(report.read_text(),
-                         "<html><bod><table cellspacing=0 border><tr><th>Table</th>"
-                         f"<th>Found In</th></tr>{rows}</table></body></html>")
+        self.actions.confirm(YES)
+        self.assertEqual(self.browser.await_opened(1), str(page))
+        self.assertEqual(page.read_bytes(), report(ROWS))
         self.press(PRINT)
-        self.press_in_confirm(BOX, YES)
-        wait_for(lambda: len(self.opened()) == 2, "the browser")
+        self.actions.confirm(BOX, YES)
+        self.browser.await_opened(2)
         self.desktop.activate(self.results.window)
         self.desktop.keys("ctrl+q")
         wait_for(lambda: self.program.process.poll() is not None, "the program to end")
+        # Ticked with Yes, the box is remembered: nobody is asked any more.
         self.start()
         self.press(PRINT)
-        wait_for(lambda: len(self.opened()) == 3, "the browser, with no question")
+        self.browser.await_opened(3)
 
     def drop(self, table, *keys):
         self.select(table)

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
-#include <string>
+#include <string_view>
 
 #include "framework/text/text.h"
 
@@ -10,21 +10,32 @@ namespace bracken {
 
 namespace {
 
+unsigned char lower(char letter) {
+    auto byte = static_cast<unsigned char>(letter);
+    return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte | 0x20) : byte;
+}
+
+// By bytes without letter case.
+bool precedes(std::string_view a, std::string_view b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [](char x, char y) { return lower(x) < lower(y); });
+}
+
 // Numbers come ahead of other text, so that the order is one for mixed columns as well.
 struct SortKey {
     bool number;
     double value;
-    std::string text;
+    std::string_view text;
 
     bool operator<(const SortKey& other) const {
         if (number != other.number) return number;
-        return number ? value < other.value : text < other.text;
+        return number ? value < other.value : precedes(text, other.text);
     }
 };
 
 SortKey sortKey(std::string_view text) {
     if (IsNumeric(text)) return {true, CDbl(text), ""};
-    return {false, 0, Lowercase(text)};
+    return {false, 0, text};
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ using Places = QStandardPaths;
 // The value of a key in a group of a desktop file or a list of handlers; empty if it has none.
 QString valueIn(const QString& path, QStringView group, QStringView key) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {};
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) return {};
     bool inGroup = false;
     for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
         if (line.startsWith(u'[')) inGroup = QStringView(line).trimmed() == group;

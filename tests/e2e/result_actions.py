@@ -1,0 +1,108 @@
+"""What a user does with the results: where the buttons are, and the files that come of them."""
+
+import urllib.parse
+
+from waiting import wait_for
+
+# Points in the content of the results window and of the question ahead of a report.
+EXPORT, PRINT, DROP, DATA = (630, 393), (520, 393), (70, 393), (180, 393)
+YES, NO, BOX = (357, 89), (255, 89), (24, 89)
+CONFIRM = "Untitled"
+
+
+class Browser:
+    """A default browser of that home which writes down what it is given. To be made ahead of the
+    program's start."""
+
+    def __init__(self, home):
+        self.record = home.folder / "opened"
+        recorder = home.folder / "recorder"
+        recorder.write_text(f'#!/bin/sh\necho "$1" >>"{self.record}"\n')
+        recorder.chmod(0o755)
+        applications = home.folder / "data/applications"
+        applications.mkdir()
+        (applications / "recorder.desktop").write_text(
+            f"[Desktop Entry]\nType=Application\nName=Recorder\nExec={recorder} %u\n")
+        (home.folder / "config/mimeapps.list").write_text(
+            "[Default Applications]\nx-scheme-handler/https=recorder.desktop\n")
+
+    def await_opened(self, count):
+        """The path opened last, once so many have been."""
+        wait_for(lambda: len(self._lines()) >= count, "the browser")
+        return urllib.parse.unquote(urllib.parse.urlparse(self._lines()[-1]).path)
+
+    def _lines(self):
+        return self.record.read_text().splitlines() if self.record.exists() else []
+
+
+def exported(rows):
+    """The bytes of an export of these rows."""
+    return b"".join(row[0] + b"\t" + row[1] + b"\n" for row in rows)
+
+
+def report(rows):
+    """The bytes of a report on these rows."""
+    cells = b"".join(b"<tr><td>" + row[0] + b"</td><td>" + row[1] + b"</td></tr>" for row in rows)
+    return (b"<html><bod><table cellspacing=0 border><tr><th>Table</th><th>Found In</th></tr>"
+            + cells + b"</table></body></html>")
+
+
+class Actions:
+    """Presses what the results window offers."""
+
+    def __init__(self, program, results):
+        self.program = program
+        self.desktop = program.desktop
+        self.results = results
+
+    def press(self, point):
+        self.desktop.activate(self.results.window)
+        self.program.click(self.results.window, point, self.results.menu)
+
+    def gone(self, window):
+        wait_for(lambda: window not in self.desktop.windows(), "the dialog to go")
+
+    def type_export(self, path, picture=None):
+        """Enters the path in the save dialog, which is given back."""
+        self.press(EXPORT)
+        window = self.program.box()
+        self.desktop.activate(window)
+        self.desktop.keys("ctrl+a")
+        self.desktop.type(str(path))
+        if picture:
+            self.desktop.picture(picture)
+        self.desktop.keys("Return")
+        return window
+
+    def export(self, path, picture=None):
+        self.gone(self.type_export(path, picture))
+        self.program.answer_box()
+
+    def confirm(self, *points, picture=None):
+        window = self.program.window(CONFIRM)
+        if picture:
+            self.desktop.picture(picture)
+        for point in points:
+            self.program.click(window, point, 0)
+        self.gone(window)
+
+
+def show(program, results, rows, home, browser, pictures):
+    """Exports, reports and views the data of the selected table; one line for each file that is not
+    as it must be."""
+    actions = Actions(program, results)
+    file = home.folder / "results.csv"
+    actions.export(file, pictures / "7-export.png")
+    actions.press(PRINT)
+    actions.confirm(YES, picture=pictures / "8-report.png")
+    page = browser.await_opened(1)
+    table = rows[-1][0].decode()
+    actions.press(DATA)
+    window = program.window(f"View Data for {table}")
+    wait_for(lambda: program.desktop.frame(window)[2] == 1024, "the size of the data window")
+    program.desktop.picture(pictures / "9-data.png", window)
+    program.desktop.activate(window)
+    program.desktop.keys("ctrl+w")
+    actions.gone(window)
+    return ([f"{file.name} is not as it must be"] if file.read_bytes() != exported(rows) else []) + (
+        [f"{page} is not as it must be"] if open(page, "rb").read() != report(rows) else [])
