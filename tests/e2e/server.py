@@ -47,7 +47,9 @@ class Server:
 
     def _own(self, *names):
         user = subprocess.check_output(["id", "-un"], text=True).strip()
-        return ["--no-defaults", f"--user={user}", f"--datadir={self.folder}/data", *names]
+        # Servers that share a folder for temporary files take each other's.
+        return ["--no-defaults", f"--user={user}", f"--datadir={self.folder}/data",
+                f"--tmpdir={self.folder}", *names]
 
     def _install(self):
         options = self._own("--auth-root-authentication-method=normal", "--skip-test-db",

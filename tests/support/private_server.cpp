@@ -93,14 +93,15 @@ void PrivateServer::publish() const {
 
 void PrivateServer::install() const {
     outputOf({"mariadb-install-db", "--no-defaults", "--user=" + userName(),
-              "--datadir=" + folder_.path("data"), "--auth-root-authentication-method=normal",
-              "--skip-test-db", "--skip-name-resolve"});
+              "--datadir=" + folder_.path("data"), "--tmpdir=" + folder_.path(),
+              "--auth-root-authentication-method=normal", "--skip-test-db", "--skip-name-resolve"});
 }
 
 void PrivateServer::start(const std::vector<std::string>& options) {
     std::vector<std::string> command = {
         serverProgram(), "--no-defaults", "--user=" + userName(),
-        "--datadir=" + folder_.path("data"), "--socket=" + socket(),
+        // Servers that share a folder for temporary files take each other's.
+        "--datadir=" + folder_.path("data"), "--tmpdir=" + folder_.path(), "--socket=" + socket(),
         "--port=" + std::to_string(port_), "--bind-address=127.0.0.1",
         "--pid-file=" + folder_.path("pid"), "--log-error=" + folder_.path("log"),
         "--skip-name-resolve", "--open-files-limit=1000",

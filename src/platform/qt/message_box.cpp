@@ -40,8 +40,8 @@ QString breakLongWords(const QString& text) {
 
 }  // namespace
 
-MessageBox::MessageBox(const std::string& text, int code, const std::string& title)
-    : QMessageBox(QApplication::activeWindow()), code_(code) {
+MessageBox::MessageBox(const std::string& text, int code, const std::string& title, QWidget* above)
+    : QMessageBox(above), code_(code) {
     bool question = code == BoxCode::yesNoQuestion;
     setIcon(question ? QMessageBox::Question : QMessageBox::Information);
     setTextFormat(Qt::PlainText);

@@ -9,7 +9,7 @@ namespace bracken {
 class MessageBox : public QMessageBox {
   public:
     // `code` as for MsgBox.
-    MessageBox(const std::string& text, int code, const std::string& title);
+    MessageBox(const std::string& text, int code, const std::string& title, QWidget* above);
 
     // Spins an event loop until the user has answered; the result is MsgBox's.
     int ask();

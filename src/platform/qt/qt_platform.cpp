@@ -52,10 +52,16 @@ int QtPlatform::run(const std::function<void()>& start) {
     return status_;
 }
 
+QWidget* QtPlatform::belowBox() {
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    baton::Hold hold;
+    return views_.front();
+}
+
 int QtPlatform::messageBox(const std::string& text, int code, const std::string& title) {
     int answer = 0;
     application_.spin([&] {
-        MessageBox box(text, code, title);
+        MessageBox box(text, code, title, belowBox());
         boxes_.push_back(&box);
         answer = box.ask();
         boxes_.pop_back();

@@ -46,6 +46,9 @@ class QtPlatform : public Platform {
 
   private:
     void rememberFocus(QWidget* focus);
+    // What a box opens above: an open dialog, else the window in front by the model, whatever the
+    // desktop has activated so far.
+    QWidget* belowBox();
 
     QtApplication application_;
     Waker waker_;

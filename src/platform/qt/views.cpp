@@ -27,6 +27,12 @@ void Views::bringToFront(Window& window) {
     requestFrame();
 }
 
+QWidget* Views::front() {
+    frame();
+    Window* window = Windows::open().front();
+    return window != nullptr ? viewOf(*window) : nullptr;
+}
+
 void Views::customEvent(QEvent* /*event*/) {
     if (untilFrame_.isActive()) return;
     qint64 wait = sinceFrame_.isValid() ? frameTime - sinceFrame_.elapsed() : 0;

@@ -23,6 +23,8 @@ class Views : public QObject {
     void frame();
     // The window comes to the front with the next frame. Any thread.
     void bringToFront(Window& window);
+    // The view of the window in front, made if it is due; null with no window.
+    QWidget* front();
     // Shows which menu items are enabled now, in the window that is active.
     void refreshMenus();
     // Destroys the views of closed windows; no handler may be under way.
