@@ -1,5 +1,5 @@
 // How long a file takes to be shown with its marks, by size and by number of occurrences; prints
-// one line of JSON for each pair. Without a screen: QT_QPA_PLATFORM=offscreen.
+// one line of JSON for each pair. Needs no screen unless QT_QPA_PLATFORM names one.
 //
 //     view_script_bench
 
@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "framework/controls/application.h"
@@ -95,6 +96,7 @@ void measure(Reader& reader, int megabytes, int occurrences, bool lines) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
     Application application;
     QtPlatform platform(argc, argv);
     return platform.run([&platform] {
