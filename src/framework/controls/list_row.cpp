@@ -14,6 +14,8 @@ namespace bracken {
 
 namespace {
 
+constexpr size_t pointerSize = sizeof(void*);
+
 size_t readNumber(const unsigned char* bytes, size_t width) {
     uint64_t number = 0;
     std::memcpy(&number, bytes, width);
@@ -86,7 +88,7 @@ ListRow& ListRow::operator=(ListRow&& other) noexcept {
 
 ListRow::Cells* ListRow::cells() const {
     Cells* cells = nullptr;
-    if (block_[0] == 0) std::memcpy(&cells, &block_[1], sizeof cells);
+    if (block_[0] == 0) std::memcpy(&cells, &block_[1], pointerSize);
     return cells;
 }
 
@@ -124,10 +126,10 @@ void ListRow::pack(const std::vector<std::string_view>& texts) {
 void ListRow::unpack() {
     auto own = std::make_unique<Cells>();
     for (std::string_view text : texts()) own->emplace_back(text);
-    block_ = std::make_unique_for_overwrite<unsigned char[]>(1 + sizeof(Cells*));
+    block_ = std::make_unique_for_overwrite<unsigned char[]>(1 + pointerSize);
     block_[0] = 0;
     Cells* pointer = own.release();
-    std::memcpy(&block_[1], &pointer, sizeof pointer);
+    std::memcpy(&block_[1], &pointer, pointerSize);
 }
 
 std::unique_ptr<CellNames>& ListRow::names(size_t column) {
