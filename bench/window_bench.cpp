@@ -1,0 +1,140 @@
+// A run in the program's own results window, beside which events keep coming: how long it takes,
+// and the longest that an event waited.
+//
+//     window_bench FOLDER NAMES_FILE
+//
+// Prints one line of JSON. Runs on a display without a screen unless QT_QPA_PLATFORM says
+// otherwise, with settings of its own.
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "app/app.h"
+#include "framework/controls/application.h"
+#include "framework/threads/main_calls.h"
+#include "platform/qt/qt_platform.h"
+#include "scan/win_results.h"
+
+namespace {
+
+using namespace bracken;
+using Clock = std::chrono::steady_clock;
+
+// A server whose one table list is the lines of a file.
+class NamesDatabase : public Database {
+  public:
+    explicit NamesDatabase(const std::string& file) {
+        std::ifstream in(file);
+        for (std::string name; std::getline(in, name);) names_.push_back(name);
+    }
+
+    void DatabaseName(const std::string& /*name*/) override {}
+    bool Connect() override { return true; }
+    void SQLExecute(const std::string& /*statement*/) override {}
+    Ref<DatabaseCursor> SQLSelect(const std::string& /*statement*/) override {
+        return Ref<DatabaseCursor>(std::make_shared<Cursor>(names_));
+    }
+
+  private:
+    class Cursor : public DatabaseCursor {
+      public:
+        explicit Cursor(const std::vector<std::string>& names) : names_(names) {}
+        bool EOF_() override { return row_ == names_.size(); }
+        void MoveNext() override { row_++; }
+        std::string_view fieldName(int /*n*/) override { return "Tables"; }
+        std::string_view fieldText(int /*n*/) override { return names_[row_]; }
+        int FieldCount() override { return 1; }
+        void Close() override {}
+
+      private:
+        const std::vector<std::string>& names_;
+        size_t row_ = 0;
+    };
+
+    std::vector<std::string> names_;
+};
+
+double milliseconds(Clock::duration duration) {
+    return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+// Posts an event every few milliseconds and keeps the longest wait until one was handled.
+class Prober {
+  public:
+    explicit Prober(QObject& receiver)
+        : thread_([this, &receiver] {
+              while (!stopped_) {
+                  QMetaObject::invokeMethod(
+                      &receiver, [this, posted = Clock::now()] { handled(Clock::now() - posted); },
+                      Qt::QueuedConnection);
+                  std::this_thread::sleep_for(std::chrono::milliseconds(3));
+              }
+          }) {}
+    ~Prober() {
+        stopped_ = true;
+        thread_.join();
+    }
+    Clock::duration longest() const { return longest_; }
+
+  private:
+    // The first one waits for the window to be made.
+    void handled(Clock::duration waited) {
+        if (std::exchange(first_, false)) return;
+        longest_ = std::max(longest_, waited);
+    }
+
+    Clock::duration longest_{};
+    bool first_ = true;
+    std::atomic<bool> stopped_{false};
+    std::thread thread_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: window_bench FOLDER NAMES_FILE\n");
+        return 1;
+    }
+    std::string folder = argv[1];
+    std::string namesFile = argv[2];
+    char settings[] = "/tmp/window_bench_XXXXXX";
+    if (mkdtemp(settings) == nullptr) return 1;
+    setenv("XDG_CONFIG_HOME", settings, 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+
+    QtPlatform platform(argc, argv);
+    class App app([&] { return Ref<Database>(std::make_shared<NamesDatabase>(namesFile)); });
+    QObject receiver;
+    Clock::duration took{};
+    Clock::duration longest{};
+    {
+        std::optional<Prober> prober;
+        platform.run([&] {
+            app.Event_Open();
+            auto start = Clock::now();
+            winResults().init("bench", GetFolderItem(folder, 0));
+            prober.emplace(receiver);
+            winResults().LongProcessThread1->Finished = [&, start] {
+                took = Clock::now() - start;
+                MainCalls::instance().call([] { Platform::current().exitLoop(0); });
+            };
+        });
+        longest = prober->longest();
+    }
+    std::filesystem::remove_all(settings);
+    std::printf("{\"milliseconds\":%.1f,\"longest_wait_ms\":%.1f}\n", milliseconds(took),
+                milliseconds(longest));
+    return 0;
+}
