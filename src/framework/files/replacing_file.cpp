@@ -14,7 +14,7 @@ namespace bracken {
 
 namespace {
 
-constexpr size_t kFlushAt = 64 * 1024;
+constexpr size_t kFlushAt = size_t{64} * 1024;
 constexpr int kMostLinks = 40;
 constexpr mode_t kPermissions = 07777;
 constexpr mode_t kOwnerOnly = 0600;

@@ -22,7 +22,7 @@ std::string home() {
 }
 
 std::string basePath(const char* variable, const char* underHome) {
-    const std::string set = pathFrom(variable);
+    std::string set = pathFrom(variable);
     if (!set.empty() || home().empty()) return set;
     return joinPath(home(), underHome);
 }
@@ -63,7 +63,7 @@ std::string notedDocuments() {
     while (lines && !lines->EOF_()) {
         const std::string line = lines->ReadLine(nullptr);
         if (line.compare(0, start.size(), start) != 0) continue;
-        const std::string value = unquoted(line, start.size());
+        std::string value = unquoted(line, start.size());
         if (value.compare(0, underHome.size(), underHome) != 0) return value;
         return joinPath(home(), value.substr(underHome.size()));
     }
