@@ -13,7 +13,9 @@ void LongProcessThread::Event_Run() {
     filesProcessed = 0;
     totalFiles = 0;
     countAndSearch();
-    if (Finished) Finished();
+    // The window may be made anew in the course of the call, and sets its handler then.
+    auto handler = Finished;
+    if (handler) handler();
 }
 
 void LongProcessThread::countAndSearch() {

@@ -6,6 +6,7 @@ from waiting import wait_for
 
 # Points in the content of the results window and of the question ahead of a report.
 EXPORT, PRINT, DROP, DATA = (630, 393), (520, 393), (70, 393), (180, 393)
+SCRIPT = (290, 393)
 YES, NO, BOX = (357, 89), (255, 89), (24, 89)
 CONFIRM = "Untitled"
 

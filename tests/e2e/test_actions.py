@@ -13,7 +13,8 @@ import unittest
 import desktop as desktops
 import program as programs
 import server as servers
-from result_actions import BOX, DATA, DROP, NO, PRINT, YES, Actions, Browser, exported, report
+from result_actions import (BOX, DATA, DROP, NO, PRINT, SCRIPT, YES, Actions, Browser, exported,
+                            report)
 from waiting import wait_for
 
 BINARY = None
@@ -169,6 +170,22 @@ class ActionsTest(unittest.TestCase):
             self.desktop.activate(window)
             self.desktop.keys("ctrl+w")
             self.gone(window)
+
+    def test_script(self):
+        self.select("aa")
+        self.press(SCRIPT)
+        window = self.program.window("View Scripts for aa")
+        wait_for(lambda: self.desktop.frame(window)[2] == 798, "the size of the script window")
+        self.desktop.activate(window)
+        menu = self.results.menu
+        self.program.click(window, (60, 66), menu)
+        self.program.click(window, (300, 300), menu)
+        self.desktop.keys("ctrl+a", "ctrl+c")
+        wait_for(lambda: self.desktop.clipboard() == b"select * from aa", "the script's text")
+        self.program.click(window, (300, 300), menu)
+        self.picture("script")
+        self.program.click(window, (738, 616), menu)
+        self.gone(window)
 
 
 if __name__ == "__main__":

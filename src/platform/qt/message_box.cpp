@@ -46,7 +46,7 @@ MessageBox::MessageBox(const std::string& text, int code, const std::string& tit
     setIcon(question ? QMessageBox::Question : QMessageBox::Information);
     setTextFormat(Qt::PlainText);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setWindowTitle(title.empty() ? QApplication::applicationDisplayName()
+    setWindowTitle(title.empty() ? QStringLiteral("Bracken Lens")
                                  : harmlessLine(shown(title)));
     QString whole = harmless(shown(std::string_view(text).substr(0, detailsLimit)));
     QString visible = start(whole);
