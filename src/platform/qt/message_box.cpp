@@ -46,8 +46,7 @@ MessageBox::MessageBox(const std::string& text, int code, const std::string& tit
     setIcon(question ? QMessageBox::Question : QMessageBox::Information);
     setTextFormat(Qt::PlainText);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setWindowTitle(title.empty() ? QStringLiteral("Bracken Lens")
-                                 : harmlessLine(shown(title)));
+    setWindowTitle(title.empty() ? QStringLiteral("Bracken Lens") : harmlessLine(shown(title)));
     QString whole = harmless(shown(std::string_view(text).substr(0, detailsLimit)));
     QString visible = start(whole);
     bool all = visible.size() == whole.size();
