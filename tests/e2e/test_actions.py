@@ -19,17 +19,22 @@ from waiting import wait_for
 
 BINARY = None
 
+def wide(count):
+    columns = ",".join(f"c{number} int default {number}" for number in range(1, count + 1))
+    return f"create table `w{count}` ({columns}); insert into `w{count}` () values ();"
+
+
 TABLES = """
 create table `aa` (id int, title varchar(40));
 insert into `aa` values (1, 'x'), (12345, 'abcdefghijklmnopqrst');
 create table `b``tick` (id int);
 create table `c d` (id int, v blob);
 insert into `c d` values (1, x'00ff41'), (2, null);
+create table `one` (id int);
+insert into `one` values (1);
 create table `zz` (id int);
-create table `w26` (%s);
-insert into `w26` () values ();
-""" % ",".join(f"c{number} int default {number}" for number in range(1, 27))
-NAMES = ["aa", "b`tick", "c d", "w26", "zz"]
+""" + wide(25) + wide(26) + wide(400)
+NAMES = ["aa", "b`tick", "c d", "one", "w25", "w26", "w400", "zz"]
 ROWS = [(name.encode(), b"<i>&.php," if name == "aa" else b"Not Found Yet") for name in NAMES]
 
 
@@ -160,8 +165,21 @@ class ActionsTest(unittest.TestCase):
         self.assertEqual(self.shown(), NAMES[1:])
         self.picture("dropped")
 
+    def test_drop_without_the_privilege(self):
+        self.server.run(f"revoke drop on *.* from '{servers.USER}'@'localhost'")
+        self.desktop.activate(self.results.window)
+        self.desktop.keys("ctrl+q")
+        wait_for(lambda: self.program.process.poll() is not None, "the program to end")
+        self.start()
+        self.drop("aa", "alt+y")
+        self.dialog()
+        self.picture("drop-denied")
+        self.program.answer_box()
+        self.assertEqual(self.in_server(), NAMES)
+        self.assertEqual(self.shown(), NAMES)
+
     def test_data(self):
-        for table in ("aa", "c d", "w26", "zz"):
+        for table in ("aa", "c d", "one", "w25", "w26", "w400", "zz"):
             self.select(table)
             self.press(DATA)
             window = self.program.window(f"View Data for {table}")
