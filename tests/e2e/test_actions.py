@@ -32,9 +32,15 @@ create table `c d` (id int, v blob);
 insert into `c d` values (1, x'00ff41'), (2, null);
 create table `one` (id int);
 insert into `one` values (1);
+create table `types` (k int, i tinyint, u bigint unsigned, d decimal(9,3), f double, b bit(8), t date,
+    n datetime(6), y year, m time, c char(3), x varbinary(4), l longtext, e enum('p','q'), s set('p','q'),
+    g point, j json);
+insert into `types` values (1, -1, 18446744073709551615, 1.5, 0.1, b'101', '2026-01-02',
+    '2026-01-02 03:04:05.678901', 2026, '-01:02:03', 'é', x'00ff0a09', 'long', 'q', 'p,q', point(1,2), '[1]');
+insert into `types` (k) values (2);
 create table `zz` (id int);
 """ + wide(25) + wide(26) + wide(400)
-NAMES = ["aa", "b`tick", "c d", "one", "w25", "w26", "w400", "zz"]
+NAMES = ["aa", "b`tick", "c d", "one", "types", "w25", "w26", "w400", "zz"]
 ROWS = [(name.encode(), b"<i>&.php," if name == "aa" else b"Not Found Yet") for name in NAMES]
 
 
@@ -179,7 +185,7 @@ class ActionsTest(unittest.TestCase):
         self.assertEqual(self.shown(), NAMES)
 
     def test_data(self):
-        for table in ("aa", "c d", "one", "w25", "w26", "w400", "zz"):
+        for table in ("aa", "c d", "one", "types", "w25", "w26", "w400", "zz"):
             self.select(table)
             self.press(DATA)
             window = self.program.window(f"View Data for {table}")
