@@ -71,6 +71,12 @@ std::string written(const plistDict& node) {
     return lines.text;
 }
 
+int keysIn(const plistDict& node) {
+    int keys = node.count();
+    for (int i = 1; i <= node.children.upperBound(); ++i) keys += keysIn(*node.children.node(i));
+    return keys;
+}
+
 void checkTree(const plistDict& node) {
     std::vector<const plistDict*> pending = {&node};
     while (!pending.empty()) {
