@@ -82,4 +82,17 @@ class ChildList {
     bool hasElementZero_ = true;
 };
 
+// The names in a list of children as an array of their own. The list outlives it.
+class ChildNames {
+  public:
+    explicit ChildNames(const ChildList& list) : list_(list) {}
+
+    int upperBound() const { return list_.upperBound(); }
+    // IndexOutOfRangeException outside 1 to the upper bound.
+    const std::string& operator[](int position) const { return list_.name(position); }
+
+  private:
+    const ChildList& list_;
+};
+
 }  // namespace bracken

@@ -92,7 +92,7 @@ void plist::writeText(const Ref<TextOutputStream>& stream) const {
 
 void plist::replaceBinary() {
     Shell().Execute("plutil -convert binary1 " + savePath->ShellPath());
-    org->Delete();
+    // Replaces the old file in one step.
     savePath->CopyFileTo(org);
 }
 

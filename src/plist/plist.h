@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,10 @@ class plist {
     std::string foundKey;
     std::string foundValue;
     std::string foundType;
+    // Nothing here reads or writes these three.
+    bool brk = false;
+    bool findingNext = false;
+    int32_t untitled = 0;
     // The text of the latest Find.
     std::string lastSearch;
 

@@ -50,6 +50,8 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
     ChildList children;
     // The node's own key in its parent; "root" for the root of a document.
     std::string name;
+    // The keys of the children, at the same positions.
+    const ChildNames childrenNames{children};
     // Number of the latest array element.
     int32_t indexOf = -1;
     bool isArray = false;

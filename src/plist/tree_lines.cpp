@@ -7,15 +7,13 @@
 
 namespace bracken {
 
-TreeLines::Level::Level(const plistDict& levelNode, std::string levelIndent)
-    : node(levelNode), indent(std::move(levelIndent)) {}
-
 void TreeLines::run(const plistDict& node, int32_t level) {
-    begin(node, std::string(static_cast<size_t>(std::max(level, 0)), '\t'));
+    topIndent_ = level;
+    begin(node);
     while (!levels_.empty()) {
         Level& top = levels_.top();
         if (const ChildList::Node* next = top.children.next()) {
-            child(top, **next);
+            child(**next);
         } else if (top.nextKey < top.node.types.Count()) {
             key(top);
         } else {
@@ -24,24 +22,24 @@ void TreeLines::run(const plistDict& node, int32_t level) {
     }
 }
 
-void TreeLines::begin(const plistDict& node, std::string indent) {
-    levels_.emplace(node, std::move(indent));
+void TreeLines::begin(const plistDict& node) {
+    levels_.emplace(node);
     nodeBegins();
 }
 
 void TreeLines::end() {
     nodeEnds();
     levels_.pop();
-    if (!levels_.empty()) tagLine(levels_.top(), "</", ">");
+    if (!levels_.empty()) tagLine("</", ">");
 }
 
-void TreeLines::child(const Level& level, const plistDict& node) {
+void TreeLines::child(const plistDict& node) {
     if (node.count() == 0) {
-        tagLine(level, "<", "/>");
+        tagLine("<", "/>");
         return;
     }
-    tagLine(level, "<", ">");
-    begin(node, level.indent + '\t');
+    tagLine("<", ">");
+    begin(node);
 }
 
 void TreeLines::key(Level& level) {
@@ -52,33 +50,40 @@ void TreeLines::key(Level& level) {
     const bool isContainer = isArray || equal(tag, "dict");
     const std::string value = isContainer ? "" : encodeBrackets(level.node.values.Value(key));
     if (!level.node.isArray) {
-        line(level.indent, "<key>" + key + "</key>");
-        keyEnded(level.node, key, level.indent);
+        indented("<key>" + key + "</key>");
+        keyEnded(level.node, key, indent());
     }
     if (isContainer) {
         level.containerTag = isArray ? "array" : "dict";
         level.children = level.node.children.all(key);
     } else {
-        scalar(level, tag, value);
+        scalar(tag, value);
     }
 }
 
-void TreeLines::scalar(const Level& level, const std::string& tag, std::string_view value) {
+void TreeLines::scalar(const std::string& tag, std::string_view value) {
     if (equal(tag, "data")) {
-        line(level.indent, "<data>");
-        line(level.indent, value);
-        line(level.indent, "</data>");
+        indented("<data>");
+        indented(value);
+        indented("</data>");
     } else if (equal(tag, "boolean")) {
-        line(level.indent, equal(value, "true") ? "<true/>" : "<false/>");
+        indented(equal(value, "true") ? "<true/>" : "<false/>");
     } else {
         std::string element = "<";
         element.append(tag).append(">").append(value).append("</").append(tag).append(">");
-        line(level.indent, element);
+        indented(element);
     }
 }
 
-void TreeLines::tagLine(const Level& level, std::string_view before, std::string_view after) {
-    line(level.indent, std::string(before).append(level.containerTag).append(after));
+void TreeLines::tagLine(std::string_view before, std::string_view after) {
+    indented(std::string(before).append(levels_.top().containerTag).append(after));
+}
+
+std::string_view TreeLines::indent() {
+    const int64_t tabs = topIndent_ + static_cast<int64_t>(levels_.size()) - 1;
+    const auto count = static_cast<size_t>(std::max<int64_t>(tabs, 0));
+    if (tabs_.size() < count) tabs_.resize(count, '\t');
+    return std::string_view(tabs_).substr(0, count);
 }
 
 }  // namespace bracken

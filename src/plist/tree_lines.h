@@ -34,23 +34,28 @@ class TreeLines {
   private:
     // How far one node has come, and the rest of the children of the key in hand.
     struct Level {
-        Level(const plistDict& levelNode, std::string levelIndent);
+        explicit Level(const plistDict& levelNode) : node(levelNode) {}
 
         const plistDict& node;
-        std::string indent;
         int nextKey = 0;
         const char* containerTag = "";
         ChildList::Walk children;
     };
 
-    void begin(const plistDict& node, std::string indent);
+    void begin(const plistDict& node);
     void end();
-    void child(const Level& level, const plistDict& node);
+    void child(const plistDict& node);
     void key(Level& level);
-    void scalar(const Level& level, const std::string& tag, std::string_view value);
-    // The tag in the brackets of an element: `before` + tag + `after`.
-    void tagLine(const Level& level, std::string_view before, std::string_view after);
+    void scalar(const std::string& tag, std::string_view value);
+    void indented(std::string_view text) { line(indent(), text); }
+    // The tag of the container in hand in the brackets of an element: `before` + tag + `after`.
+    void tagLine(std::string_view before, std::string_view after);
+    // Of the node in hand.
+    std::string_view indent();
 
+    int64_t topIndent_ = 0;
+    // As many as the deepest line so far has in front.
+    std::string tabs_;
     std::stack<Level> levels_;
 };
 

@@ -50,6 +50,10 @@ TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
     EXPECT_FALSE(again.savePath->Exists());
     again.Save();
     EXPECT_TRUE(folder.read("a b.plist").starts_with("bplist00"));
+    again.savePath = GetFolderItem(folder.path("no folder/temp"), 0);
+    again.Save();
+    EXPECT_EQ(again.errorMessage, "Could not open file for saving");
+    EXPECT_TRUE(folder.read("a b.plist").starts_with("bplist00"));
 }
 
 TEST_F(Binary, AnEmptyOneOpensToo) {

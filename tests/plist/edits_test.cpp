@@ -73,7 +73,7 @@ TEST_F(Edits, RemoveLeavesContainersUnderTheirOldNames) {
     array->Remove(0);
     // The container's new key has no child, its old one is a scalar's.
     EXPECT_EQ(picture(*array), "[1:string=q 0:dict!]");
-    EXPECT_EQ(array->children.name(1), "1");
+    EXPECT_EQ(array->childrenNames[1], "1");
     EXPECT_THROW(array->child("0"), StackOverflowException);
     array->Remove(0);
     EXPECT_EQ(picture(*array), "[0:string=q]");
