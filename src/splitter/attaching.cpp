@@ -7,7 +7,6 @@
 #include "framework/dialogs/dialogs.h"
 #include "framework/exception.h"
 #include "splitter/smart_splitter.h"
-#include "splitter/suggestions.h"
 
 namespace bracken {
 
@@ -65,7 +64,7 @@ bool SmartSplitter::touches(const RectControl& control) const {
     int64_t to = cross.farEdge(control);
     bool overlaps = (start - near < from && end + near > from) ||
                     (start - near < to && end + near > to) ||
-                    (from - near < start && to + near > start);
+                    (from - near < start && to + near > end);
     return overlaps && (isNear(here() - axis().farEdge(control)) ||
                         isNear(axis().farEdge(*this) - axis().position(control)));
 }
@@ -82,13 +81,13 @@ void SmartSplitter::attach(RectControl* control) {
     Attached entry;
     entry.control = control;
     entry.normallyVisible = control->Visible;
-    entry.minSizeVisible = suggest::minSizeControlShouldBeVisible(*control, isVertical);
+    entry.minSizeVisible = suggestMinSizeControlShouldBeVisible(*control);
     entry.size = static_cast<int>(axis().extent(*control));
     entry.behind = axis().position(*control) < here();
     chooseRole(entry, control->Parent != nullptr && isAttached(control->Parent));
     attached.push_back(entry);
     raiseOffset(entry);
-    if (!doNotAttachEmbeddedControls && suggest::controlCommonlyHasEmbeddedControls(*control))
+    if (!doNotAttachEmbeddedControls && controlCommonlyHasEmbeddedControls(*control))
         attachContents(*control);
 }
 
@@ -97,7 +96,7 @@ void SmartSplitter::attach(RectControl* control) {
 // side and at the container's far edge.
 void SmartSplitter::chooseRole(Attached& entry, bool parentAttached) {
     RectControl& control = *entry.control;
-    bool suggested = suggest::whetherControlShouldResize(control, isVertical);
+    bool suggested = suggestWhetherControlShouldResize(control);
     if (entry.behind) {
         entry.shouldResize =
             suggested && (!parentAttached || isNear(axis().farEdge(present(control.Parent)) -
@@ -114,7 +113,7 @@ void SmartSplitter::raiseOffset(const Attached& entry) {
     bool fixed = entry.behind ? minLimitOffsetPropSet : maxLimitOffsetPropSet;
     if (fixed) return;
     int& offset = entry.behind ? MinLimitOffset : MaxLimitOffset;
-    offset = std::max(offset, suggest::offsetSizeForControl(*entry.control, isVertical));
+    offset = std::max(offset, suggestOffsetSizeForControl(*entry.control));
 }
 
 void SmartSplitter::attachContents(RectControl& container) {
@@ -151,7 +150,7 @@ void SmartSplitter::unAttach(RectControl* control, bool silently) {
         return;
     }
     attached.erase(attached.begin() + index);
-    if (!suggest::controlCommonlyHasEmbeddedControls(*control)) return;
+    if (!controlCommonlyHasEmbeddedControls(*control)) return;
     const auto& controls = window().controls();
     for (size_t i = 0; i < controls.size(); ++i) {
         RectControl& inner = asRectControl(*controls[i]);

@@ -12,11 +12,12 @@ Color grey(double value) {
 }  // namespace
 
 void SmartSplitter::takeColors() {
-    colors = {grey(0.75), grey(0.62), grey(0.55)};
-    colorsDisabled = {grey(0.87), grey(0.82), grey(0.7)};
-    if (!backgroundDark) return;
-    colors = {grey(0.58), grey(0.5), grey(0.42)};
-    colorsDisabled = {grey(0.63), grey(0.55), grey(0.5)};
+    colorLight = grey(backgroundDark ? 0.58 : 0.75);
+    colorLightDisabled = grey(backgroundDark ? 0.63 : 0.87);
+    colorMedium = grey(backgroundDark ? 0.5 : 0.62);
+    colorMediumDisabled = grey(backgroundDark ? 0.55 : 0.82);
+    colorDark = grey(backgroundDark ? 0.42 : 0.55);
+    colorDarkDisabled = grey(backgroundDark ? 0.5 : 0.7);
 }
 
 void SmartSplitter::setHandleType(int value) {
@@ -82,7 +83,7 @@ void SmartSplitter::drawHandle() {
 void SmartSplitter::drawGhost() {
     if (!DisableLiveDrag || !mouseDownTriggered) return;
     int offset = Top < 0 ? Top : 0;
-    Graphics.ForeColor = colors.medium;
+    Graphics.ForeColor = colorMedium;
     Graphics.ClearRect(1, offset + 1, Width - 2, Height - offset - 2);
     Graphics.DrawRect(0, offset, Width, Height - offset);
 }
@@ -92,7 +93,7 @@ bool SmartSplitter::looksEnabled() const {
 }
 
 void SmartSplitter::drawBar(int x, int y) {
-    const Greys& greys = looksEnabled() ? colors : colorsDisabled;
+    bool enabled = looksEnabled();
     int half = handleLarge ? 9 : 5;
     // From a place along the bar and one across it to x and y.
     auto line = [&](int along1, int across1, int along2, int across2) {
@@ -101,10 +102,12 @@ void SmartSplitter::drawBar(int x, int y) {
         else
             Graphics.DrawLine(x + along1, y + across1, x + along2, y + across2);
     };
-    Graphics.ForeColor = handleLarge ? greys.light : greys.dark;
+    Color light = enabled ? colorLight : colorLightDisabled;
+    Color dark = enabled ? colorDark : colorDarkDisabled;
+    Graphics.ForeColor = handleLarge ? light : dark;
     line(-half, 0, half, 0);
     if (!handleLarge) return;
-    Graphics.ForeColor = greys.medium;
+    Graphics.ForeColor = enabled ? colorMedium : colorMediumDisabled;
     line(-half, -1, half, -1);
     line(-half, -1, -half, 0);
     line(half, -1, half, 0);

@@ -122,6 +122,23 @@ class SmartSplitter : public Canvas {
     // Turns the orientation that its shape gives; set before opening.
     bool SwapOrientation = false;
 
+    // When it was set up, and when limits were last worked out.
+    int positionAtOpen = 0;
+    int windowSizeAtOpen = 0;
+    int windowSizeLast = 0;
+    double proportionValue = 0;
+    double proportionAtOpen = 0;
+    // Whether the author gave a value; what was found is then not written over it.
+    bool minLimitPropSet = false;
+    bool minLimitOffsetPropSet = false;
+
+    // A drag is under way: where the mouse went down, in the splitter's own coordinates, and where
+    // the splitter was then.
+    bool mouseDownTriggered = false;
+    int mouseDownX = 0;
+    int mouseDownY = 0;
+    int positionAtMouseDown = 0;
+
   private:
     // The tests' view of the private state.
     friend class SmartSplitterProbe;
@@ -150,11 +167,6 @@ class SmartSplitter : public Canvas {
         bool& snapped;
         bool stops;
     };
-    struct Greys {
-        Color light;
-        Color medium;
-        Color dark;
-    };
 
     // The control, or NilObjectException.
     static RectControl& present(RectControl* control);
@@ -174,6 +186,14 @@ class SmartSplitter : public Canvas {
     bool isAttached(const RectControl* control) const { return indexOf(control) >= 0; }
     // -1 if it is not attached.
     int indexOf(const RectControl* control) const;
+    // What a control is taken for, by its class, locks and scroll bars: the rules that spare a
+    // window's author from saying anything. Sizes are pixels along the axis.
+    int suggestMinSizeControlShouldBeVisible(const RectControl& control) const;
+    bool suggestWhetherControlShouldResize(const RectControl& control) const;
+    // The room that the control asks to be kept for it.
+    int suggestOffsetSizeForControl(const RectControl& control) const;
+    // Whether it is of a kind that others lie in.
+    static bool controlCommonlyHasEmbeddedControls(const RectControl& control);
     void chooseRole(Attached& entry, bool parentAttached);
     void raiseOffset(const Attached& entry);
     void attachContents(RectControl& container);
@@ -217,27 +237,15 @@ class SmartSplitter : public Canvas {
     bool initializedSmartSplitter = false;
     bool initializingSmartSplitter = false;
 
-    // Whether the author gave a value; what was found is then not written over it.
+    // As at the min end.
     bool maxLimitPropSet = false;
-    bool minLimitPropSet = false;
     bool maxLimitOffsetPropSet = false;
-    bool minLimitOffsetPropSet = false;
 
-    int positionAtOpen = 0;
-    int windowSizeAtOpen = 0;
-    int windowSizeLast = 0;
     bool atMinLimit = false;
     bool atMaxLimit = false;
     // The range that the proportion is a share of.
     int proportionMin = 0;
     int proportionMax = 0;
-    double proportionValue = 0;
-    double proportionAtOpen = 0;
-
-    bool mouseDownTriggered = false;
-    int mouseDownX = 0;
-    int mouseDownY = 0;
-    int positionAtMouseDown = 0;
 
     std::vector<Attached> attached;
     RectControl* maxAttachedControl = nullptr;
@@ -247,8 +255,12 @@ class SmartSplitter : public Canvas {
     // What set-up passes to setHandleType.
     int HandleType = 0;
     bool backgroundDark = false;
-    Greys colors;
-    Greys colorsDisabled;
+    Color colorLight;
+    Color colorMedium;
+    Color colorDark;
+    Color colorLightDisabled;
+    Color colorMediumDisabled;
+    Color colorDarkDisabled;
     DimplePixels dimplePixelValue = {};
     DimplePixels dimplePixelValueDisabled = {};
 };

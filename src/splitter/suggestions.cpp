@@ -1,5 +1,3 @@
-#include "splitter/suggestions.h"
-
 #include "framework/controls/check_box.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/group_box.h"
@@ -13,10 +11,9 @@
 #include "framework/controls/separator.h"
 #include "framework/controls/static_text.h"
 #include "framework/controls/tab_panel.h"
-#include "splitter/axis.h"
 #include "splitter/smart_splitter.h"
 
-namespace bracken::suggest {
+namespace bracken {
 
 namespace {
 
@@ -48,43 +45,42 @@ bool listOffset(const Listbox& list, bool vertical, int& offset) {
 
 }  // namespace
 
-int minSizeControlShouldBeVisible(const RectControl& control, bool vertical) {
+int SmartSplitter::suggestMinSizeControlShouldBeVisible(const RectControl& control) const {
     if (isOneOf<Listbox>(control)) return 20;
-    if (vertical && isOneOf<CheckBox, RadioButton>(control)) return 18;
-    if (vertical && isOneOf<EditField>(control)) return 20;
-    if (vertical && isOneOf<PopupMenu>(control)) return 18;
+    if (isVertical && isOneOf<CheckBox, RadioButton>(control)) return 18;
+    if (isVertical && isOneOf<EditField>(control)) return 20;
+    if (isVertical && isOneOf<PopupMenu>(control)) return 18;
     if (isOneOf<GroupBox, PagePanel, TabPanel>(control)) return 28;
     return 2;
 }
 
-int offsetSizeForControl(const RectControl& control, bool vertical) {
+int SmartSplitter::suggestOffsetSizeForControl(const RectControl& control) const {
     int offset = 30;
     if (isOneOf<TabPanel>(control)) return 140;
     if (isOneOf<GroupBox, PagePanel>(control)) return 100;
     auto* list = dynamic_cast<const Listbox*>(&control);
-    if (list != nullptr && listOffset(*list, vertical, offset)) return offset;
+    if (list != nullptr && listOffset(*list, isVertical, offset)) return offset;
     auto* field = dynamic_cast<const EditField*>(&control);
-    if (field != nullptr && fieldOffset(*field, vertical, offset)) return offset;
-    if (vertical && isOneOf<CheckBox, RadioButton>(control)) return 60;
-    if (vertical && isOneOf<PopupMenu, StaticText>(control)) return 40;
+    if (field != nullptr && fieldOffset(*field, isVertical, offset)) return offset;
+    if (isVertical && isOneOf<CheckBox, RadioButton>(control)) return 60;
+    if (isVertical && isOneOf<PopupMenu, StaticText>(control)) return 40;
     return offset;
 }
 
-bool whetherControlShouldResize(const RectControl& control, bool vertical) {
-    const Axis& axis = vertical ? Axis::across() : Axis::down();
-    if (isSplitterAlong(control, vertical)) return false;
-    if (axis.lockedAtBothEnds(control)) return true;
+bool SmartSplitter::suggestWhetherControlShouldResize(const RectControl& control) const {
+    if (isSplitterAlong(control, isVertical)) return false;
+    if (axis().lockedAtBothEnds(control)) return true;
     if (isOneOf<Separator, Rectangle, Placard, ImageWell, Canvas, Listbox>(control)) return true;
     auto* field = dynamic_cast<const EditField*>(&control);
-    if (field != nullptr && (vertical || field->MultiLine)) return true;
+    if (field != nullptr && (isVertical || field->MultiLine)) return true;
     auto* label = dynamic_cast<const StaticText*>(&control);
-    if (label != nullptr && !vertical && label->MultiLine) return true;
-    if (vertical && isOneOf<PopupMenu>(control)) return true;
+    if (label != nullptr && !isVertical && label->MultiLine) return true;
+    if (isVertical && isOneOf<PopupMenu>(control)) return true;
     return isOneOf<GroupBox, PagePanel, TabPanel>(control);
 }
 
-bool controlCommonlyHasEmbeddedControls(const RectControl& control) {
+bool SmartSplitter::controlCommonlyHasEmbeddedControls(const RectControl& control) {
     return isOneOf<TabPanel, PagePanel, GroupBox, Canvas, Rectangle, EditField, Listbox>(control);
 }
 
-}  // namespace bracken::suggest
+}  // namespace bracken

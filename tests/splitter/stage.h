@@ -35,6 +35,18 @@ class SmartSplitterProbe {
     static int proportionMin(SmartSplitter& s) { return s.proportionMin; }
     static int proportionMax(SmartSplitter& s) { return s.proportionMax; }
     static bool snapped(SmartSplitter& s) { return s.atMinLimit || s.atMaxLimit; }
+    static int minSize(SmartSplitter& s, const RectControl& c) {
+        return s.suggestMinSizeControlShouldBeVisible(c);
+    }
+    static int offset(SmartSplitter& s, const RectControl& c) {
+        return s.suggestOffsetSizeForControl(c);
+    }
+    static bool resizes(SmartSplitter& s, const RectControl& c) {
+        return s.suggestWhetherControlShouldResize(c);
+    }
+    static bool holdsOthers(const RectControl& c) {
+        return SmartSplitter::controlCommonlyHasEmbeddedControls(c);
+    }
     static bool& debug(SmartSplitter& s) { return s.Debug; }
     static Ref<Picture>& picture(CanvasSmartSplitterDebugger& canvas) { return canvas.p; }
 };

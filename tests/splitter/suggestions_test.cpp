@@ -1,5 +1,3 @@
-#include "splitter/suggestions.h"
-
 #include <functional>
 
 #include "framework/controls/check_box.h"
@@ -22,6 +20,7 @@
 namespace bracken::test {
 namespace {
 
+using Probe = SmartSplitterProbe;
 using Make = std::function<RectControl&(Stage&)>;
 
 template <class T>
@@ -104,15 +103,18 @@ TEST(Suggestions, FollowTheKindOfControl) {
     };
     for (const Case& c : cases) {
         FakePlatform platform;
-        const RectControl& control = c.make(Stage::make());
+        Stage& stage = Stage::make();
+        const RectControl& control = c.make(stage);
         for (bool vertical : {true, false}) {
             SCOPED_TRACE(std::string(c.name) + (vertical ? ", upright" : ", lying"));
+            auto& splitter = stage.add<SmartSplitter>("splitter", vertical, {700, 10});
+            splitter.Event_Open();
             const Suggested& expected = vertical ? c.upright : c.lying;
-            EXPECT_EQ(suggest::minSizeControlShouldBeVisible(control, vertical), expected.minSize);
-            EXPECT_EQ(suggest::offsetSizeForControl(control, vertical), expected.offset);
-            EXPECT_EQ(suggest::whetherControlShouldResize(control, vertical), expected.resizes);
+            EXPECT_EQ(Probe::minSize(splitter, control), expected.minSize);
+            EXPECT_EQ(Probe::offset(splitter, control), expected.offset);
+            EXPECT_EQ(Probe::resizes(splitter, control), expected.resizes);
         }
-        EXPECT_EQ(suggest::controlCommonlyHasEmbeddedControls(control), c.holdsOthers) << c.name;
+        EXPECT_EQ(Probe::holdsOthers(control), c.holdsOthers) << c.name;
     }
 }
 
