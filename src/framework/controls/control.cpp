@@ -14,7 +14,7 @@ RectControl::RectControl(Window& window, std::string name)
       Top(*this, 0, [this](int old) { moveContents(0, Top - old); }),
       Width(*this, 0),
       Height(*this, 0),
-      Visible(*this, true),
+      Visible(*this, true, [this](bool /*old*/) { markContents(); }),
       Enabled(*this, true),
       Parent(*this) {}
 
@@ -34,6 +34,18 @@ void RectControl::place(int left, int top, int width, int height) {
 
 void RectControl::Refresh(bool /*eraseBackground*/) {
     markChanged();
+}
+
+bool RectControl::showing() const {
+    if (!Visible) return false;
+    return Parent == nullptr || (Parent->showsPage(TabPanelIndex) && Parent->showing());
+}
+
+void RectControl::markContents() {
+    for (RectControl* inner : contents_) {
+        inner->markChanged();
+        inner->markContents();
+    }
 }
 
 void RectControl::moveContents(int dx, int dy) {

@@ -77,8 +77,17 @@ class RectControl : public Control {
     void place(int left, int top, int width, int height);
     // Repaints the control with the next frame.
     void Refresh(bool eraseBackground);
+    // Whether it can be seen on its window: visible itself, on the page that shows, and so all that
+    // it lies in.
+    bool showing() const;
     // Whether the user can press or edit it.
-    bool usable() const { return Enabled && Visible; }
+    bool usable() const { return Enabled && showing(); }
+
+  protected:
+    // Of a container with pages: whether that is the one that shows.
+    virtual bool showsPage(int /*page*/) const { return true; }
+    // Marks what lies in it, at any depth, for it shows or hides along.
+    void markContents();
 
   private:
     void moveContents(int dx, int dy);

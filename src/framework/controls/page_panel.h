@@ -9,10 +9,14 @@ namespace bracken {
 class PagePanel : public RectControl {
   public:
     PagePanel(Window& window, std::string name)
-        : RectControl(window, std::move(name)), Value(*this, 0) {}
+        : RectControl(window, std::move(name)),
+          Value(*this, 0, [this](int /*old*/) { markContents(); }) {}
 
     // The page that shows, counted from 0.
     Property<int> Value;
+
+  protected:
+    bool showsPage(int page) const override { return page == Value; }
 };
 
 }  // namespace bracken

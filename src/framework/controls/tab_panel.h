@@ -12,7 +12,8 @@ namespace bracken {
 class TabPanel : public RectControl {
   public:
     TabPanel(Window& window, std::string name)
-        : RectControl(window, std::move(name)), Value(*this, 0) {}
+        : RectControl(window, std::move(name)),
+          Value(*this, 0, [this](int /*old*/) { markContents(); }) {}
 
     // The tabs' texts; set before the window opens.
     std::vector<std::string> Captions;
@@ -20,6 +21,9 @@ class TabPanel : public RectControl {
     Property<int> Value;
 
     void userChose(int page) { Value = page; }
+
+  protected:
+    bool showsPage(int page) const override { return page == Value; }
 };
 
 }  // namespace bracken

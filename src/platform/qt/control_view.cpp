@@ -17,7 +17,7 @@ void ControlView::takeOver(const QRect& content) {
     widget_.setGeometry(place);
     widget_.setEnabled(control_.Enabled);
     sync();
-    widget_.setVisible(control_.Visible && place.intersects(content));
+    widget_.setVisible(control_.showing() && place.intersects(content));
 }
 
 }  // namespace bracken

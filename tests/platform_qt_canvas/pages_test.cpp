@@ -1,0 +1,85 @@
+#include <QTabBar>
+
+#include "framework/controls/group_box.h"
+#include "framework/controls/page_panel.h"
+#include "framework/controls/push_button.h"
+#include "framework/controls/tab_panel.h"
+#include "tests/platform_qt/qt_test.h"
+
+namespace bracken::test {
+
+namespace {
+
+class Pages : public Window {
+  public:
+    TabPanel tabs{*this, "tabs"};
+    PushButton first{*this, "first"};
+    GroupBox box{*this, "box"};
+    PushButton inBox{*this, "inBox"};
+    PagePanel panel{*this, "panel"};
+    PushButton onPage{*this, "onPage"};
+
+  protected:
+    void Layout() override {
+        Width = 400;
+        Height = 300;
+    }
+    void CreateControls() override {
+        tabs.place(10, 10, 300, 200);
+        tabs.Captions = {"One", "Two"};
+        first.place(20, 60, 80, 20);
+        box.place(20, 60, 200, 100);
+        inBox.place(30, 90, 80, 20);
+        panel.place(120, 80, 90, 40);
+        onPage.place(125, 90, 80, 20);
+        first.Parent = &tabs;
+        box.Parent = &tabs;
+        box.TabPanelIndex = 1;
+        inBox.Parent = &box;
+        panel.Parent = &box;
+        onPage.Parent = &panel;
+        onPage.TabPanelIndex = 3;
+        inBox.Default = true;
+    }
+};
+
+class PageWidgets : public QtTest {
+  protected:
+    // The names of the controls on show, by their widgets.
+    std::string shown() {
+        showFrame();
+        std::string names;
+        for (Control* control : pages.controls())
+            if (widget(*control).isVisible()) names += control->name() + " ";
+        return names;
+    }
+    void clickTab(int page) {
+        auto& bar = *widget(pages.tabs).findChild<QTabBar*>();
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(page).center());
+    }
+
+    Pages& pages = open<Pages>();
+};
+
+TEST_F(PageWidgets, ShowOnlyWhatLiesOnTheirPage) {
+    EXPECT_EQ(shown(), "tabs first ");
+    EXPECT_EQ(pages.defaultButton(), nullptr) << "Return presses nothing out of sight";
+    clickTab(1);
+    EXPECT_EQ(shown(), "tabs box inBox panel ");
+    EXPECT_EQ(pages.defaultButton(), &pages.inBox);
+    pages.panel.Value = 3;
+    EXPECT_EQ(shown(), "tabs box inBox panel onPage ");
+    pages.inBox.Visible = false;
+    EXPECT_EQ(shown(), "tabs box panel onPage ");
+    pages.box.Visible = false;
+    EXPECT_EQ(shown(), "tabs ") << "a container that is hidden hides what it holds";
+    pages.inBox.Visible = true;
+    clickTab(0);
+    pages.box.Visible = true;
+    EXPECT_EQ(shown(), "tabs first ");
+    pages.tabs.Value = 1;
+    EXPECT_EQ(shown(), "tabs box inBox panel onPage ");
+}
+
+}  // namespace
+}  // namespace bracken::test
