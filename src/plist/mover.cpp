@@ -1,5 +1,7 @@
 #include "plist/mover.h"
 
+#include <algorithm>
+
 #include "framework/text/text.h"
 
 namespace bracken {
@@ -57,11 +59,28 @@ struct ScalarCopy {
                  const std::string& target);
 };
 
-// A tag that is not here is not copied.
+// A scalar of a tag that is not here is not copied.
 constexpr ScalarCopy scalarCopies[] = {
     {"string", copyString},   {"boolean", copyBoolean}, {"real", copyReal},
     {"integer", copyInteger}, {"data", copyData},       {"date", copyDate},
 };
+
+bool isContainer(std::string_view tag) {
+    return equal(tag, "dict") || equal(tag, "array");
+}
+
+bool isCopied(const std::string& tag) {
+    return isContainer(tag) ||
+           std::any_of(std::begin(scalarCopies), std::end(scalarCopies),
+                       [&](const ScalarCopy& scalar) { return equal(tag, scalar.tag); });
+}
+
+bool holdsWhatIsCopied(const plistDict& node) {
+    for (int i = 0; i < node.count(); ++i) {
+        if (isCopied(node.types.ValueAt(i))) return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -84,7 +103,7 @@ bool Mover::copyKey(plistDict& source, const std::string& key, const Ref<plistDi
         return false;
     }
     const std::string tag = source.GetType(key);
-    if (equal(tag, "dict") || equal(tag, "array")) {
+    if (isContainer(tag)) {
         beginContainer(source, key, destination, target);
         return true;
     }
@@ -109,7 +128,7 @@ void Mover::beginContainer(plistDict& source, const std::string& key,
     // A copy that goes deeper than its source has nodes copies what it makes, without end, and so
     // does an array that appends to itself.
     if (levels_.empty()) deepest_ = 2 * containersBelow(*from) + 16;
-    const bool grows = from == to && to->isArray && to->count() > 0;
+    const bool grows = from == to && to->isArray && holdsWhatIsCopied(*to);
     if (grows || levels_.size() > deepest_)
         throw StackOverflowException("Copied into itself: " + key);
     from->MoveFirst();
