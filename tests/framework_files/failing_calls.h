@@ -23,6 +23,9 @@ class FailingCalls : public FileCalls {
         if (fails("write")) return -1;
         return FileCalls::write(descriptor, bytes, count < 5 ? count : 5);
     }
+    int fallocate(int descriptor, off_t size) override {
+        return fails("fallocate") ? -1 : FileCalls::fallocate(descriptor, size);
+    }
     int fsync(int descriptor) override {
         return fails("fsync") ? -1 : FileCalls::fsync(descriptor);
     }

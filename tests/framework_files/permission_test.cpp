@@ -2,9 +2,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
-
 #include "framework/files/folder_item.h"
+#include "tests/framework_files/failing_calls.h"
+#include "tests/framework_files/variable.h"
 #include "tests/support/temp_folder.h"
 
 namespace bracken {
@@ -31,6 +31,11 @@ class Permission : public testing::Test {
 
     static void setMode(const std::string& path, mode_t mode) {
         ASSERT_EQ(chmod(path.c_str(), mode), 0) << path;
+    }
+    static struct stat factsOf(const std::string& path) {
+        struct stat facts = {};
+        EXPECT_EQ(stat(path.c_str(), &facts), 0) << path;
+        return facts;
     }
     // Writes `text`, and closes the stream or gives it up; false if there is none.
     static bool save(const std::string& path, const std::string& text, bool close = true) {
@@ -73,6 +78,36 @@ TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {
     EXPECT_TRUE(save(path, "new"));
     EXPECT_EQ(folder_.read("f"), "new");
     EXPECT_FALSE(save(folder_.path("fresh"), "x"));
+    const test::Variable preferences("XDG_CONFIG_HOME", folder_.path());
+    EXPECT_TRUE(save(path, "secret"));
+    EXPECT_EQ(factsOf(path).st_mode & 07777, 0600u);
+}
+
+TEST_F(Permission, WhatHasNoRoomInPlaceLeavesTheOldContent) {
+    const std::string path = folder_.write("f", "old");
+    setMode(folder_.path(), 0500);
+    for (const int error : {ENOSPC, EDQUOT, EOPNOTSUPP}) {
+        test::FailingCalls calls("fallocate", 1, error);
+        const auto file = ReplacingFile::open(path, {}, calls);
+        file->write("new");
+        EXPECT_EQ(file->commit(), error == EOPNOTSUPP);
+        EXPECT_EQ(folder_.read("f"), error == EOPNOTSUPP ? "new" : "old");
+    }
+}
+
+TEST_F(Permission, AnothersFileStaysItsGroups) {
+    if (!root_) GTEST_SKIP() << "needs a second user";
+    ASSERT_EQ(seteuid(0), 0);
+    const std::string path = folder_.write("shared/f", "old");
+    setMode(path, 0664);
+    ASSERT_EQ(chown(folder_.path("shared").c_str(), kNobody, kNobody), 0);
+    // Hands its own group to new files.
+    setMode(folder_.path("shared"), 02775);
+    ASSERT_EQ(seteuid(kNobody), 0);
+    EXPECT_TRUE(save(path, "new"));
+    EXPECT_EQ(folder_.read("shared/f"), "new");
+    EXPECT_EQ(factsOf(path).st_gid, getegid());
+    EXPECT_EQ(factsOf(path).st_mode & 07777, 0664u);
 }
 
 TEST_F(Permission, AnothersFileInAStickyFolderIsWrittenInPlace) {

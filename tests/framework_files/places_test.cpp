@@ -1,43 +1,20 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <optional>
 
 #include "framework/files/shell.h"
 #include "framework/files/special_folder.h"
+#include "tests/framework_files/variable.h"
 #include "tests/support/temp_folder.h"
 
 namespace bracken {
 namespace {
 
 using test::TempFolder;
+using test::Variable;
 
 namespace fs = std::filesystem;
-
-// Sets a variable of the environment for a scope.
-class Variable {
-  public:
-    Variable(const char* name, const std::optional<std::string>& value) : name_(name) {
-        if (const char* before = std::getenv(name)) before_ = before;
-        set(value);
-    }
-    ~Variable() { set(before_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-  private:
-    void set(const std::optional<std::string>& value) const {
-        if (value)
-            setenv(name_, value->c_str(), 1);
-        else
-            unsetenv(name_);
-    }
-
-    const char* name_;
-    std::optional<std::string> before_;
-};
 
 TEST(SpecialFolder, FollowsTheVariablesAndElseTheHome) {
     const TempFolder folder;

@@ -160,7 +160,8 @@ TEST(Saving, WritesThroughSpecialFiles) {
 
 TEST(Saving, SaysWhyAFileCannotBeMade) {
     const TempFolder folder;
-    for (const std::string& path : {folder.path("none/file"), folder.path()}) {
+    fs::create_symlink("loop", folder.path("loop"));
+    for (const std::string& path : {folder.path("none/file"), folder.path(), folder.path("loop")}) {
         try {
             create(path)->Write("x");
             ADD_FAILURE() << path;

@@ -69,5 +69,15 @@ TEST_F(Binary, WhatTheConverterRefusesIsNoPropertyList) {
     EXPECT_EQ(folder.read("x temp"), "bplist00 and nothing good\n");
 }
 
+TEST_F(Binary, TheConverterFailsWhenItCannotWrite) {
+    const std::string path = binary("<key>a</key><true/>")->ShellPath();
+    const std::string before = folder.read("a b.plist");
+    Shell().Execute("(trap '' XFSZ; ulimit -f 0; plutil -convert xml1 " + path +
+                    " 2>/dev/null) || touch " +
+                    GetFolderItem(folder.path("failed"), 0)->ShellPath());
+    EXPECT_TRUE(GetFolderItem(folder.path("failed"), 0)->Exists());
+    EXPECT_EQ(folder.read("a b.plist"), before);
+}
+
 }  // namespace
 }  // namespace bracken

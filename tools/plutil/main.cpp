@@ -32,7 +32,7 @@ void convert(const std::string& form, const std::string& path) {
     const auto stream = file->CreateTextFile();
     if (stream == nullptr) throw std::runtime_error("can't be written");
     stream->Write(text);
-    stream->Close();
+    if (!stream->Close()) throw std::runtime_error("can't be written");
 }
 
 }  // namespace

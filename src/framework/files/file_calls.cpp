@@ -15,6 +15,10 @@ ssize_t FileCalls::write(int descriptor, const void* bytes, size_t count) {
     return ::write(descriptor, bytes, count);
 }
 
+int FileCalls::fallocate(int descriptor, off_t size) {
+    return ::fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, size);
+}
+
 int FileCalls::fsync(int descriptor) {
     return ::fsync(descriptor);
 }

@@ -13,6 +13,8 @@ class FileCalls {
     virtual ~FileCalls() = default;
     virtual int open(const char* path, int flags, mode_t mode);
     virtual ssize_t write(int descriptor, const void* bytes, size_t count);
+    // Without changing the file's size.
+    virtual int fallocate(int descriptor, off_t size);
     virtual int fsync(int descriptor);
     virtual int rename(const char* from, const char* to);
 

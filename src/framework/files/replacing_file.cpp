@@ -44,6 +44,10 @@ bool isRefusal(int error) {
     return error == EACCES || error == EPERM || error == EROFS;
 }
 
+bool isWantOfRoom(int error) {
+    return error == ENOSPC || error == EDQUOT;
+}
+
 std::string temporaryName() {
     static std::atomic<unsigned> counter{0};
     return ".bracken-lens-" + std::to_string(getpid()) + "-" + std::to_string(++counter);
@@ -67,7 +71,7 @@ std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Mo
     struct stat present;
     bool opened = false;
     if (stat(file->target_.c_str(), &present) != 0)
-        opened = file->openBeside(modes.ownerOnly ? kOwnerOnly : modes.fresh);
+        opened = errno == ENOENT && file->openBeside(modes.ownerOnly ? kOwnerOnly : modes.fresh);
     else if (S_ISREG(present.st_mode))
         opened = file->openExisting(present, modes.ownerOnly);
     else
@@ -96,11 +100,19 @@ bool ReplacingFile::openSpecial() {
 bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
     if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
     const mode_t mode = ownerOnly ? kOwnerOnly : present.st_mode & kPermissions;
-    if (!mayRenameOver(target_, present)) return openInPlace();
-    if (!openBeside(kOwnerOnly)) return isRefusal(errno) && openInPlace();
-    // Somebody else's file stays theirs where the user may see to that.
-    const bool kept = fchown(descriptor_, present.st_uid, present.st_gid) == 0;
-    return fchmod(descriptor_, kept ? mode : mode & 0777) == 0;
+    if (!mayRenameOver(target_, present)) return openInPlace(mode);
+    if (!openBeside(kOwnerOnly)) return isRefusal(errno) && openInPlace(mode);
+    // Where the file system has modes of its own, those are kept.
+    return fchmod(descriptor_, keepOwner(present) ? mode : mode & 0777) == 0 || ownerOnly;
+}
+
+// Somebody else's file stays theirs where the user may see to that, and else at least their
+// group's.
+bool ReplacingFile::keepOwner(const struct stat& present) {
+    constexpr auto unchanged = static_cast<uid_t>(-1);
+    for (const uid_t owner : {present.st_uid, unchanged})
+        if (fchown(descriptor_, owner, present.st_gid) == 0) return owner == present.st_uid;
+    return false;
 }
 
 bool ReplacingFile::openBeside(mode_t mode) {
@@ -112,16 +124,19 @@ bool ReplacingFile::openBeside(mode_t mode) {
     return descriptor_ >= 0;
 }
 
-bool ReplacingFile::openInPlace() {
+bool ReplacingFile::openInPlace(mode_t mode) {
     way_ = Way::InPlaceAtCommit;
     descriptor_ = calls_.open(target_.c_str(), O_WRONLY, 0);
-    return descriptor_ >= 0;
+    if (descriptor_ < 0) return false;
+    // Changes nothing but where a file of the user's own has to become private.
+    fchmod(descriptor_, mode);
+    return true;
 }
 
 void ReplacingFile::write(std::string_view bytes) {
     pending_.append(bytes);
     if (way_ == Way::InPlaceAtCommit || pending_.size() < kFlushAt) return;
-    failed_ = !writeAll(calls_, descriptor_, pending_) || failed_;
+    failed_ = failed_ || !writeAll(calls_, descriptor_, pending_);
     pending_.clear();
 }
 
@@ -133,9 +148,10 @@ bool ReplacingFile::commit() {
 }
 
 bool ReplacingFile::overwriteInPlace() {
-    // Cut last: the old content's end goes only when the new one is there.
-    return writeAll(calls_, descriptor_, pending_) &&
-           ftruncate(descriptor_, static_cast<off_t>(pending_.size())) == 0 &&
+    // Room first and cut last: a full disk shows while the old content is still whole.
+    const auto size = static_cast<off_t>(pending_.size());
+    if (calls_.fallocate(descriptor_, size) != 0 && isWantOfRoom(errno)) return false;
+    return writeAll(calls_, descriptor_, pending_) && ftruncate(descriptor_, size) == 0 &&
            calls_.fsync(descriptor_) == 0 && closeDescriptor();
 }
 

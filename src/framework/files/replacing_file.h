@@ -45,8 +45,9 @@ class ReplacingFile {
     ReplacingFile(std::string target, FileCalls& calls);
     bool openSpecial();
     bool openExisting(const struct stat& present, bool ownerOnly);
+    bool keepOwner(const struct stat& present);
     bool openBeside(mode_t mode);
-    bool openInPlace();
+    bool openInPlace(mode_t mode);
     bool overwriteInPlace();
     bool renameOver();
     void syncFolder();

@@ -22,8 +22,9 @@ std::string programFolder() {
 }  // namespace
 
 void Shell::Execute(const std::string& command) {
-    // The shell itself extends the path: this process's environment is shared by its threads.
-    std::string run = "PATH=\"$1${PATH:+:$PATH}\"; export PATH; eval \"$2\"";
+    // The shell itself extends the path: this process's environment is shared by its threads. An
+    // empty piece of a path would mean the current folder.
+    std::string run = "[ -z \"$1\" ] || PATH=\"$1${PATH:+:$PATH}\"; export PATH; eval \"$2\"";
     std::string name = "sh";
     std::string option = "-c";
     std::string folder = programFolder();

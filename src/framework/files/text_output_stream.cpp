@@ -15,9 +15,10 @@ void TextOutputStream::WriteLine(std::string_view text) {
     Write("\n");
 }
 
-void TextOutputStream::Close() {
-    if (file_) file_->commit();
+bool TextOutputStream::Close() {
+    const bool written = file_ && file_->commit();
     file_.reset();
+    return written;
 }
 
 }  // namespace bracken
