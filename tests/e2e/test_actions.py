@@ -4,20 +4,14 @@
     test_actions.py PROGRAM [UNITTEST-ARGUMENT...]
 """
 
-import os
 import pathlib
 import sys
-import tempfile
 import unittest
 
-import desktop as desktops
-import program as programs
 import server as servers
-from result_actions import (BOX, DATA, DROP, NO, PRINT, SCRIPT, YES, Actions, Browser, exported,
-                            report)
+from after_a_run import AfterARun
+from result_actions import BOX, DATA, DROP, NO, PRINT, YES, exported, report
 from waiting import wait_for
-
-BINARY = None
 
 def wide(count):
     columns = ",".join(f"c{number} int default {number}" for number in range(1, count + 1))
@@ -44,43 +38,9 @@ NAMES = ["aa", "b`tick", "c d", "one", "types", "w25", "w26", "w400", "zz"]
 ROWS = [(name.encode(), b"<i>&.php," if name == "aa" else b"Not Found Yet") for name in NAMES]
 
 
-class ActionsTest(unittest.TestCase):
-    """A server, a home, sources and a program that has run to its end, for each test."""
-
-    def setUp(self):
-        self.desktop = self.enterContext(desktops.Desktop())
-        self.server = self.enterContext(servers.Server())
-        self.server.run("create database deeds")
-        self.server.run(TABLES, "deeds")
-        self.folder = pathlib.Path(self.enterContext(
-            tempfile.TemporaryDirectory(prefix="lens-home-")))
-        self.home = programs.Home(self.folder)
-        sources = self.folder / "sources"
-        sources.mkdir()
-        (sources / "<i>&.php").write_text("select * from aa")
-        self.home.remember(programs.settings_text(sources, "", "deeds"))
-        self.browser = Browser(self.home)
-        self.start()
-
-    def start(self):
-        self.program = self.enterContext(
-            programs.Program(BINARY, self.desktop, self.home, self.server.socket))
-        login = programs.LoginWindow(self.program)
-        login.connect("folder")
-        login.go()
-        self.results = programs.ResultsWindow(self.program)
-        self.program.answer_box()
-        self.actions = Actions(self.program, self.results)
-        self.press, self.gone = self.actions.press, self.actions.gone
-
-    def picture(self, name):
-        if folder := os.environ.get("PICTURES"):
-            self.desktop.picture(pathlib.Path(folder) / f"{name}.png")
-
-    def select(self, table):
-        self.desktop.activate(self.results.window)
-        self.press((programs.LIST[0] + 60, programs.LIST[1] + 40))
-        self.desktop.keys("ctrl+Home", *["Down"] * NAMES.index(table))
+class ActionsTest(AfterARun):
+    tables, names = TABLES, NAMES
+    sources = {"<i>&.php": "select * from aa"}
 
     def shown(self):
         return [row[0].decode() for row in self.results.rows()]
@@ -139,7 +99,7 @@ class ActionsTest(unittest.TestCase):
         self.browser.await_opened(2)
         self.desktop.activate(self.results.window)
         self.desktop.keys("ctrl+q")
-        wait_for(lambda: self.program.process.poll() is not None, "the program to end")
+        self.assertEqual(self.ended(), 0)
         # Ticked with Yes, the box is remembered: nobody is asked any more.
         self.start()
         self.press(PRINT)
@@ -175,7 +135,7 @@ class ActionsTest(unittest.TestCase):
         self.server.run(f"revoke drop on *.* from '{servers.USER}'@'localhost'")
         self.desktop.activate(self.results.window)
         self.desktop.keys("ctrl+q")
-        wait_for(lambda: self.program.process.poll() is not None, "the program to end")
+        self.assertEqual(self.ended(), 0)
         self.start()
         self.drop("aa", "alt+y")
         self.dialog()
@@ -195,23 +155,7 @@ class ActionsTest(unittest.TestCase):
             self.desktop.keys("ctrl+w")
             self.gone(window)
 
-    def test_script(self):
-        self.select("aa")
-        self.press(SCRIPT)
-        window = self.program.window("View Scripts for aa")
-        wait_for(lambda: self.desktop.frame(window)[2] == 798, "the size of the script window")
-        self.desktop.activate(window)
-        menu = self.results.menu
-        self.program.click(window, (60, 66), menu)
-        self.program.click(window, (300, 300), menu)
-        self.desktop.keys("ctrl+a", "ctrl+c")
-        wait_for(lambda: self.desktop.clipboard() == b"select * from aa", "the script's text")
-        self.program.click(window, (300, 300), menu)
-        self.picture("script")
-        self.program.click(window, (738, 616), menu)
-        self.gone(window)
-
 
 if __name__ == "__main__":
-    BINARY = pathlib.Path(sys.argv.pop(1)).resolve()
+    AfterARun.binary = pathlib.Path(sys.argv.pop(1)).resolve()
     unittest.main(verbosity=2)
