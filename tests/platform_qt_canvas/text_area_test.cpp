@@ -51,8 +51,8 @@ class TextArea : public QtTest {
                 QTextCharFormat format = piece.fragment().charFormat();
                 bool isMarked = format.fontWeight() == QFont::Bold;
                 if (isMarked) {
-                    EXPECT_EQ(format.foreground().color(), QColor(255, 0, 0));
-                    EXPECT_NE(format.textOutline().style(), Qt::NoPen);
+                    EXPECT_EQ(format.textOutline().color(), QColor(255, 0, 0));
+                    EXPECT_EQ(format.foreground().color(), edit.palette().color(QPalette::Base));
                 }
                 QString text = piece.fragment().text();
                 result += isMarked ? u'[' + text + u']' : text;

@@ -62,7 +62,8 @@ QTextCharFormat TextAreaView::formatOf(const TextStyle& style) const {
     if (style.bold) format.setFontWeight(QFont::Bold);
     QColor ink = palette().color(QPalette::Text);
     if (style.coloured) ink = QColor(style.color.red, style.color.green, style.color.blue);
-    format.setForeground(ink);
+    // An outline is seen only around letters that are hollow.
+    format.setForeground(style.outline ? palette().color(QPalette::Base) : ink);
     if (style.outline) format.setTextOutline(QPen(ink));
     return format;
 }
