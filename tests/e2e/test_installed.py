@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""Installs the built program and lets it change a settings file in binary form.
+
+    test_installed.py BUILD-FOLDER [UNITTEST-ARGUMENT...]
+"""
+
+import os
+import plistlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import desktop as desktops
+import program as programs
+
+BUILD = None
+
+
+def path_without_converter():
+    places = os.environ["PATH"].split(os.pathsep)
+    return os.pathsep.join(place for place in places if not shutil.which("plutil", path=place))
+
+
+class Installed(unittest.TestCase):
+    def test_converter_is_found_beside_the_program(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory(prefix="lens-installed-"))
+        subprocess.run(["cmake", "--install", BUILD, "--prefix", folder], check=True,
+                       stdout=subprocess.DEVNULL)
+        desktop = self.enterContext(desktops.Desktop())
+        desktop.environment["PATH"] = path_without_converter()
+        home = programs.Home(folder)
+        before = {"remember": True, "host": "localhost", "user": "somebody", "extensions": "a & <b>",
+                  "other": [{"left": -5, "open": False}, b"\0\1"]}
+        home.settings.write_bytes(plistlib.dumps(before, fmt=plistlib.FMT_BINARY))
+
+        program = self.enterContext(
+            programs.Program(f"{folder}/bin/bracken-lens", desktop, home, "/nowhere"))
+        login = programs.LoginWindow(program)
+        copy = home.settings.with_name(programs.SETTINGS + " temp")
+        self.assertTrue(copy.read_bytes().startswith(b"<?xml"))
+        # Stores the login, whether or not it works.
+        login.press(programs.CONNECT)
+        program.answer_box()
+        bytes_saved = home.settings.read_bytes()
+        self.assertTrue(bytes_saved.startswith(b"bplist00"))
+        saved = plistlib.loads(bytes_saved)
+        self.assertEqual(saved.pop("password"), "")
+        self.assertEqual({name: saved.get(name) for name in before}, before)
+
+
+if __name__ == "__main__":
+    BUILD = sys.argv.pop(1)
+    unittest.main(verbosity=2)
