@@ -48,7 +48,7 @@ void TreeLines::key(Level& level) {
     ++level.nextKey;
     const bool isArray = equal(tag, "array");
     const bool isContainer = isArray || equal(tag, "dict");
-    const std::string value = isContainer ? "" : encodeBrackets(level.node.values.Value(key));
+    const std::string value = isContainer ? "" : encodeBrackets(valueOf(level, key));
     if (!level.node.isArray) {
         indented("<key>" + key + "</key>");
         keyEnded(level.node, key, indent());
@@ -59,6 +59,14 @@ void TreeLines::key(Level& level) {
     } else {
         scalar(tag, value);
     }
+}
+
+const std::string& TreeLines::valueOf(Level& level, const std::string& key) {
+    const Dictionary<std::string>& values = level.node.values;
+    if (level.nextValue < values.Count() && values.Key(level.nextValue) == key) {
+        return values.ValueAt(level.nextValue++);
+    }
+    return values.Value(key);
 }
 
 void TreeLines::scalar(const std::string& tag, std::string_view value) {

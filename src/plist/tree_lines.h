@@ -38,6 +38,8 @@ class TreeLines {
 
         const plistDict& node;
         int nextKey = 0;
+        // Where the next value stands if values have come in the order of their keys, as is usual.
+        int nextValue = 0;
         const char* containerTag = "";
         ChildList::Walk children;
     };
@@ -46,6 +48,7 @@ class TreeLines {
     void end();
     void child(const plistDict& node);
     void key(Level& level);
+    static const std::string& valueOf(Level& level, const std::string& key);
     void scalar(const std::string& tag, std::string_view value);
     void indented(std::string_view text) { line(indent(), text); }
     // The tag of the container in hand in the brackets of an element: `before` + tag + `after`.

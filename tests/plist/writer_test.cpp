@@ -44,6 +44,10 @@ TEST(Writer, ChangesWhatDoesNotSurvive) {
          "\t<key>a</key>\n\t<dict>\n\t\t<key>b</key>\n\t\t<STRING>x</STRING>\n\t</dict>\n"},
         {"<key>a</key>\n<boolean>TRUE</boolean>\n<key>b</key>\n<boolean>yes</boolean>\n</dict>",
          "\t<key>a</key>\n\t<true/>\n\t<key>b</key>\n\t<false/>\n"},
+        // Keys stand in another order than their values.
+        {"<key>a</key>\n<dict/>\n<key>b</key>\n<string>x</string>\n<key>a</key>\n"
+         "<string>y</string>\n</dict>",
+         "\t<key>a</key>\n\t<string>y</string>\n\t<key>b</key>\n\t<string>x</string>\n"},
         {"<key>a<b</key>\n<string>x\ny</string>\n</dict>",
          "\t<key>a<b</key>\n\t<string>x\ry\r</string>\n"},
         {"<key>a</key>\n<dict/>\n<key>a</key>\n<dict>\n<key>b</key>\n<true/>\n</dict>\n</dict>",

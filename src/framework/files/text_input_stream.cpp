@@ -1,9 +1,11 @@
 #include "framework/files/text_input_stream.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 namespace bracken {
@@ -13,6 +15,9 @@ namespace {
 // What could be read up to the file's end or the first error.
 std::string readWhole(int descriptor) {
     std::string text;
+    struct stat facts;
+    if (fstat(descriptor, &facts) == 0 && facts.st_size > 0)
+        text.reserve(static_cast<size_t>(facts.st_size));
     char block[64 * 1024];
     while (descriptor >= 0) {
         const ssize_t got = read(descriptor, block, sizeof block);
@@ -32,10 +37,18 @@ TextInputStream::TextInputStream(std::string text) : text_(std::move(text)) {}
 
 std::string TextInputStream::ReadLine(std::nullptr_t) {
     const size_t start = at_;
-    const size_t end = std::min(text_.find_first_of("\r\n", start), text_.size());
+    const size_t end = lineEnd();
     const bool pair = text_.compare(end, 2, "\r\n") == 0;
     at_ = std::min(end + (pair ? 2 : 1), text_.size());
     return text_.substr(start, end - start);
+}
+
+size_t TextInputStream::lineEnd() {
+    if (lineFeed_ <= at_) lineFeed_ = std::min(text_.find('\n', at_), text_.size());
+    const char* start = text_.data() + at_;
+    const void* carriageReturn = std::memchr(start, '\r', lineFeed_ - at_);
+    if (carriageReturn == nullptr) return lineFeed_;
+    return static_cast<size_t>(static_cast<const char*>(carriageReturn) - text_.data());
 }
 
 std::string TextInputStream::ReadAll() {

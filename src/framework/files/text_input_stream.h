@@ -25,8 +25,13 @@ class TextInputStream {
     void Close();
 
   private:
+    // Where the line at hand ends.
+    size_t lineEnd();
+
     std::string text_;
     size_t at_ = 0;
+    // The next line feed, known until it is passed, so that a text without any is searched once.
+    size_t lineFeed_ = 0;
 };
 
 }  // namespace bracken

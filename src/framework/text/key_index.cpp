@@ -44,9 +44,10 @@ uint32_t KeyIndex::find(std::string_view key) const {
 uint32_t KeyIndex::find(std::string_view key, uint32_t hash) const {
     if (table_.empty()) return none;
     const size_t mask = table_.size() - 1;
-    for (size_t at = hash & mask; table_[at] != none; at = (at + 1) & mask) {
-        const Slot& slot = slots_[table_[at]];
-        if (slot.hash == hash && slot.alive && equal(slot.key, key)) return table_[at];
+    for (size_t at = hash & mask; table_[at].slot != none; at = (at + 1) & mask) {
+        if (table_[at].hash != hash) continue;
+        const Slot& slot = slots_[table_[at].slot];
+        if (slot.alive && equal(slot.key, key)) return table_[at].slot;
     }
     return none;
 }
@@ -88,15 +89,15 @@ uint32_t KeyIndex::slotAt(int i) const {
 
 void KeyIndex::rebuild() {
     const size_t least = std::max<size_t>(8, slots_.size() * 2);
-    table_.assign(std::bit_ceil(least), none);
+    table_.assign(std::bit_ceil(least), Entry());
     for (uint32_t slot = 0; slot < slots_.size(); ++slot) enter(slot);
 }
 
 void KeyIndex::enter(uint32_t slot) {
     const size_t mask = table_.size() - 1;
     size_t at = slots_[slot].hash & mask;
-    while (table_[at] != none) at = (at + 1) & mask;
-    table_[at] = slot;
+    while (table_[at].slot != none) at = (at + 1) & mask;
+    table_[at] = {slots_[slot].hash, slot};
 }
 
 }  // namespace bracken

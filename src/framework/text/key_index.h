@@ -54,15 +54,20 @@ class KeyIndex {
         bool alive = false;
     };
 
+    struct Entry {
+        uint32_t hash = 0;
+        uint32_t slot = none;
+    };
+
     uint32_t find(std::string_view key, uint32_t hash) const;
     // Makes the table anew, with room for twice the slots.
     void rebuild();
     void enter(uint32_t slot);
 
     std::vector<Slot> slots_;
-    // Open addressing by linear steps; an entry is a slot's number or none. Dead slots stay
-    // entered.
-    std::vector<uint32_t> table_;
+    // Open addressing by linear steps. Dead slots stay entered. The hash stands here too, so that a
+    // step over another key's entry doesn't reach for its slot.
+    std::vector<Entry> table_;
     uint32_t dead_ = 0;
     // Kept only while there are dead slots.
     RankTree ranks_;
