@@ -7,6 +7,7 @@
 #include "framework/controls/radio_button.h"
 #include "framework/controls/static_text.h"
 #include "framework/controls/window.h"
+#include "framework/text/text.h"
 #include "framework/threads/baton.h"
 #include "tests/plist/trees.h"
 #include "tests/support/fake_platform.h"
@@ -17,7 +18,7 @@ namespace {
 using test::picture;
 using Texts = std::vector<std::string>;
 
-class Controls : public testing::Test, protected test::EmptyDocument {
+class Controls : public test::StoreTest {
   protected:
     baton::Hold hold;
     test::FakePlatform platform;
@@ -125,13 +126,41 @@ TEST_F(Controls, SingleValuesGoByName) {
     EXPECT_THROW(root.GetRadio(nullptr), NilObjectException);
 }
 
-TEST_F(Controls, WindowsBecomeElements) {
+std::string frameOf(const Window& window) {
+    return window.Title.get() + " " + Str(window.Left) + " " + Str(window.Top) + " " +
+           Str(window.Width) + " " + Str(window.Height);
+}
+
+TEST_F(Controls, WindowsComeBackAsTheyWere) {
     window.Title = "One";
-    window.Left = -5;
+    window.Left = -5000;
+    window.Top = 2;
+    window.Width = 1;
+    window.Height = -4;
+    const std::string frame = frameOf(window);
+    const std::string stored =
+        "dict{windowName:string=One WindowPos:dict{left:integer=-5000 top:integer=2 "
+        "width:integer=1 height:integer=-4}}";
+    root.GetWindow("w", &window);
+    EXPECT_EQ(frameOf(window), frame);
+    EXPECT_EQ(picture(root), "{w:" + stored + "}");
     root.AddArray("a");
     root.child("a")->AppendWindow(&window);
-    EXPECT_EQ(root.child("a")->index(0)->GetString("windowName"), "One");
-    EXPECT_EQ(root.child("a")->index(0)->child("WindowPos")->GetInteger("left"), -5);
+    EXPECT_EQ(picture(*root.child("a")), "[0:" + stored + "]");
+
+    Window other;
+    root.GetWindow("w", &other);
+    EXPECT_EQ(frameOf(other), frame);
+    other.Title = "Two";
+    other.Left = 9;
+    root.SetWindow("w", &other);
+    root.child("w")->child("WindowPos")->Remove("top");
+    root.GetWindow("w", &window);
+    EXPECT_EQ(frameOf(window), "Two 9 0 1 -4");
+    EXPECT_EQ(root.child("w")->child("WindowPos")->GetType("top"), "integer");
+    EXPECT_FALSE(root.searched.Value("w"));
+    EXPECT_THROW(root.SetWindow("w", nullptr), NilObjectException);
+    EXPECT_THROW(root.GetWindow("w", nullptr), NilObjectException);
 }
 
 TEST_F(Controls, ListsOfTextsAreCutToBounds) {

@@ -7,12 +7,8 @@ namespace {
 
 using test::picture;
 
-class Edits : public testing::Test, protected test::EmptyDocument {
+class Edits : public test::StoreTest {
   protected:
-    void expectError(const std::string& message) const {
-        EXPECT_EQ(document.error, !message.empty()) << document.errorMessage;
-        EXPECT_EQ(document.errorMessage, message);
-    }
     // The tree {a: an array of these strings}; gives the array.
     Ref<plistDict> strings(const std::vector<std::string>& texts) {
         root.AddArray("a");
@@ -174,18 +170,6 @@ TEST_F(Edits, PathsGoUpToTheRoot) {
     EXPECT_EQ(root.child("a")->child("ROOT")->child("x")->AbsolutePath(), ":root:x");
     EXPECT_THROW(root.AbsolutePath(), NilObjectException);
     EXPECT_THROW(make<plistDict>()->child("a")->AbsolutePath(), NilObjectException);
-}
-
-TEST_F(Edits, MovesNestingOfAnyDepth) {
-    constexpr int depth = 20000;
-    std::string body;
-    for (int i = 0; i < depth; ++i) body += "<key>a</key>\n<dict>\n";
-    const auto deep = test::readBody(body, &document);
-    deep->Rename("a", "b");
-    int found = 0;
-    const plistDict* node = deep.get();
-    for (; node->children.upperBound() > 0; ++found) node = node->children.node(1).get();
-    EXPECT_EQ(found, depth);
 }
 
 }  // namespace

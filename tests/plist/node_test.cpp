@@ -7,13 +7,7 @@ namespace {
 
 using test::picture;
 
-class Node : public testing::Test, protected test::EmptyDocument {
-  protected:
-    void expectError(const std::string& message) const {
-        EXPECT_EQ(document.error, !message.empty()) << document.errorMessage;
-        EXPECT_EQ(document.errorMessage, message);
-    }
-};
+class Node : public test::StoreTest {};
 
 TEST_F(Node, GettersStoreTheirDefaults) {
     EXPECT_EQ(root.GetString("a", "x"), "x");

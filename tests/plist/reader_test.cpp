@@ -124,15 +124,34 @@ TEST(Reader, CountsTheClosingLineOfAnArray) {
     EXPECT_EQ(array->parent.lock(), root.shared());
 }
 
-TEST(Reader, ReadsNestingOfAnyDepth) {
+class Depth : public test::StoreTest {
+  protected:
+    // So many containers, each within the one before, dictionaries and arrays in turn, and a value.
+    static std::string nested(int depth) {
+        std::string body;
+        for (int i = 0; i < depth / 2; ++i) body += "<key>a</key>\n<array>\n<dict>\n";
+        return body + "<key>needle</key>\n<true/>\n";
+    }
+};
+
+TEST_F(Depth, IsNoLimit) {
     constexpr int depth = 100000;
-    std::string body;
-    for (int i = 0; i < depth; ++i) body += i % 2 == 0 ? "<key>a</key>\n<array>\n" : "<dict>\n";
-    const auto root = readBody(body);
-    const plistDict* node = root.get();
+    root.Load(make<TextInputStream>(nested(depth)), "root", false, {}, &document, true);
+    root.Rename("a", "b");
+    EXPECT_TRUE(document.Find("true"));
+    EXPECT_EQ(document.foundKey, "needle");
     int found = 0;
+    const plistDict* node = &root;
     for (; node->children.upperBound() > 0; ++found) node = node->children.node(1).get();
     EXPECT_EQ(found, depth);
+}
+
+TEST_F(Depth, IsWrittenAsRead) {
+    // Each line has a tab for each level.
+    root.Load(make<TextInputStream>(nested(3000)), "root", false, {}, &document, true);
+    const std::string read = picture(root);
+    document.Save();
+    EXPECT_EQ(picture(*plist(document.savePath, nullptr).root), read);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <string_view>
 
@@ -20,6 +22,15 @@ struct EmptyDocument {
     TempFolder folder;
     plist document{GetFolderItem(folder.path("settings.plist"), 0), nullptr};
     plistDict& root = *document.root;
+};
+
+class StoreTest : public testing::Test, protected EmptyDocument {
+  protected:
+    // What the latest operation must have reported, "" for no error.
+    void expectError(const std::string& message) const {
+        EXPECT_EQ(document.error, !message.empty()) << document.errorMessage;
+        EXPECT_EQ(document.errorMessage, message);
+    }
 };
 
 // The head of a file as this program and others write it, up to the root's opening tag.

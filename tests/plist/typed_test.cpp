@@ -8,15 +8,10 @@ namespace {
 
 using test::picture;
 
-class Typed : public testing::Test, protected test::EmptyDocument {
+class Typed : public test::StoreTest {
   protected:
-    void expectError(const std::string& message) const {
-        EXPECT_EQ(document.error, !message.empty()) << document.errorMessage;
-        EXPECT_EQ(document.errorMessage, message);
-    }
     static Ref<Date> date(int year, int month, int day, int hour, int minute, int second) {
         auto made = make<Date>();
-        *made = Date();
         made->Year = year;
         made->Month = month;
         made->Day = day;

@@ -73,13 +73,5 @@ TEST(Writer, RaisesForAKeyWithNoValueAndLeavesTheOldFile) {
     EXPECT_EQ(empty.folder.read("settings.plist"), before);
 }
 
-TEST(Writer, WritesDeepTrees) {
-    std::string body;
-    for (int i = 0; i < 3000; ++i) body += "<key>a</key>\n<dict>\n";
-    body += "<key>b</key>\n<true/>\n";
-    const auto root = readBody(body);
-    EXPECT_EQ(picture(*readBody(written(root) + "</dict>")), picture(*root));
-}
-
 }  // namespace
 }  // namespace bracken
