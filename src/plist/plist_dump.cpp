@@ -12,9 +12,11 @@ void appendToClipboard(const std::string& text) {
     clipboard.Close();
 }
 
-// Sends the lines of each node to the clipboard as soon as the node has ended, which is ahead of
-// its parent's.
+// Gathers the lines of each node as soon as the node has ended, which is ahead of its parent's.
 class Dumper : public TreeLines {
+  public:
+    const std::string& gathered() const { return gathered_; }
+
   private:
     void line(std::string_view indent, std::string_view text) override {
         texts_.top().append(indent).append(text).push_back('\r');
@@ -24,18 +26,21 @@ class Dumper : public TreeLines {
     }
     void nodeBegins() override { texts_.emplace(); }
     void nodeEnds() override {
-        appendToClipboard(texts_.top());
+        gathered_ += texts_.top();
         texts_.pop();
     }
 
     // One for each node that has not ended.
     std::stack<std::string> texts_;
+    std::string gathered_;
 };
 
 }  // namespace
 
 void plistDict::Dump(int32_t level) const {
-    Dumper().run(*this, level);
+    Dumper dumper;
+    dumper.run(*this, level);
+    appendToClipboard(dumper.gathered());
 }
 
 void plist::Dump() const {

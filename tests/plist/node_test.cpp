@@ -47,12 +47,14 @@ TEST_F(Node, ReadsAcrossTags) {
         "<key>r</key>\n<real>2.9</real>\n<key>s</key>\n<string>12abc</string>\n"
         "<key>d</key>\n<date>2004-03-09T07:05:01Z</date>\n<key>big</key>\n<real>-1e99</real>\n"
         "<key>t</key>\n<string>true</string>\n<key>c</key>\n<dict/>\n<key>h</key>\n"
-        "<integer>&h10</integer>\n<key>none</key>\n<string>\n</dict>",
+        "<integer>&h10</integer>\n<key>u</key>\n<boolean>TRUE</boolean>\n"
+        "<key>none</key>\n<string>\n</dict>",
         &document);
     EXPECT_EQ(node->GetInteger("r"), 2);
     EXPECT_EQ(node->GetInteger("s"), 0);
     EXPECT_EQ(node->GetInteger("h"), 16);
     EXPECT_EQ(node->GetInteger("big"), INT32_MIN);
+    EXPECT_TRUE(node->GetBoolean("u"));
     expectError("");
     EXPECT_EQ(node->GetInteger("d"), -1);
     expectError("Type Mismatch: d is a date");

@@ -102,7 +102,7 @@ bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
     const mode_t mode = ownerOnly ? kOwnerOnly : present.st_mode & kPermissions;
     if (!mayRenameOver(target_, present)) return openInPlace(mode);
     if (!openBeside(kOwnerOnly)) return isRefusal(errno) && openInPlace(mode);
-    // Where the file system has modes of its own, those are kept.
+    // A file system may have no modes to set; a private file is made as one.
     return fchmod(descriptor_, keepOwner(present) ? mode : mode & 0777) == 0 || ownerOnly;
 }
 
