@@ -122,21 +122,6 @@ TEST_F(Edits, MoveMakesDictionariesOfContainers) {
     EXPECT_EQ(picture(*root.child("to")->child("empty")), "{}");
 }
 
-TEST_F(Edits, MoveRefuses) {
-    root.SetString("s", "x");
-    root.Move("s", nullptr);
-    expectError("Destination is nil");
-    root.Move("none", document.root);
-    expectError("Source does not exist.");
-    root.SetString("7", "x");
-    root.AddChild("to");
-    root.Move("7", root.child("to"));
-    EXPECT_EQ(picture(root), "{s:string=x 7:string=x to:dict{7:string=x}}");
-    // Onto itself, and then removed.
-    root.Move("s", document.root);
-    EXPECT_FALSE(root.Exists("s"));
-}
-
 TEST_F(Edits, ACopyIntoItselfNeverEnds) {
     root.child("a")->child("b")->SetString("c", "x");
     EXPECT_THROW(root.Copy("a", root.child("a")->child("b")), StackOverflowException);
@@ -150,8 +135,6 @@ TEST_F(Edits, RenameMakesNewNodes) {
     const auto before = root.child("a");
     before->child("b")->SetString("c", "x");
     root.SetString("s", "y");
-    root.Rename("a", "A");
-    expectError("Key A already exists.");
     root.Rename("a", "s");
     expectError("Key s already exists.");
     root.Rename("none", "other");
@@ -159,6 +142,8 @@ TEST_F(Edits, RenameMakesNewNodes) {
     root.Rename("a", "new");
     EXPECT_EQ(picture(root), "{s:string=y new:dict{b:dict{c:string=x}}}");
     EXPECT_NE(root.child("new"), before);
+    root.Move("s", nullptr);
+    expectError("Destination is nil");
 }
 
 TEST_F(Edits, PathsGoUpToTheRoot) {

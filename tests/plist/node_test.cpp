@@ -70,21 +70,6 @@ TEST_F(Node, ReadsAcrossTags) {
     expectError("Key none does not exist");
 }
 
-TEST_F(Node, ChecksTagsAndArrays) {
-    root.SetString("s", "x");
-    root.AddChild("c");
-    EXPECT_EQ(root.CheckType("s", "STRING"), 1);
-    EXPECT_EQ(root.CheckType("x", "string"), 2);
-    EXPECT_EQ(root.CheckType("c", "string"), 0);
-    expectError("Type Mismatch: c is a dict");
-    EXPECT_FALSE(root.CheckArray());
-    expectError("root is not an array");
-    EXPECT_TRUE(root.TypeOK("s"));
-    EXPECT_THROW(root.TypeOK("x"), KeyNotFoundException);
-    EXPECT_THROW(root.GetType("x"), KeyNotFoundException);
-    EXPECT_EQ(root.MakeTwo(9) + root.MakeTwo(10) + root.MakeTwo(-1), "09100-1");
-}
-
 TEST_F(Node, MakesChildrenOnDemand) {
     EXPECT_EQ(root.index(0), nullptr);
     const auto child = root.child("1");
@@ -99,21 +84,6 @@ TEST_F(Node, MakesChildrenOnDemand) {
     EXPECT_THROW(root.child("s"), StackOverflowException);
     EXPECT_THROW(root.index(2)->count(), NilObjectException);
     EXPECT_EQ(picture(root), "{1:dict{} s:string=x}");
-}
-
-TEST_F(Node, CursorStaysPastTheEndUntilMoveFirst) {
-    EXPECT_EQ(root.CurrentKey(), "");
-    EXPECT_TRUE(root.eof);
-    root.SetString("a", "");
-    root.SetString("b", "");
-    std::string keys;
-    for (root.MoveFirst(); !root.eof; root.MoveNext()) keys += root.CurrentKey();
-    EXPECT_EQ(keys, "ab");
-    root.MoveLast();
-    EXPECT_TRUE(root.eof);
-    EXPECT_EQ(root.CurrentKey(), "b");
-    root.MoveFirst();
-    EXPECT_FALSE(root.eof);
 }
 
 TEST_F(Node, KeepsWhatSomebodyHolds) {

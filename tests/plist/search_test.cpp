@@ -58,16 +58,6 @@ TEST_F(Search, FindsAgainWhatWasSetAnew) {
     EXPECT_EQ(document.foundKey, "0");
 }
 
-TEST_F(Search, FindNextWithAnotherTextGivesTheFirstHitEachTime) {
-    root.SetString("a", "x");
-    root.SetString("b", "x");
-    document.Find("y");
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_TRUE(document.FindNext("x"));
-        EXPECT_EQ(document.foundKey, "a");
-    }
-}
-
 TEST_F(Search, LooksAtTheKeysOfScalarsOnRequest) {
     root.AddChild("text");
     root.child("c")->SetString("a text", "");

@@ -30,14 +30,14 @@ TEST_F(Typed, GettersStoreTheirDefaults) {
     EXPECT_EQ(root.GetData("data", "QQ=="), "QQ==");
     EXPECT_EQ(root.GetDouble("double", 1.5), 1.5);
     EXPECT_EQ(root.GetReal("real", 2.5), 2.5);
-    EXPECT_EQ(shown(*root.GetDate("date", date(2004, 3, 9, 7, 5, 1))), "2004/3/9 7:5:1");
+    EXPECT_EQ(shown(*root.GetDate("date", date(2004, 3, 9, 10, 5, 1))), "2004/3/9 10:5:1");
     EXPECT_EQ(root.GetColor("color", RGB(17, 255, 16)), RGB(17, 255, 16));
     EXPECT_EQ(root.GetData("d"), "");
     EXPECT_EQ(root.GetDouble("e"), 0);
     EXPECT_EQ(root.GetReal("f"), 0);
     EXPECT_EQ(root.GetColor("black"), RGB(0, 0, 0));
     EXPECT_EQ(picture(root),
-              "{data:string=QQ== double:real=1.5 real:real=2.5 date:date=2004-03-09T07:05:01Z "
+              "{data:string=QQ== double:real=1.5 real:real=2.5 date:date=2004-03-09T10:05:01Z "
               "color:string=11FF10 d:string='' e:real=0 f:real=0 black:string=000}");
     EXPECT_TRUE(root.GetDate("now")->Year > 2000);
     EXPECT_EQ(root.GetType("now"), "date");
