@@ -26,7 +26,8 @@ class Binary : public testing::Test {
 
 TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
     const auto file = binary(
-        "<key>s</key><string>a &amp; &lt;b&gt;&#10;\t</string><key>e</key><string></string>"
+        "<key>s</key><string>a &amp; &amp;lt; "
+        "&lt;b&gt;&#10;\t</string><key>e</key><string></string>"
         "<key>d</key><data>QUJD</data><key>n</key><data></data><key>l</key>"
         "<array><integer>-1</integer><dict/><true/></array>");
     plist document(file, nullptr);
@@ -34,7 +35,7 @@ TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
     EXPECT_EQ(document.org, file);
     EXPECT_EQ(document.savePath->AbsolutePath(), folder.path("a b.plist temp"));
     const std::string tree =
-        "{s:string='a &amp; <b>&#10;&#9;' e:string='' d:data=QUJD n:data='' "
+        "{s:string='a & &amp;lt; <b>&#10;\\t' e:string='' d:data=QUJD n:data='' "
         "l:array[0:integer=-1 1:dict{} 2:boolean=true]";
     EXPECT_EQ(picture(*document.root), tree + "}");
     document.root->SetString("new", "x & y");
@@ -44,7 +45,7 @@ TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
     EXPECT_EQ(folder.read("a b.plist temp"), folder.read("a b.plist"));
 
     plist again(file, nullptr);
-    EXPECT_EQ(again.root->GetString("new"), "x &amp; y");
+    EXPECT_EQ(again.root->GetString("new"), "x & y");
     EXPECT_EQ(again.root->GetString("s"), document.root->GetString("s"));
     again.Save(true);
     EXPECT_FALSE(again.savePath->Exists());

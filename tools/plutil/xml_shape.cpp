@@ -3,24 +3,11 @@
 #include <algorithm>
 #include <regex>
 
-#include "framework/text/text.h"
-
 namespace bracken::plutil {
 
 namespace {
 
 constexpr std::string_view emptyRoot = "\n<dict/>\n";
-
-void appendEncoded(std::string& shaped, std::string_view content) {
-    for (const char c : content) {
-        const auto code = static_cast<unsigned char>(c);
-        if (code < 32) {
-            shaped += "&#" + Str(int{code}) + ";";
-        } else {
-            shaped += c;
-        }
-    }
-}
 
 // Position behind the opening tag of the next string or key, npos for none.
 size_t behindOpeningTag(std::string_view xml, size_t from) {
@@ -32,11 +19,30 @@ size_t behindOpeningTag(std::string_view xml, size_t from) {
     return xml.npos;
 }
 
-bool beginsEntity(std::string_view text) {
-    static const std::regex entity("&(lt|gt|amp|quot|apos|#[0-9]+|#[xX][0-9a-fA-F]+);");
-    return std::regex_search(
-        text.begin(), text.begin() + static_cast<ptrdiff_t>(std::min<size_t>(text.size(), 12)),
-        entity, std::regex_constants::match_continuous);
+constexpr std::string_view ampersand = "&amp;";
+
+// Whether an ampersand in front of the text begins an entity.
+bool isEntity(std::string_view text) {
+    static const std::regex entity("(lt|gt|amp|quot|apos|#[0-9]+|#[xX][0-9a-fA-F]+);");
+    const std::string_view start = text.substr(0, 11);
+    return std::regex_search(start.begin(), start.end(), entity,
+                             std::regex_constants::match_continuous);
+}
+
+void appendShaped(std::string& shaped, std::string_view content) {
+    for (size_t at = 0; at < content.size(); ++at) {
+        const std::string_view rest = content.substr(at);
+        if (rest[0] == '\n') {
+            shaped += "&#10;";
+        } else if (rest[0] == '\r') {
+            shaped += "&#13;";
+        } else {
+            shaped += rest[0];
+            const bool bare =
+                rest.starts_with(ampersand) && !isEntity(rest.substr(ampersand.size()));
+            if (bare) at += ampersand.size() - 1;
+        }
+    }
 }
 
 }  // namespace
@@ -47,7 +53,7 @@ std::string toReadersShape(std::string_view xml) {
     for (size_t at = behindOpeningTag(xml, 0); at != xml.npos; at = behindOpeningTag(xml, done)) {
         const size_t end = std::min(xml.find('<', at), xml.size());
         shaped.append(xml.substr(done, at - done));
-        appendEncoded(shaped, xml.substr(at, end - at));
+        appendShaped(shaped, xml.substr(at, end - at));
         done = end;
     }
     shaped.append(xml.substr(done));
@@ -60,8 +66,8 @@ std::string wellFormed(std::string_view xml) {
     std::string formed;
     size_t done = 0;
     for (size_t at = xml.find('&'); at != xml.npos; at = xml.find('&', at + 1)) {
-        formed.append(xml.substr(done, at - done))
-            .append(beginsEntity(xml.substr(at)) ? "&" : "&amp;");
+        formed.append(xml.substr(done, at - done));
+        formed.append(isEntity(xml.substr(at + 1)) ? "&" : ampersand);
         done = at + 1;
     }
     return formed.append(xml.substr(done));
