@@ -33,12 +33,13 @@ void Libplist::write(const std::string& path) const {
 
 PythonTimes timePython(const std::string& path) {
     static const char* const program = R"(
-import plistlib, sys, time
+import math, plistlib, sys, time
 def best(work):
     times = []
     for _ in range(2):
         start = time.perf_counter()
-        work()
+        try: work()
+        except RecursionError: return math.nan
         times.append(time.perf_counter() - start)
     return min(times)
 def read():

@@ -22,7 +22,8 @@ class Libplist {
 };
 
 // What Python's plistlib takes to read the file from the disk and to write it beside, in seconds,
-// the better of two tries each; the interpreter's start is not counted.
+// the better of two tries each, not a number for what nests too deeply; the interpreter's start is
+// not counted.
 struct PythonTimes {
     double read = 0;
     double write = 0;
