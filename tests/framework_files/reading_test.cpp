@@ -77,6 +77,13 @@ TEST(Opening, SaysWhichFileCannotBeReadAndWhy) {
         }
         EXPECT_EQ(item.OpenAsTextFile(), nullptr) << c.path;
     }
+    try {
+        // Opens, but has nothing to read at its start.
+        FolderItem("/proc/self/mem").OpenAsTextFile()->Close();
+        ADD_FAILURE();
+    } catch (const NilObjectException& error) {
+        EXPECT_EQ(error.text(), "/proc/self/mem: Input/output error");
+    }
 }
 
 TEST(Opening, SpecialFilesReadAsEmptyAtOnce) {

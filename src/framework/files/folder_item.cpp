@@ -31,19 +31,20 @@ std::string reason(const std::string& path) {
     return path + ": " + std::generic_category().message(errno);
 }
 
-// A stream over the path, or nil with the reason. Only folders and regular files are opened at all:
-// opening a device may do something, and opening a pipe waits for the other end.
-template <class Stream>
-Ref<Stream> openStream(const std::string& path, int access) {
+// A descriptor of the file, -1 for something that reads as empty; none, with errno set, if it can't
+// be opened. Only regular files are opened at all: opening a device may do something, and opening a
+// pipe waits for the other end.
+std::optional<int> openFile(const std::string& path, int access) {
     const auto facts = factsOf(path);
-    if (!facts) return Ref<Stream>::nilBecause(reason(path));
-    if (!S_ISREG(facts->st_mode) && !S_ISDIR(facts->st_mode)) return make<Stream>(-1);
-    if (S_ISDIR(facts->st_mode)) errno = EISDIR;
-    const int descriptor = S_ISDIR(facts->st_mode)
-                               ? -1
-                               : open(path.c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) return Ref<Stream>::nilBecause(reason(path));
-    return make<Stream>(descriptor);
+    if (!facts) return std::nullopt;
+    if (S_ISDIR(facts->st_mode)) {
+        errno = EISDIR;
+        return std::nullopt;
+    }
+    if (!S_ISREG(facts->st_mode)) return -1;
+    const int descriptor = open(path.c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0) return std::nullopt;
+    return descriptor;
 }
 
 std::unique_ptr<ReplacingFile> openForReplacing(const std::string& path, mode_t fresh) {
@@ -51,15 +52,22 @@ std::unique_ptr<ReplacingFile> openForReplacing(const std::string& path, mode_t 
     return ReplacingFile::open(path, {.fresh = fresh, .ownerOnly = ownerOnly}, FileCalls::system());
 }
 
-// False when the source breaks off.
-bool copyBytes(int source, ReplacingFile& target) {
+// Hands all bytes on, block by block, and closes the descriptor; false, with errno set, if reading
+// breaks off. Of -1 there are none.
+template <class Take>
+bool readAll(int descriptor, const Take& take) {
     char block[64 * 1024];
-    for (;;) {
-        const ssize_t got = read(source, block, sizeof block);
+    ssize_t got = 0;
+    while (descriptor >= 0) {
+        got = read(descriptor, block, sizeof block);
         if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) return got == 0;
-        target.write({block, static_cast<size_t>(got)});
+        if (got <= 0) break;
+        take(std::string_view(block, static_cast<size_t>(got)));
     }
+    const int error = errno;
+    if (descriptor >= 0) close(descriptor);
+    errno = error;
+    return got == 0;
 }
 
 }  // namespace
@@ -146,11 +154,20 @@ std::string FolderItem::ShellPath() const {
 }
 
 Ref<BinaryStream> FolderItem::OpenAsBinaryFile(bool write) const {
-    return openStream<BinaryStream>(path_, write ? O_RDWR : O_RDONLY);
+    const auto descriptor = openFile(path_, write ? O_RDWR : O_RDONLY);
+    if (!descriptor) return Ref<BinaryStream>::nilBecause(reason(path_));
+    return make<BinaryStream>(*descriptor);
 }
 
 Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
-    return openStream<TextInputStream>(path_, O_RDONLY);
+    const auto descriptor = openFile(path_, O_RDONLY);
+    std::string text;
+    text.reserve(descriptor ? Length() : 0);
+    const auto append = [&](std::string_view bytes) { text += bytes; };
+    if (!descriptor || !readAll(*descriptor, append)) {
+        return Ref<TextInputStream>::nilBecause(reason(path_));
+    }
+    return make<TextInputStream>(std::move(text));
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
@@ -166,13 +183,12 @@ void FolderItem::Delete() const {
 void FolderItem::CopyFileTo(const Ref<FolderItem>& destination) const {
     const auto facts = factsOf(path_);
     if (!facts || !S_ISREG(facts->st_mode)) return;
-    const int source = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
-    if (source < 0) return;
     const Ref<FolderItem> target =
         destination->Directory() ? destination->Child(Name()) : destination;
     const auto file = openForReplacing(target->path_, facts->st_mode & kPermissions);
-    if (file && copyBytes(source, *file)) file->commit();
-    close(source);
+    const auto source = file ? openFile(path_, O_RDONLY) : std::nullopt;
+    if (!source) return;
+    if (readAll(*source, [&](std::string_view bytes) { file->write(bytes); })) file->commit();
 }
 
 void FolderItem::CreateAsFolder() const {

@@ -55,7 +55,8 @@ class FolderItem {
     // The path quoted for a POSIX shell.
     std::string ShellPath() const;
 
-    // Nil if it can't be opened; the nil reference then names the path and the system's reason.
+    // Nil if it can't be opened; the nil reference then names the path and the system's reason. A
+    // text file is read whole here, without giving up the baton, and is nil if that breaks off.
     // Sockets, pipes and devices open as empty and never block.
     Ref<BinaryStream> OpenAsBinaryFile(bool write) const;
     Ref<TextInputStream> OpenAsTextFile() const;

@@ -1,37 +1,10 @@
 #include "framework/files/text_input_stream.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <utility>
 
 namespace bracken {
-
-namespace {
-
-// What could be read up to the file's end or the first error.
-std::string readWhole(int descriptor) {
-    std::string text;
-    struct stat facts;
-    if (fstat(descriptor, &facts) == 0 && facts.st_size > 0)
-        text.reserve(static_cast<size_t>(facts.st_size));
-    char block[64 * 1024];
-    while (descriptor >= 0) {
-        const ssize_t got = read(descriptor, block, sizeof block);
-        if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) break;
-        text.append(block, static_cast<size_t>(got));
-    }
-    if (descriptor >= 0) close(descriptor);
-    return text;
-}
-
-}  // namespace
-
-TextInputStream::TextInputStream(int descriptor) : text_(readWhole(descriptor)) {}
 
 TextInputStream::TextInputStream(std::string text) : text_(std::move(text)) {}
 

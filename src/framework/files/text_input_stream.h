@@ -5,14 +5,10 @@
 
 namespace bracken {
 
-// A text file read line by line, without conversion. LF, CR and CRLF end a line; a last line with
-// no end is delivered; no empty line stands behind the last line end. The file is read whole when
-// the stream is made.
+// A text read line by line, without conversion. LF, CR and CRLF end a line; a last line with no end
+// is delivered; no empty line stands behind the last line end.
 class TextInputStream {
   public:
-    // Takes ownership of the descriptor; -1 reads as empty. Never gives up the baton.
-    explicit TextInputStream(int descriptor);
-    // A stream over text in memory.
     explicit TextInputStream(std::string text);
 
     // The next line without its end; "" at the end of the stream. The argument stands for the text
