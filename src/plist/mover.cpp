@@ -69,17 +69,29 @@ bool isContainer(std::string_view tag) {
     return equal(tag, "dict") || equal(tag, "array");
 }
 
-bool isCopied(const std::string& tag) {
+// Whether a copy appended to an array is copied again when the array is copied on: a "real" becomes
+// a "double".
+bool isCopiedOn(const std::string& tag) {
     return isContainer(tag) ||
-           std::any_of(std::begin(scalarCopies), std::end(scalarCopies),
-                       [&](const ScalarCopy& scalar) { return equal(tag, scalar.tag); });
+           (!equal(tag, "real") &&
+            std::any_of(std::begin(scalarCopies), std::end(scalarCopies),
+                        [&](const ScalarCopy& scalar) { return equal(tag, scalar.tag); }));
 }
 
-bool holdsWhatIsCopied(const plistDict& node) {
-    for (int i = 0; i < node.count(); ++i) {
-        if (isCopied(node.types.ValueAt(i))) return true;
+bool isNumberFrom(const std::string& key, int least) {
+    const int32_t number = toInt32(CDbl(key));
+    return number >= least && key == Str(number);
+}
+
+// Whether an array that is copied onto itself appends without end. It stops growing where the next
+// number is a key already, which needs a gap in its numbers.
+bool growsWithoutEnd(const plistDict& array) {
+    bool grows = false;
+    for (int i = 0; i < array.count(); ++i) {
+        if (isNumberFrom(array.types.Key(i), array.count())) return false;
+        grows = grows || isCopiedOn(array.types.ValueAt(i));
     }
-    return false;
+    return grows;
 }
 
 }  // namespace
@@ -128,7 +140,7 @@ void Mover::beginContainer(plistDict& source, const std::string& key,
     // A copy that goes deeper than its source has nodes copies what it makes, without end, and so
     // does an array that appends to itself.
     if (levels_.empty()) deepest_ = 2 * containersBelow(*from) + 16;
-    const bool grows = from == to && to->isArray && holdsWhatIsCopied(*to);
+    const bool grows = from == to && to->isArray && growsWithoutEnd(*to);
     if (grows || levels_.size() > deepest_)
         throw StackOverflowException("Copied into itself: " + key);
     from->MoveFirst();

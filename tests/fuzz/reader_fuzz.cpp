@@ -10,6 +10,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     const std::string difference = test::differenceInReading(test::withoutEndlessLines(text));
     if (difference.empty()) return 0;
-    std::puts(difference.c_str());
+    std::fputs(difference.c_str(), stderr);
     std::abort();
 }

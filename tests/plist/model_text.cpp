@@ -152,7 +152,8 @@ std::string Node::Write(int level) const {
         } else if (equal(tag, "boolean")) {
             line(equal(value, "true") ? "<true/>" : "<false/>");
         } else {
-            line("<" + tag + ">" + value + "</" + tag + ">");
+            line(std::string("<").append(tag).append(">").append(value).append("</").append(tag) +
+                 ">");
         }
     }
     return text;

@@ -278,7 +278,7 @@ class Session {
 
     std::string run() {
         while (!choices_.atEnd() && !overflown_) {
-            const std::string found = step();
+            std::string found = step();
             if (!found.empty()) return found;
         }
         return "";
