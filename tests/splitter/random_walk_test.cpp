@@ -15,17 +15,30 @@ namespace {
 
 using Probe = SmartSplitterProbe;
 
+// A splitter that tells of each move, before and after.
+struct Watched : SmartSplitter {
+    using SmartSplitter::SmartSplitter;
+    void moveDistance(int distance, bool behaving) override {
+        if (before) before();
+        SmartSplitter::moveDistance(distance, behaving);
+        if (after) after();
+    }
+    std::function<void()> before;
+    std::function<void()> after;
+};
+
 // A stage with a splitter, a dozen controls around it and a parallel splitter, on which steps are
 // taken at random. After each step everything that must hold is looked at.
 class Walk {
   public:
     explicit Walk(uint64_t seed) : random_(seed), vertical_(chance(2)) {
-        SCOPED_TRACE(testing::Message() << "seed " << seed);
         addControls();
-        splitter_ = &stage_.add<SmartSplitter>("splitter", vertical_, {between(150, 450), 10});
+        splitter_ = &stage_.add<Watched>("splitter", vertical_, {between(150, 450), 10});
         presetDesign();
         splitter_->Moved = [this](int /*distance*/) { checkAdjusted(); };
         splitter_->Event_Open();
+        splitter_->before = [this] { remember(); };
+        splitter_->after = [this] { checkMove(); };
         if (chance(2)) addParallel();
     }
 
@@ -33,20 +46,22 @@ class Walk {
     // limits depend on what they push.
     int run(int steps) {
         int taken = 0;
-        while (taken < steps && !testing::Test::HasFailure() && !ranAway()) {
-            step(between(0, 19));
-            checkAlways();
-            ++taken;
-        }
+        for (; taken < steps && !testing::Test::HasFailure() && !ranAway(); ++taken) step();
         return taken;
     }
 
   private:
+    // Left, top, width, height, visible.
+    using Place = std::array<int, 5>;
+    using Role = Probe::Entry;
+
     const Axis& axis() const { return vertical_ ? Axis::across() : Axis::down(); }
+    int64_t here() const { return axis().position(*splitter_); }
     int between(int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random_);
     }
     bool chance(int oneIn) { return between(1, oneIn) == 1; }
+    RectControl* any() { return controls_[static_cast<size_t>(between(0, 8))]; }
 
     template <class T>
     void addOne(const std::string& name) {
@@ -91,128 +106,97 @@ class Walk {
         splitter_->LockRight = splitter_->LockBottom = chance(2);
     }
 
-    bool ranAway() {
+    bool ranAway() const {
         constexpr int64_t far = 1000000;
         return std::any_of(controls_.begin(), controls_.end(), [&](const RectControl* c) {
             return std::abs(axis().position(*c)) > far || std::abs(axis().extent(*c)) > far;
         });
     }
 
-    RectControl* any() { return controls_[static_cast<size_t>(between(0, 8))]; }
-
-    void step(int kind) {
-        switch (kind) {
-            case 0:
-                splitter_->attach(any());
-                break;
-            case 1:
-                splitter_->unAttach(any(), true);
-                break;
-            case 2:
-                splitter_->setMinLimit(between(0, 250));
-                break;
-            case 3:
-                splitter_->setMaxLimit(between(250, 700));
-                break;
-            case 4:
-                chance(2) ? splitter_->setMinLimitOffset(between(-5, 99))
-                          : splitter_->setMaxLimitOffset(between(-5, 99));
-                break;
-            case 5:
-                splitter_->setProportion(between(-2, 12) / 10.0);
-                break;
-            case 6:
-                splitter_->setPosition(between(-50, 800));
-                break;
-            case 7:
-                chance(2) ? splitter_->setMinAttachedControl(any(), chance(2))
-                          : splitter_->setMaxAttachedControl(any(), chance(2));
-                break;
-            case 8:
-                changeRole(*any());
-                break;
-            case 9:
-                if (chance(8)) splitter_->unAttachAllControls();
-                if (chance(8)) splitter_->attachNearbyControls();
-                break;
-            case 10:
-                splitter_->resetPosition();
-                break;
-            case 11:
-                behaveTwice();
-                break;
-            case 12:
-            case 13:
-                stage_.userResized(between(100, 1200), between(100, 1200));
-                break;
-            default:
-                dragOnce();
-        }
+    void step() {
+        Watched& s = *splitter_;
+        const std::function<void()> steps[] = {
+            [&] { s.attach(any()); },
+            [&] { s.unAttach(any(), true); },
+            [&] { s.setMinLimit(between(0, 250)); },
+            [&] { s.setMaxLimit(between(250, 700)); },
+            [&] { s.setMinLimitOffset(between(-5, 99)); },
+            [&] { s.setMaxLimitOffset(between(-5, 99)); },
+            [&] { s.setProportion(between(-2, 12) / 10.0); },
+            [&] { s.setPosition(between(-50, 800)); },
+            [&] { s.setMinAttachedControl(any(), chance(2)); },
+            [&] { s.setMaxAttachedControl(any(), chance(2)); },
+            [&] { changeRole(*any()); },
+            [&] {
+                if (chance(8)) s.unAttachAllControls();
+                if (chance(8)) s.attachNearbyControls();
+            },
+            [&] { s.resetPosition(); },
+            [&] { behaveAgain(); },
+            [&] { stage_.userResized(between(100, 1200), between(100, 1200)); },
+        };
+        constexpr int kinds = std::size(steps);
+        int kind = between(0, kinds + 5);
+        kind < kinds ? steps[kind]() : dragOnce();
+        checkEntries();
     }
 
     void changeRole(RectControl& control) {
-        if (splitterHas(control)) {
-            splitter_->setAttachedControlShouldMove(&control, chance(2));
-            splitter_->setAttachedControlShouldResize(&control, chance(2));
-            splitter_->setAttachedControlMinSizeVisible(&control, between(0, 40));
-            splitter_->setAttachedControlNormallyVisible(&control, !chance(5));
-            if (chance(4)) splitter_->setAttachedControlShouldCenter(&control, chance(2));
-        }
-    }
-
-    bool splitterHas(const RectControl& control) {
-        for (auto& entry : Probe::attached(*splitter_))
-            if (entry.control == &control) return true;
-        return false;
+        if (entryOf(control) == nullptr) return;
+        splitter_->setAttachedControlShouldMove(&control, chance(2));
+        splitter_->setAttachedControlShouldResize(&control, chance(2));
+        splitter_->setAttachedControlMinSizeVisible(&control, between(0, 40));
+        splitter_->setAttachedControlNormallyVisible(&control, !chance(5));
+        if (chance(4)) splitter_->setAttachedControlShouldCenter(&control, chance(2));
     }
 
     void dragOnce() {
         int to = between(-300, 300);
         splitter_->userPressed(5, 5);
-        remember();
         splitter_->userDragged(vertical_ ? to : 5, vertical_ ? 5 : to);
-        if (!splitter_->DisableLiveDrag) checkGaps();
-        checkPlace();
         splitter_->userReleased(5, 5);
     }
 
     // Where neither of the bounding controls moves its outer edge, the limits are as they were, and
-    // behaving again finds everything in place. Zones that overlap may push it to and fro.
-    void behaveTwice() {
+    // behaving again finds everything in place; the second time where one zone may have pushed it
+    // into the other, or limits out of the range.
+    void behaveAgain() {
         splitter_->behave();
-        checkPlace();
-        if (zonesOverlap() || proportionIsCut() || isAheadOfItsContainer(*controls_.back()) ||
+        if (zonesOverlap() || proportionIsCut()) splitter_->behave();
+        if (isAheadOfItsContainer(*controls_.back()) ||
             !keepsItsOuterEdge(Probe::minControl(*splitter_), true) ||
             !keepsItsOuterEdge(Probe::maxControl(*splitter_), false))
             return;
         auto before = places();
         splitter_->behave();
-        EXPECT_EQ(places(), before) << "behaving a second time changed something";
+        EXPECT_EQ(places(), before) << "behaving again changed something";
+    }
+
+    Role* entryOf(const RectControl& control) {
+        auto& all = Probe::attached(*splitter_);
+        auto at = std::find_if(all.begin(), all.end(),
+                               [&](const Role& role) { return role.control == &control; });
+        return at == all.end() ? nullptr : &*at;
     }
 
     // What is adjusted ahead of its container sees that as it was.
     bool isAheadOfItsContainer(const RectControl& control) {
-        for (auto& entry : Probe::attached(*splitter_)) {
-            if (entry.control == control.Parent) return false;
-            if (entry.control == &control) return true;
-        }
-        return false;
+        Role* inner = entryOf(control);
+        Role* outer = entryOf(*control.Parent);
+        return inner != nullptr && (outer == nullptr || inner < outer);
     }
 
     bool keepsItsOuterEdge(RectControl* bound, bool isMin) {
         if (bound == nullptr) return true;
         if (bound->Parent != nullptr) return false;
-        for (auto& entry : Probe::attached(*splitter_)) {
-            if (entry.control != bound) continue;
-            if (entry.shouldCenter) return false;
-            if (entry.behind == isMin) return entry.shouldMove == (!isMin && entry.shouldResize);
-            return !entry.shouldMove && !entry.shouldResize;
-        }
-        return true;
+        Role* role = entryOf(*bound);
+        if (role == nullptr) return true;
+        if (role->shouldCenter) return false;
+        if (role->behind == isMin) return role->shouldMove == (!isMin && role->shouldResize);
+        return !role->shouldMove && !role->shouldResize;
     }
 
-    using Place = std::array<int, 5>;
-    std::vector<Place> places() {
+    std::vector<Place> places() const {
         std::vector<Place> result;
         for (Control* control : stage_.controls()) {
             auto& c = dynamic_cast<RectControl&>(*control);
@@ -227,76 +211,79 @@ class Walk {
         int64_t outerEdge;
     };
 
-    // For the controls that only the splitter moves, what a move must leave as it is.
+    Gap gapOf(const Role& role) const {
+        RectControl& c = *role.control;
+        if (role.behind) return {&c, here() - axis().farEdge(c), axis().position(c)};
+        return {&c, axis().position(c) - here(), axis().farEdge(c)};
+    }
+
+    // Ahead of a move: what it must leave as it is.
     void remember() {
+        before_ = places();
+        for (RectControl* control : controls_) control->takeChanged();
         gaps_.clear();
-        for (auto& entry : Probe::attached(*splitter_)) {
-            RectControl& c = *entry.control;
-            bool usual = entry.shouldResize && entry.shouldMove != entry.behind;
-            if (!usual || entry.shouldCenter || c.Parent != nullptr) continue;
-            int64_t gap = entry.behind ? axis().position(*splitter_) - axis().farEdge(c)
-                                       : axis().position(c) - axis().position(*splitter_);
-            gaps_.push_back({&c, gap, entry.behind ? axis().position(c) : axis().farEdge(c)});
+        for (auto& role : Probe::attached(*splitter_)) {
+            bool usual = role.shouldResize && role.shouldMove != role.behind && !role.shouldCenter;
+            if (usual && role.control->Parent == nullptr) gaps_.push_back(gapOf(role));
         }
     }
 
-    // Straight after a move that took the controls along.
-    void checkAdjusted() {
-        for (auto& entry : Probe::attached(*splitter_)) {
-            const RectControl& c = *entry.control;
-            if (!c.Visible) continue;
-            EXPECT_GE(axis().extent(c), 1) << c.name();
-            EXPECT_GE(axis().extent(c), entry.minSizeVisible) << c.name();
-        }
+    void checkMove() {
         checkPlace();
-    }
-
-    void checkGaps() {
+        auto after = places();
+        for (size_t i = 0; i < controls_.size(); ++i) {
+            // What lies in a container is marked along with it.
+            if (after[i] != before_[i] || controls_[i]->Parent != nullptr) continue;
+            EXPECT_FALSE(controls_[i]->takeChanged()) << controls_[i]->name() << " set for nothing";
+        }
+        if (splitter_->DisableLiveDrag) return;
         for (const Gap& gap : gaps_) {
-            const RectControl& c = *gap.control;
-            bool behind = Probe::entry(*splitter_, c).behind;
-            int64_t here = axis().position(*splitter_);
-            EXPECT_EQ(behind ? here - axis().farEdge(c) : axis().position(c) - here, gap.toSplitter)
-                << c.name();
-            EXPECT_EQ(behind ? axis().position(c) : axis().farEdge(c), gap.outerEdge) << c.name();
+            Gap now = gapOf(*entryOf(*gap.control));
+            EXPECT_EQ(now.toSplitter, gap.toSplitter) << gap.control->name();
+            EXPECT_EQ(now.outerEdge, gap.outerEdge) << gap.control->name();
         }
     }
 
-    // Limits that the author gave may hold it outside the range that its proportion is kept in.
-    bool proportionIsCut() {
-        int64_t here = axis().position(*splitter_);
-        return splitter_->StayProportional &&
-               (here < Probe::proportionMin(*splitter_) || here > Probe::proportionMax(*splitter_));
+    // Straight after the controls have been taken along.
+    void checkAdjusted() {
+        for (auto& role : Probe::attached(*splitter_)) {
+            const RectControl& c = *role.control;
+            if (!c.Visible) continue;
+            EXPECT_GE(axis().extent(c), std::max(1, role.minSizeVisible)) << c.name();
+        }
     }
 
-    bool zonesOverlap() {
+    // Outside the range that it is a share of, where it counts as one of the ends.
+    bool proportionIsCut() const {
+        return splitter_->StayProportional && (here() < Probe::proportionMin(*splitter_) ||
+                                               here() > Probe::proportionMax(*splitter_));
+    }
+
+    bool zonesOverlap() const {
         return splitter_->MinLimit + splitter_->MinLimitOffset >
                splitter_->MaxLimit - splitter_->MaxLimitOffset;
     }
 
-    // Within the limits, and in no zone, unless they cross.
-    void checkPlace() {
-        int64_t here = axis().position(*splitter_);
+    // Within the limits unless they cross, and in no zone unless they overlap.
+    void checkPlace() const {
         int64_t low = splitter_->MinLimit;
         int64_t high = splitter_->MaxLimit;
-        EXPECT_LE(here, high);
+        EXPECT_LE(here(), high);
         if (low > high) return;
-        EXPECT_GE(here, low);
-        int64_t innerLow = low + splitter_->MinLimitOffset;
-        int64_t innerHigh = high - splitter_->MaxLimitOffset;
-        if (innerLow > innerHigh) return;
-        bool atEnd = (here == low && !splitter_->StopAtMinOffset) ||
-                     (here == high && !splitter_->StopAtMaxOffset);
-        EXPECT_TRUE(atEnd || (here >= innerLow && here <= innerHigh))
-            << here << " in " << low << " to " << high;
+        EXPECT_GE(here(), low);
+        bool atEnd = (here() == low && !splitter_->StopAtMinOffset) ||
+                     (here() == high && !splitter_->StopAtMaxOffset);
+        if (atEnd || zonesOverlap()) return;
+        EXPECT_GE(here(), low + splitter_->MinLimitOffset);
+        EXPECT_LE(here(), high - splitter_->MaxLimitOffset);
     }
 
-    void checkAlways() {
+    void checkEntries() const {
         std::vector<const RectControl*> seen;
-        for (auto& entry : Probe::attached(*splitter_)) {
-            ASSERT_NE(entry.control, nullptr);
-            EXPECT_EQ(std::count(seen.begin(), seen.end(), entry.control), 0);
-            seen.push_back(entry.control);
+        for (auto& role : Probe::attached(*splitter_)) {
+            ASSERT_NE(role.control, nullptr);
+            EXPECT_EQ(std::count(seen.begin(), seen.end(), role.control), 0);
+            seen.push_back(role.control);
         }
     }
 
@@ -304,8 +291,9 @@ class Walk {
     Stage& stage_ = Stage::make();
     std::mt19937_64 random_;
     bool vertical_;
-    SmartSplitter* splitter_ = nullptr;
+    Watched* splitter_ = nullptr;
     std::vector<RectControl*> controls_;
+    std::vector<Place> before_;
     std::vector<Gap> gaps_;
 };
 
@@ -314,8 +302,9 @@ TEST(RandomWalk, LeavesASplitterThatHoldsTogether) {
     constexpr int stepsOfAWalk = 200;
     auto seed = static_cast<uint64_t>(testing::UnitTest::GetInstance()->random_seed()) * 1000000;
     for (int taken = 0; taken < steps; ++seed) {
+        SCOPED_TRACE(testing::Message() << "seed " << seed);
         taken += Walk(seed).run(stepsOfAWalk);
-        ASSERT_FALSE(testing::Test::HasFailure()) << "seed " << seed;
+        ASSERT_FALSE(testing::Test::HasFailure());
     }
 }
 
