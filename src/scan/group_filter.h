@@ -26,9 +26,14 @@ class GroupFilter {
         return ((rows_[place][first] >> second) & 1U) == 0;
     }
 
+    // Blocks that `collect` goes through at a time, at most.
+    static constexpr size_t mostBlocks = 64;
+    // What `collect` may write beyond the positions that it counts.
+    static constexpr size_t excess = 4;
+
     // Writes to `positions` every position below `blocks` blocks at which a group may begin, in
     // order, and gives their number. Reads three bytes behind the last block; `positions` has room
-    // for all.
+    // for all and `excess` more.
     size_t collect(const char* text, size_t blocks, uint32_t* positions) const {
         return vectors_ ? collectByVectors(text, blocks, positions)
                         : collectByBytes(text, blocks, positions);

@@ -13,27 +13,14 @@ namespace {
 
 constexpr uint32_t bucketBits = 13;
 constexpr uint32_t bucketCount = 1U << bucketBits;
-constexpr uint64_t classesOfEight = 0x1f1f1f1f1f1f1f1f;
-constexpr uint32_t classesOfFour = 0x1f1f1f1f;
-constexpr uint32_t classesOfThree = 0x001f1f1f;
 
 // Positions that the filter tests at a call.
 constexpr size_t stride = 2048;
-
-// Eight bytes, the first in the lowest place.
-uint64_t load(const char* text) {
-    uint64_t bytes;
-    std::memcpy(&bytes, text, sizeof bytes);
-    return bytes;
-}
-
-// 16 bits of a group of four bytes or three.
-uint32_t hashOf(uint64_t group) {
-    return (static_cast<uint32_t>(group) * 2654435761U) >> 16;
-}
+// Bytes behind a position that are looked at there.
+constexpr size_t room = 8;
 
 uint32_t bucketOf(uint32_t hash) {
-    return hash >> (16 - bucketBits);
+    return hash >> (GroupSieve::hashBits - bucketBits);
 }
 
 unsigned char lower(char byte) {
@@ -88,71 +75,66 @@ void Matcher::addGrouped(const std::vector<uint32_t>& grouped) {
         filter_.add(std::string_view(name).substr(offset, 4));
         std::array<char, 8> start{};
         size_t known = name.copy(start.data(), start.size(), offset);
-        uint64_t mask = classesOfEight >> (64 - 8 * known);
-        candidates.push_back({load(start.data()) & mask, mask, number, offset});
-        (known >= 4 ? anyOfFour_ : anyOfThree_) = true;
+        uint64_t classes = classesAt(start.data());
+        size_t kind = GroupSieve::kindOf(known);
+        sieve_.add(classes, kind);
+        candidates.push_back({classes, ~uint64_t{0} >> (64 - 8 * known), kind, number, offset});
+        if (std::find(kinds_.begin(), kinds_.end(), kind) == kinds_.end()) kinds_.push_back(kind);
     }
     sortCandidates(candidates);
 }
 
-void Matcher::sortCandidates(std::vector<Candidate>& candidates) {
-    auto hash = [](const Candidate& candidate) {
-        return hashOf(static_cast<uint32_t>(candidate.start & classesOfFour));
+void Matcher::sortCandidates(const std::vector<Candidate>& candidates) {
+    auto bucket = [](const Candidate& candidate) {
+        return bucketOf(GroupSieve::hashOf(candidate.start, candidate.kind));
     };
     starts_.assign(bucketCount + 1, 0);
-    for (const Candidate& candidate : candidates) {
-        present_[hash(candidate) / 64] |= uint64_t{1} << (hash(candidate) % 64);
-        starts_[bucketOf(hash(candidate)) + 1]++;
-    }
-    for (uint32_t bucket = 0; bucket < bucketCount; bucket++)
-        starts_[bucket + 1] += starts_[bucket];
+    for (const Candidate& candidate : candidates) starts_[bucket(candidate) + 1]++;
+    for (uint32_t b = 0; b < bucketCount; b++) starts_[b + 1] += starts_[b];
     candidates_.resize(candidates.size());
     std::vector<uint32_t> next = starts_;
     for (const Candidate& candidate : candidates)
-        candidates_[next[bucketOf(hash(candidate))]++] = candidate;
+        candidates_[next[bucket(candidate)]++] = candidate;
 }
 
 void Matcher::search(std::string_view text, Hits& hits) const {
     if (!ones_.empty() || !twos_.empty()) searchShort(text, hits);
     if (candidates_.empty()) return;
-    std::array<uint32_t, stride> positions;
     size_t at = 0;
-    for (; at + stride + 3 <= text.size(); at += stride) {
-        size_t count =
-            filter_.collect(text.data() + at, stride / GroupFilter::block, positions.data());
-        for (size_t i = 0; i < count; i++) verify(text, at + positions[i], hits);
-    }
+    for (; at + stride + room <= text.size(); at += stride)
+        searchGroups(text, at, text.data() + at, stride / GroupFilter::block, hits);
     // The last positions by a copy with room behind it.
-    std::array<char, stride + 3 + GroupFilter::block> tail;
-    size_t left = text.size() - at;
-    std::memcpy(tail.data(), text.data() + at, left);
-    std::memset(tail.data() + left, 0, tail.size() - left);
-    size_t blocks = (left + GroupFilter::block - 1) / GroupFilter::block;
-    size_t count = filter_.collect(tail.data(), std::min(blocks, stride / GroupFilter::block),
-                                   positions.data());
-    for (size_t i = 0; i < count; i++) verify(text, at + positions[i], hits);
+    std::array<char, stride + room + GroupFilter::block> tail;
+    while (at < text.size()) {
+        size_t left = std::min(text.size() - at, stride + room);
+        std::memcpy(tail.data(), text.data() + at, left);
+        std::memset(tail.data() + left, 0, tail.size() - left);
+        size_t blocks = (std::min(left, stride) + GroupFilter::block - 1) / GroupFilter::block;
+        searchGroups(text, at, tail.data(), blocks, hits);
+        at += stride;
+    }
 }
 
-void Matcher::verify(std::string_view text, size_t at, Hits& hits) const {
-    uint64_t start = 0;
-    if (at + sizeof start <= text.size())
-        start = load(text.data() + at);
-    else if (at < text.size())
-        std::memcpy(&start, text.data() + at, text.size() - at);
-    if (anyOfFour_) compare(text, at, start, hashOf(start & classesOfFour), hits);
-    if (anyOfThree_) compare(text, at, start, hashOf(start & classesOfThree), hits);
+void Matcher::searchGroups(std::string_view text, size_t begin, const char* bytes, size_t blocks,
+                           Hits& hits) const {
+    std::array<uint32_t, stride + GroupFilter::excess> positions;
+    size_t count = filter_.collect(bytes, blocks, positions.data());
+    count = sieve_.sift(bytes, positions.data(), count);
+    for (size_t i = 0; i < count; i++)
+        compare(text, begin + positions[i], classesAt(bytes + positions[i]), hits);
 }
 
-void Matcher::compare(std::string_view text, size_t at, uint64_t start, uint32_t hash,
-                      Hits& hits) const {
-    if ((present_[hash / 64] >> (hash % 64) & 1) == 0) return;
-    uint32_t bucket = bucketOf(hash);
-    for (uint32_t i = starts_[bucket]; i < starts_[bucket + 1]; i++) {
-        const Candidate& candidate = candidates_[i];
-        if ((start & candidate.mask) != candidate.start || hits.has(candidate.name)) continue;
-        const std::string& name = names_[candidate.name];
-        if (candidate.offset > at || at - candidate.offset + name.size() > text.size()) continue;
-        if (beginsWith(text.data() + at - candidate.offset, name)) hits.add(candidate.name);
+void Matcher::compare(std::string_view text, size_t at, uint64_t start, Hits& hits) const {
+    for (size_t kind : kinds_) {
+        uint32_t bucket = bucketOf(GroupSieve::hashOf(start, kind));
+        for (uint32_t i = starts_[bucket]; i < starts_[bucket + 1]; i++) {
+            const Candidate& candidate = candidates_[i];
+            if ((start & candidate.mask) != candidate.start || hits.has(candidate.name)) continue;
+            const std::string& name = names_[candidate.name];
+            if (candidate.offset > at || at - candidate.offset + name.size() > text.size())
+                continue;
+            if (beginsWith(text.data() + at - candidate.offset, name)) hits.add(candidate.name);
+        }
     }
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "scan/group_filter.h"
+#include "scan/group_sieve.h"
 
 namespace bracken {
 
@@ -15,9 +16,9 @@ namespace bracken {
 // gives a position. Immutable once made, so any number of threads may search with it at a time.
 //
 // Each name of three bytes or more is represented by a group of four of its bytes (three for a name
-// of three), chosen where it is rare; the filter passes over the text 32 positions at a time and
-// stops where such a group may begin, and only there names are compared. Names of one and two bytes
-// are looked up in a pass of their own.
+// of three), chosen where it is rare; a filter tells where such a group may begin, 32 positions at
+// a time, a sieve looks closer at those, and names are compared only where both let a position
+// pass. Names of one and two bytes are looked up in a pass of their own.
 class Matcher {
   public:
     // Names count from 0 in this order. Equal names but for letter case may be there more than
@@ -49,32 +50,35 @@ class Matcher {
 
   private:
     // A name whose group lies `offset` bytes behind its start: the classes of the bytes from the
-    // group on, eight at most, and which of the eight there are.
+    // group on, eight at most, which of the eight there are, and the kind of its group.
     struct Candidate {
         uint64_t start;
         uint64_t mask;
+        size_t kind;
         uint32_t name;
         uint32_t offset;
     };
 
     void addGrouped(const std::vector<uint32_t>& grouped);
-    void sortCandidates(std::vector<Candidate>& candidates);
+    void sortCandidates(const std::vector<Candidate>& candidates);
     void searchShort(std::string_view text, Hits& hits) const;
-    void verify(std::string_view text, size_t at, Hits& hits) const;
-    void compare(std::string_view text, size_t at, uint64_t start, uint32_t hash, Hits& hits) const;
+    // Goes through positions of `text` from `begin` on, by what stands in `bytes`, which is the
+    // text there with room behind it.
+    void searchGroups(std::string_view text, size_t begin, const char* bytes, size_t blocks,
+                      Hits& hits) const;
+    void compare(std::string_view text, size_t at, uint64_t start, Hits& hits) const;
 
     // In lower case.
     std::vector<std::string> names_;
     size_t longest_ = 0;
     GroupFilter filter_;
-    // One bit for each hash of a group.
-    std::array<uint64_t, (1U << 16) / 64> present_{};
+    GroupSieve sieve_;
     // Candidates by the hash of their group; those of bucket b stand from starts_[b] to
     // starts_[b + 1].
     std::vector<uint32_t> starts_;
     std::vector<Candidate> candidates_;
-    bool anyOfThree_ = false;
-    bool anyOfFour_ = false;
+    // The kinds of group that there are.
+    std::vector<size_t> kinds_;
     // Names of one and of two bytes.
     std::vector<uint32_t> ones_;
     std::vector<uint32_t> twos_;
