@@ -4,6 +4,7 @@
 #include <string>
 
 #include "framework/files/folder_item.h"
+#include "framework/files/listing_cache.h"
 #include "framework/ref.h"
 #include "scan/name_table.h"
 #include "scan/read_ahead.h"
@@ -35,6 +36,8 @@ class FileEntry {
     const std::shared_ptr<const NameTable>& table();
 
     RunContext& context_;
+    // The tree is walked three times.
+    ListingCache listings_;
     std::shared_ptr<const NameTable> table_;
     RowIndex rows_;
     std::unique_ptr<ReadAhead> ahead_;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 
 namespace bracken {
@@ -27,14 +28,20 @@ int64_t searchedLength(uint64_t fileLength) {
     return std::max(static_cast<int32_t>(static_cast<uint32_t>(fileLength)), 0);
 }
 
-bool FileSearch::search(const std::string& path, bool listedAsFile, const Matcher& matcher,
-                        const std::function<bool()>& cancelled, Matcher::Hits& hits) {
+bool FileSearch::search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
+                        const Matcher& matcher, const std::function<bool()>& cancelled,
+                        Matcher::Hits& hits) {
+    // Too long to be opened by whoever does not know the folder.
+    if (path.size() >= PATH_MAX) return false;
+    const char* name = folder.nameOf(path);
     struct stat facts;
     if (!listedAsFile) {
-        if (stat(path.c_str(), &facts) != 0 || S_ISDIR(facts.st_mode)) return false;
+        if (fstatat(folder.descriptor(), name, &facts, 0) != 0 || S_ISDIR(facts.st_mode))
+            return false;
         if (!S_ISREG(facts.st_mode)) return true;
     }
-    int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    int descriptor =
+        openat(folder.descriptor(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0) return false;
     bool whole = searchOpen(descriptor, matcher, cancelled, hits);
     close(descriptor);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "scan/matcher.h"
+#include "scan/open_folder.h"
 
 namespace bracken {
 
@@ -17,11 +18,13 @@ int64_t searchedLength(uint64_t fileLength);
 // threads: never holds the baton, never touches the model.
 class FileSearch {
   public:
-    // Adds the names of `matcher` that the file holds to `hits`. False if it can't be opened, or if
-    // `cancelled`, asked between pieces, says so. `listedAsFile`: the file is known to be a regular
-    // one; other things are looked at first, and read as empty.
-    bool search(const std::string& path, bool listedAsFile, const Matcher& matcher,
-                const std::function<bool()>& cancelled, Matcher::Hits& hits);
+    // Adds the names of `matcher` that the file holds to `hits`; `path` is that of a file directly
+    // in `folder`. False if it can't be opened, or if `cancelled`, asked between pieces, says so.
+    // `listedAsFile`: the file is known to be a regular one; other things are looked at first, and
+    // read as empty.
+    bool search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
+                const Matcher& matcher, const std::function<bool()>& cancelled,
+                Matcher::Hits& hits);
 
   private:
     bool searchOpen(int descriptor, const Matcher& matcher, const std::function<bool()>& cancelled,

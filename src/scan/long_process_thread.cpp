@@ -3,6 +3,7 @@
 #include "framework/text/text.h"
 #include "scan/extension_filter.h"
 #include "scan/file_entry.h"
+#include "scan/folder_count.h"
 
 namespace bracken {
 
@@ -33,7 +34,8 @@ void LongProcessThread::countAndSearch() {
 
 void LongProcessThread::GetFileCount(const Ref<FolderItem>& folder) {
     context_->ProgressBar1().Value = -1;
-    for (int i = 1; i <= folder->Count(); i++) {
+    FolderCount entries(*folder);
+    for (int i = 1; i <= entries.count(i); i++) {
         Ref<FolderItem> item = folder->Item(i);
         if (item->Directory()) {
             GetFileCount(item);
@@ -49,7 +51,8 @@ void LongProcessThread::ProcessFolder(const Ref<FolderItem>& folder) {
     context_->lblProgress().Caption = "Processing files in " + folder->AbsolutePath();
     std::string extensions = context_->extensions();
     entry_->enterFolder(folder, extensions);
-    for (int i = 1; i <= folder->Count(); i++) {
+    FolderCount entries(*folder);
+    for (int i = 1; i <= entries.count(i); i++) {
         Ref<FolderItem> item = folder->Item(i);
         if (item->Directory()) {
             ProcessFolder(item);

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <chrono>
 
+#include "framework/files/paths.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "scan/extension_filter.h"
-#include "scan/file_search.h"
 
 namespace bracken {
 
@@ -61,15 +61,10 @@ bool ReadAhead::cancelled() const {
 void ReadAhead::work() {
     FileSearch search;
     Matcher::Hits hits;
-    auto isCancelled = [this] { return cancelled(); };
     for (std::vector<TaskRef> tasks = nextTasks(); !tasks.empty(); tasks = nextTasks()) {
         auto announced = std::chrono::steady_clock::now();
         for (const TaskRef& task : tasks) {
-            hits.clear(table_->matcher().nameCount());
-            task->readable =
-                search.search(task->path, task->listedAsFile, table_->matcher(), isCancelled, hits);
-            task->names = hits.names();
-            task->done.store(true, std::memory_order_release);
+            perform(*task, search, hits);
             auto now = std::chrono::steady_clock::now();
             if (now - announced < announceAfter) continue;
             announced = now;
@@ -77,6 +72,16 @@ void ReadAhead::work() {
         }
         announce();
     }
+}
+
+void ReadAhead::perform(Task& task, FileSearch& search, Matcher::Hits& hits) {
+    const Matcher& matcher = table_->matcher();
+    hits.clear(matcher.nameCount());
+    task.readable = search.search(
+        *task.folder, task.path, task.listedAsFile, matcher, [this] { return cancelled(); }, hits);
+    task.names = hits.names();
+    task.folder.reset();
+    task.done.store(true, std::memory_order_release);
 }
 
 void ReadAhead::announce() {
@@ -99,10 +104,7 @@ std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
         Ref<FolderItem> file = cancelled() ? nullptr : walk_.next();
         if (file == nullptr) break;
         if (!passesExtensions(file->Name(), extensions_)) continue;
-        auto task = std::make_shared<Task>();
-        task->path = file->AbsolutePath();
-        task->listedAsFile = file->listedAsFile();
-        tasks.push_back(std::move(task));
+        tasks.push_back(taskOf(*file));
     }
     std::unique_lock guard(mutex_);
     if (order_.size() >= furthestAhead)
@@ -111,6 +113,17 @@ std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
     order_.insert(order_.end(), tasks.begin(), tasks.end());
     changed_.notify_all();
     return tasks;
+}
+
+ReadAhead::TaskRef ReadAhead::taskOf(const FolderItem& file) {
+    auto task = std::make_shared<Task>();
+    task->path = file.AbsolutePath();
+    task->listedAsFile = file.listedAsFile();
+    size_t folderLength = task->path.rfind('/');
+    if (folder_ == nullptr || task->path.compare(0, folderLength, folder_->path()) != 0)
+        folder_ = std::make_shared<OpenFolder>(parentPath(task->path));
+    task->folder = folder_;
+    return task;
 }
 
 ReadAhead::TaskRef ReadAhead::popUpTo(const std::string& path) {

@@ -13,7 +13,9 @@
 
 #include "framework/files/folder_item.h"
 #include "framework/ref.h"
+#include "scan/file_search.h"
 #include "scan/name_table.h"
+#include "scan/open_folder.h"
 #include "scan/tree_walk.h"
 
 namespace bracken {
@@ -51,6 +53,8 @@ class ReadAhead {
     struct Task {
         std::string path;
         bool listedAsFile;
+        // Until the file has been searched.
+        std::shared_ptr<const OpenFolder> folder;
         bool readable = false;
         std::vector<uint32_t> names;
         std::atomic<bool> done{false};
@@ -60,6 +64,8 @@ class ReadAhead {
     void work();
     // Walks on, and enters the next files into the order; empty at the end of the walk.
     std::vector<TaskRef> nextTasks();
+    TaskRef taskOf(const FolderItem& file);
+    void perform(Task& task, FileSearch& search, Matcher::Hits& hits);
     bool cancelled() const;
     // Wakes the run if it waits for a file.
     void announce();
@@ -76,6 +82,8 @@ class ReadAhead {
     // Guards the walk; taken ahead of the other.
     std::mutex walkMutex_;
     TreeWalk walk_;
+    // That of the latest file.
+    std::shared_ptr<const OpenFolder> folder_;
 
     // Guards what follows.
     std::mutex mutex_;

@@ -92,10 +92,11 @@ int FolderItem::Count() {
 
 Ref<FolderItem> FolderItem::Item(int i) {
     if (i < 1 || directory_ == false) return nullptr;
-    const FolderListing::Entry* entry = listing().entry(static_cast<size_t>(i) - 1);
+    const size_t index = static_cast<size_t>(i) - 1;
+    const FolderListing::Entry* entry = listing().entry(index);
     if (entry == nullptr) return nullptr;
     std::string path = joinPath(path_, entry->name);
-    if (entry->gone) return Ref<FolderItem>::nilBecause(path + " has vanished");
+    if (listing().isGone(index)) return Ref<FolderItem>::nilBecause(path + " has vanished");
     bool directory = entry->directory;
     if (entry->link) {
         // Its target may go or change with no trace in this folder.

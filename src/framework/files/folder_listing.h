@@ -3,8 +3,12 @@
 #include <sys/stat.h>
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
+
+#include "framework/files/folder_contents.h"
 
 namespace bracken {
 
@@ -20,14 +24,7 @@ struct FolderChain {
 // end. For one thread at a time.
 class FolderListing {
   public:
-    struct Entry {
-        std::string name;
-        bool directory;
-        // A regular file, and no link to one.
-        bool file;
-        bool link;
-        bool gone;
-    };
+    using Entry = FolderContents::Entry;
 
     // `above` is the chain that led here, null where the walk begins.
     FolderListing(std::string path, std::shared_ptr<const FolderChain> above);
@@ -37,22 +34,26 @@ class FolderListing {
     // Counted from 0, as of the latest count, at no cost; null outside the range. Valid until the
     // next call of any method.
     const Entry* entry(size_t index);
+    // Whether the entry had vanished at the latest count.
+    bool isGone(size_t index) const;
     // The chain that leads to this folder's entries; null before the first listing.
     const std::shared_ptr<const FolderChain>& chain() const { return chain_; }
 
   private:
     void refresh();
-    bool upToDate(const struct stat& facts) const;
-    void list();
-    void merge(std::vector<Entry> present);
+    void list(const struct stat& facts);
+    void merge(const std::vector<Entry>& present);
+    const std::vector<Entry>& numbered() const {
+        return renumbered_ ? *renumbered_ : contents_->entries;
+    }
 
     std::string path_;
     std::shared_ptr<const FolderChain> above_;
     std::shared_ptr<const FolderChain> chain_;
-    std::vector<Entry> entries_;
-    struct timespec changed_ = {};
-    // Whether a later change is sure to show in the folder's time of change.
-    bool settled_ = false;
+    std::shared_ptr<const FolderContents> contents_;
+    // Once the contents have changed: the entries by their numbers.
+    std::optional<std::vector<Entry>> renumbered_;
+    std::unordered_set<size_t> gone_;
     bool listable_ = false;
 };
 
