@@ -132,5 +132,36 @@ TEST(GeneratedDocument, ComesBackFromTheConverter) {
     }
 }
 
+// The shapes that other writers give their files.
+TEST(OthersFile, GivesTheTreeOfItsShape) {
+    const std::string declared = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    const std::string opening = declared + "<plist version=\"1.0\">\n<dict>\n";
+    const std::string closing = "</dict>\n</plist>\n";
+    const std::pair<std::string, std::string> cases[] = {
+        {opening +
+             "\t<key>k&amp;1</key>\n\t<string>a &amp; &lt;b&gt;</string>\n\t<key>d</key>\n"
+             "\t<data>\n\tQUJD\n\tRA==\n\t</data>\n\t<key>l</key>\n\t<array>\n"
+             "\t\t<real>1e-05</real>\n\t\t<dict/>\n\t</array>\n" +
+             closing,
+         "{k&amp;1:string='a &amp; <b>' d:data=QUJDRA== l:array[0:real=1e-05 1:dict{}]}"},
+        {opening + "\t<key>begin</key>\n\t<string>(?x)\n      a | # one\n\tb</string>\n" + closing,
+         "{begin:string='(?x)\\r      a | # one\\rb\\r'}"},
+        {opening + "    <key>k</key>\n    <string>x</string>\n" + closing, "{:    <key}"},
+        {opening +
+             "\t<key>k</key>\n\t<string>${NAME}</string>\n\t<!-- n -->\n\t<key>l</key>\n"
+             "\t<true/>\n" +
+             closing,
+         "{k:!-- n --='${NAME}'}"},
+        {declared + "<plist version=\"1.0\"><dict>\n\t<key>k</key>\n\t<true/>\n" + closing,
+         "Not a plist file"},
+        {"{\n  k = v;\n}\n", "Not a plist file"},
+    };
+    for (const auto& [text, tree] : cases) {
+        const test::TempFolder folder;
+        const plist document(GetFolderItem(folder.write("a", text), 0), nullptr);
+        EXPECT_EQ(document.error ? document.errorMessage : picture(*document.root), tree) << text;
+    }
+}
+
 }  // namespace
 }  // namespace bracken

@@ -7,7 +7,7 @@ namespace bracken::model {
 namespace {
 
 // Deeper and longer than any copy of a tree that a test makes.
-constexpr int endless = 400;
+constexpr int endless = 100;
 
 std::string two(int32_t n) {
     return n >= 10 ? Str(n) : "0" + Str(n);

@@ -24,24 +24,6 @@ TEST_F(Node, GettersStoreTheirDefaults) {
     expectError("");
 }
 
-TEST_F(Node, SettersRefuseAnotherTag) {
-    root.SetInteger("i", 2.5);
-    root.SetString("s", "x");
-    root.SetBoolean("b", true);
-    root.indexOf = 5;
-    root.SetString("I", "x");
-    expectError("Type Mismatch: I is a integer");
-    root.SetInteger("s", 1);
-    expectError("Type Mismatch: s is a string");
-    EXPECT_EQ(root.indexOf, 5);
-    root.SetBoolean("s", true);
-    expectError("Type Mismatch: s is a string");
-    EXPECT_EQ(root.indexOf, -1);
-    root.SetString("S", "y");
-    expectError("");
-    EXPECT_EQ(picture(root), "{i:integer=3 s:string=y b:boolean=true}");
-}
-
 TEST_F(Node, ReadsAcrossTags) {
     const auto node = test::readBody(
         "<key>r</key>\n<real>2.9</real>\n<key>s</key>\n<string>12abc</string>\n"
@@ -68,22 +50,6 @@ TEST_F(Node, ReadsAcrossTags) {
     expectError("Key c does not exist");
     EXPECT_EQ(node->GetString("none"), "");
     expectError("Key none does not exist");
-}
-
-TEST_F(Node, MakesChildrenOnDemand) {
-    EXPECT_EQ(root.index(0), nullptr);
-    const auto child = root.child("1");
-    EXPECT_EQ(root.child("1"), child);
-    EXPECT_EQ(root.index(1), child);
-    EXPECT_EQ(child->rootClass, &document);
-    root.AddChild("1");
-    expectError("Child exists: 1 already exists");
-    root.SetString("s", "x");
-    root.AddChild("S");
-    expectError("Child exists: S already exists");
-    EXPECT_THROW(root.child("s"), StackOverflowException);
-    EXPECT_THROW(root.index(2)->count(), NilObjectException);
-    EXPECT_EQ(picture(root), "{1:dict{} s:string=x}");
 }
 
 TEST_F(Node, KeepsWhatSomebodyHolds) {

@@ -43,33 +43,6 @@ TEST_F(Typed, GettersStoreTheirDefaults) {
     EXPECT_EQ(root.GetType("now"), "date");
 }
 
-TEST_F(Typed, SettersCheckTheirTags) {
-    root.SetReal("r", 1);
-    root.SetReal("r", 2);
-    expectError("Type Mismatch: r is a real");
-    root.SetDouble("r", 3);
-    expectError("");
-    root.types.Value("d", "double");
-    root.SetReal("d", 4);
-    root.SetDouble("d", 5);
-    root.SetDate("r", date(2004, 3, 9, 0, 0, 0));
-    expectError("Type Mismatch: r is a real");
-    root.indexOf = 3;
-    root.SetColor("r", RGB(1, 2, 3));
-    EXPECT_EQ(root.indexOf, 3);
-    root.SetColor("c", RGB(0, 0, 255));
-    EXPECT_EQ(root.indexOf, -1);
-    root.SetData("c2", "x");
-    root.SetData("r", "y");
-    EXPECT_EQ(picture(root), "{r:data=y d:real=5 c:string=00FF c2:data=x}");
-    // Parts below 16 do not come back.
-    EXPECT_EQ(root.GetColor("c"), RGB(0, 255, 255));
-    EXPECT_EQ(root.GetColor("r"), RGB(0, 0, 0));
-    expectError("Type Mismatch: r is a data");
-    EXPECT_THROW(root.SetDate("new", nullptr), NilObjectException);
-    EXPECT_FALSE(root.Exists("new"));
-}
-
 TEST_F(Typed, DatesAreReadFieldByField) {
     struct Case {
         const char* text;
@@ -106,28 +79,6 @@ TEST_F(Typed, DatesAreReadFieldByField) {
     EXPECT_EQ(root.GetReal("c"), 0);
     EXPECT_EQ(root.GetData("c"), "");
     expectError("Key c does not exist");
-}
-
-TEST_F(Typed, ElementsGoByTheNumberOfKeys) {
-    root.AddArray("a");
-    const auto array = root.child("a");
-    array->AppendString("x");
-    array->AppendInteger(-3);
-    array->AppendDouble(0.1);
-    array->AppendBoolean(true);
-    array->AppendDate(date(2004, 3, 9, 7, 5, 1));
-    array->AppendData("QQ==");
-    array->AppendColor(RGB(1, 2, 255));
-    EXPECT_EQ(array->indexOf, 6);
-    EXPECT_EQ(picture(*array),
-              "[0:string=x 1:integer=-3 2:double=0.1 3:boolean=true 4:date=2004-03-09T07:05:01Z "
-              "5:data=QQ== 6:string=12FF]");
-    EXPECT_THROW(array->AppendDate(nullptr), NilObjectException);
-    root.AppendDate(nullptr);
-    expectError("root is not an array");
-    root.AppendInteger(1);
-    expectError("root is not an array");
-    EXPECT_EQ(root.count(), 1);
 }
 
 }  // namespace
