@@ -1,6 +1,7 @@
 #include "platform/qt/display_text.h"
 
 #include <QUtf8StringView>
+#include <algorithm>
 
 namespace bracken {
 
@@ -22,6 +23,10 @@ char32_t displayable(char32_t code) {
     return code;
 }
 
+bool isPlain(char byte) {
+    return byte >= 0x20 && byte < 0x7f;
+}
+
 // Bytes of a character of UTF-8, by its first one.
 size_t lengthOf(unsigned char first) {
     if (first < 0x80) return 1;
@@ -36,7 +41,26 @@ DisplayText::DisplayText(std::string_view bytes)
       isUtf8_(QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8()) {
     text_.reserve(static_cast<qsizetype>(bytes.size()));
     Place place;
-    while (place.byte < bytes_.size()) step(place, &text_);
+    while (place.byte < bytes_.size()) {
+        const char* from = bytes_.data() + place.byte;
+        size_t plain = skipPlain(place, bytes_.size());
+        if (plain > 0)
+            text_.append(QLatin1StringView(from, static_cast<qsizetype>(plain)));
+        else
+            step(place, &text_);
+    }
+}
+
+// Stops short of where a line may have to be broken.
+size_t DisplayText::skipPlain(Place& place, size_t end) const {
+    size_t limit = std::min(end - place.byte,
+                            static_cast<size_t>(std::max(longestLine - 1 - place.column, 0)));
+    size_t count = 0;
+    while (count < limit && isPlain(bytes_[place.byte + count])) ++count;
+    place.byte += count;
+    place.unit += static_cast<int>(count);
+    place.column += static_cast<int>(count);
+    return count;
 }
 
 char32_t DisplayText::character(Place& place) const {
@@ -73,7 +97,9 @@ void DisplayText::step(Place& place, QString* out) const {
 int DisplayText::positionOf(int64_t byte) {
     auto target = static_cast<size_t>(byte);
     if (last_.byte > target) last_ = Place();
-    while (last_.byte < target && last_.byte < bytes_.size()) {
+    size_t end = std::min(target, bytes_.size());
+    while (last_.byte < end) {
+        if (skipPlain(last_, end) > 0) continue;
         Place next = last_;
         step(next, nullptr);
         if (next.byte > target) break;

@@ -28,6 +28,9 @@ class DisplayText {
         int column = 0;
     };
 
+    // Goes from `place` over plain letters that stand in both as they are, to `end` at most; how
+    // many.
+    size_t skipPlain(Place& place, size_t end) const;
     // One character on from `place`, appended to `out` if that is not null.
     void step(Place& place, QString* out) const;
     char32_t character(Place& place) const;
