@@ -197,7 +197,10 @@ int savesUntilKilled(pid_t child, int progress, std::mt19937& random) {
     };
     while (saves < 1) poll();
     size_t length = 0;
-    for (; saves < 2; ++length) poll();
+    while (saves < 2) {
+        poll();
+        ++length;
+    }
     for (size_t left = random() % (length * 3 / 2 + 1); left > 0; --left) poll();
     kill(-child, SIGKILL);
     waitpid(child, nullptr, 0);
