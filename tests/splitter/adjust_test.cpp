@@ -20,9 +20,9 @@ class Adjust : public SplitterTest {
         return control;
     }
     void setRole(RectControl& control, bool move, bool resize, bool center) {
-        entry(control).shouldMove = move;
-        entry(control).shouldResize = resize;
-        entry(control).shouldCenter = center;
+        splitter.setAttachedControlShouldMove(&control, move);
+        splitter.setAttachedControlShouldResize(&control, resize);
+        splitter.setAttachedControlShouldCenter(&control, center);
     }
     void SetUp() override { open(); }
 };
@@ -33,8 +33,13 @@ TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
         bool behind, move, resize, center;
         int distance, position, extent;
         bool shown;
+        int minSize = 2;
     };
     const Case cases[] = {
+        {true, false, true, false, -80, 300, 20, true, 20},
+        {true, false, true, false, -81, 300, 19, false, 20},
+        {true, false, true, false, -99, 300, 1, true, 0},
+        {true, false, true, false, -100, 300, 0, false, 0},
         {true, false, true, false, 50, 300, 150, true},
         {true, false, true, false, -98, 300, 2, true},
         {true, false, true, false, -99, 300, 1, false},
@@ -59,6 +64,7 @@ TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
         axis().setPosition(splitter, 400);
         RectControl& control = attach(c.behind ? 300 : 410, 100);
         setRole(control, c.move, c.resize, c.center);
+        splitter.setAttachedControlMinSizeVisible(&control, c.minSize);
         splitter.moveDistance(c.distance, false);
         SCOPED_TRACE(testing::Message() << (c.behind ? "min" : "max") << c.move << c.resize
                                         << c.center << " by " << c.distance);
@@ -66,25 +72,6 @@ TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
         EXPECT_EQ(extent(control), c.extent);
         EXPECT_EQ(control.Visible, c.shown);
     }
-}
-
-TEST_P(Adjust, HidesBelowTheMinimumAndShowsAgain) {
-    RectControl& control = attach(300, 100);
-    setRole(control, false, true, false);
-    splitter.setAttachedControlMinSizeVisible(&control, 20);
-    struct Step {
-        int distance, extent;
-        bool shown;
-    };
-    for (const Step& step : {Step{-80, 20, true}, Step{-1, 19, false}, Step{1, 20, true}}) {
-        splitter.moveDistance(step.distance, false);
-        EXPECT_EQ(extent(control), step.extent);
-        EXPECT_EQ(control.Visible, step.shown);
-    }
-    splitter.setAttachedControlMinSizeVisible(&control, 0);
-    splitter.moveDistance(-20, false);
-    EXPECT_EQ(extent(control), 0);
-    EXPECT_FALSE(control.Visible) << "a size of nothing is never shown";
 }
 
 TEST_P(Adjust, ShowsWhatTheProgramHidUnlessToldOtherwise) {
@@ -149,40 +136,11 @@ TEST_P(Adjust, HidesWhatSticksOutOfItsContainer) {
     }
 }
 
-TEST_P(Adjust, AContainerThatMovesCarriesItsContents) {
-    auto& box = add<GroupBox>("box", 410, 100);
-    auto& inner = add<PushButton>("inner", 420, 50);
-    inner.Parent = &box;
-    splitter.attach(&box);
-    splitter.setMaxLimitOffset(0);
-    splitter.moveDistance(30, false);
-    EXPECT_EQ(at(box), 440);
-    EXPECT_EQ(extent(box), 70);
-    EXPECT_EQ(at(inner), 450);
-    EXPECT_EQ(extent(inner), 50);
-    EXPECT_TRUE(inner.Visible);
-    splitter.moveDistance(11, false);
-    EXPECT_FALSE(inner.Visible) << "a pixel of it sticks out";
-}
-
 TEST_P(Adjust, SkipsAnEntryThatIsEmptyForTheMoment) {
     RectControl& control = attach(300, 100);
     Probe::attached(splitter).insert(Probe::attached(splitter).begin(), Probe::Entry());
     splitter.moveDistance(-50, false);
     EXPECT_FALSE(control.Visible) << "the one behind it is adjusted";
-}
-
-TEST_P(Adjust, TouchesNothingThatFits) {
-    RectControl& resizing = attach(300, 100);
-    setRole(resizing, false, true, false);
-    RectControl& standing = attach(600, 50);
-    setRole(standing, false, false, false);
-    splitter.behave();
-    resizing.takeChanged();
-    standing.takeChanged();
-    splitter.behave();
-    EXPECT_FALSE(resizing.takeChanged());
-    EXPECT_FALSE(standing.takeChanged());
 }
 
 TEST_P(Adjust, CentringActsAtOnce) {

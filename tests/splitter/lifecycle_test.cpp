@@ -169,25 +169,5 @@ TEST_P(Lifecycle, AClosedOneStillWorksAndCanAttachAgain) {
     EXPECT_EQ(at(splitter), 450);
 }
 
-TEST(WindowLocks, AreSettledBeforeTheSplitterBehaves) {
-    FakePlatform platform;
-    Stage& stage = Stage::make();
-    auto& list = stage.add<Listbox>("list", false, {31, 100});
-    list.LockLeft = list.LockTop = list.LockRight = list.LockBottom = true;
-    auto& splitter = stage.add<SmartSplitter>("splitter", false, {133, 16});
-    splitter.LockBottom = true;
-    auto& text = stage.add<Listbox>("text", false, {149, 445});
-    text.LockLeft = text.LockRight = text.LockBottom = true;
-    splitter.Event_Open();
-    stage.userResized(900, 700);
-    EXPECT_EQ(splitter.Top, 233);
-    EXPECT_EQ(list.Height, 200);
-    EXPECT_EQ(text.Top, 249);
-    stage.userResized(900, 480);
-    EXPECT_EQ(splitter.Top + 16, text.Top) << "divider and text stay together";
-    EXPECT_EQ(splitter.Top, splitter.MinLimit);
-    EXPECT_FALSE(list.Visible);
-}
-
 }  // namespace
 }  // namespace bracken::test
