@@ -1,5 +1,6 @@
 #include <QPlainTextEdit>
 #include <QTextBlock>
+#include <random>
 
 #include "framework/controls/edit_field.h"
 #include "framework/text/text.h"
@@ -116,6 +117,32 @@ TEST_F(TextArea, ALineThatIsTooLongIsBrokenForDisplay) {
     EXPECT_EQ(shownText.count(QStringLiteral("[us]\n[er]")), 1) << "a mark over the break";
     EXPECT_EQ(shownText.count(QStringLiteral("[user]")), 1);
     EXPECT_EQ(shownText.remove(u'\n').remove(u'[').remove(u']').toStdString(), text);
+}
+
+TEST(DisplayTextPositions, OfEachOccurrenceInALongTextAreExact) {
+    std::mt19937 random(testing::UnitTest::GetInstance()->random_seed());
+    std::string text;
+    while (text.size() < 2000000) {
+        const std::string pieces[] = {std::string(random() % 99, 'x'),
+                                      "user",
+                                      "\n",
+                                      "\r\n",
+                                      "\xd1\x8e\xf0\x9f\x98\x80",
+                                      std::string(2, '\0')};
+        text += pieces[random() % 6 == 0 ? random() % 6 : random() % 2];
+    }
+    for (const char* end : {"", "\xff"}) {  // UTF-8, and Latin-1
+        text += end;
+        DisplayText display(text);
+        int count = 0;
+        for (int64_t at = InStr(0, text, "user"); at > 0; at = InStr(at + 1, text, "user")) {
+            int from = display.positionOf(at - 1);
+            QString shown = display.text().mid(from, display.positionOf(at + 3) - from);
+            ASSERT_EQ(shown.remove(u'\n').toStdString(), "user") << "byte " << at;
+            ++count;
+        }
+        EXPECT_GT(count, 10000);
+    }
 }
 
 TEST(DisplayTextPositions, AreFoundForwardsAndBackwards) {
