@@ -210,7 +210,7 @@ int savesUntilKilled(pid_t child, int progress, std::mt19937& random) {
 TEST_P(Durability, OldOrNewStandsWheneverTheProcessIsKilled) {
     const auto seed = static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed());
     std::mt19937 random(seed);
-    for (int round = 0; round < (GetParam() ? 5 : 20); ++round) {
+    for (int round = 0; round < (GetParam() ? 2 : 10); ++round) {
         int ends[2];
         ASSERT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
         const pid_t child = fork();

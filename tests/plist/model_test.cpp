@@ -27,7 +27,7 @@ unsigned seedOf(unsigned round) {
 }
 
 TEST(Model, ActsAsTheStoreInEverySequence) {
-    for (unsigned round = 0; round < 400; ++round) {
+    for (unsigned round = 0; round < 200; ++round) {
         const auto difference = [&] {
             RandomChoices choices(seedOf(round), 1000);
             return test::differenceInPlay(choices);
@@ -40,7 +40,7 @@ TEST(Model, ActsAsTheStoreInEverySequence) {
 }
 
 TEST(Model, ReadsAnyTextAsTheStoreDoes) {
-    for (unsigned round = 0; round < 6000; ++round) {
+    for (unsigned round = 0; round < 4000; ++round) {
         RandomChoices choices(seedOf(round), 1);
         const std::string text = test::anyText(choices, 1 + choices.below(30));
         ASSERT_EQ(test::differenceInReading(text), "") << "seed " << seedOf(round) << "\n" << text;
