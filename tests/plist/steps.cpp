@@ -371,7 +371,7 @@ std::string differenceInReading(std::string_view text) {
     model::Document model(document.errorMessage);
     load(*document.root, text, false);
     load(*model.root, text, false);
-    const std::string found = difference(state(document), state(model));
+    std::string found = difference(state(document), state(model));
     if (!found.empty()) return found;
     return difference(toldBy([&] { return written(*document.root); }),
                       toldBy([&] { return written(*model.root); }));
