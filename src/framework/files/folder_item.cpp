@@ -130,7 +130,7 @@ std::string FolderItem::Name() const {
     return lastComponent(path_);
 }
 
-std::string FolderItem::AbsolutePath() const {
+const std::string& FolderItem::AbsolutePath() const {
     return path_;
 }
 

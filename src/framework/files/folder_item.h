@@ -43,7 +43,7 @@ class FolderItem {
     // "/" for the root.
     std::string Name() const;
     // Without a slash at its end, save the root's. GetFolderItem is its inverse.
-    std::string AbsolutePath() const;
+    const std::string& AbsolutePath() const;
     // Bytes of a regular file; 0 for anything else.
     uint64_t Length() const;
     // Nil for the root.

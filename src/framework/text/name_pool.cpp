@@ -92,6 +92,7 @@ uint32_t NamePool::numberOf(std::string_view name) {
     findInside(number);
     findAround(number);
     *slot = number + 1;
+    growGroups();
     addGroups(number);
     if (lower.size() < lengths_.size()) lengths_[lower.size()] = true;
     return number;
@@ -147,9 +148,15 @@ const std::vector<uint32_t>& NamePool::rarestGroup(std::string_view name, size_t
     return *rarest;
 }
 
+void NamePool::growGroups() {
+    if (ends_.size() <= groups_.size()) return;
+    groups_.assign(std::max<size_t>(256, groups_.size() * 2), {});
+    // The latest name's are added by its coming in.
+    for (uint32_t number = 0; number + 1 < ends_.size(); number++) addGroups(number);
+}
+
 void NamePool::addGroups(uint32_t number) {
     std::string_view name = text(number);
-    if (groups_.empty()) groups_.resize(size_t{1} << groupBits);
     for (size_t start = 0; start + 3 <= name.size(); start += 2) {
         std::vector<uint32_t>& names =
             groups_[place(hashOf(name.substr(start, 3)), groups_.size())];

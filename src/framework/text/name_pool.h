@@ -33,12 +33,11 @@ class NamePool {
     void findInside(uint32_t number);
     void findAround(uint32_t number);
     void findAroundByGroups(uint32_t number);
+    void growGroups();
     void addGroups(uint32_t number);
     // The groups of three bytes whose start has this parity: the one in the fewest names.
     const std::vector<uint32_t>& rarestGroup(std::string_view name, size_t parity) const;
     const std::vector<uint32_t>& namesWithGroup(std::string_view group) const;
-
-    static constexpr size_t groupBits = 14;
 
     // All names in lower case, each followed by a comma; ends_[n] is the end of name n.
     std::string texts_;
@@ -47,7 +46,7 @@ class NamePool {
     std::vector<uint32_t> slots_;
     // Which lengths occur, up to the longest that a file system takes.
     std::array<bool, 256> lengths_{};
-    // Names by the groups at their even places; a name may be there more than once.
+    // Names by the hashes of the groups at their even places; about as many lists as names.
     std::vector<std::vector<uint32_t>> groups_;
     // For the few names that have any.
     std::unordered_map<uint32_t, std::vector<uint32_t>> inside_;
