@@ -8,8 +8,10 @@ namespace bracken {
 
 namespace {
 
-// UTF-16 units of a cell that are shown; no column is wider.
+// UTF-16 units of a cell that are shown at most.
 constexpr int shownLimit = 500;
+// Pixels of the narrowest letters.
+constexpr int narrowest = 2;
 
 }  // namespace
 
@@ -45,9 +47,27 @@ int ListModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : columns_;
 }
 
+void ListModel::setWidth(int column, int pixels) {
+    auto at = static_cast<size_t>(column);
+    if (limits_.size() <= at) limits_.resize(at + 1, shownLimit);
+    // One more, so that what is cut off shows as such.
+    limits_[at] = std::min(shownLimit, pixels / narrowest + 1);
+}
+
+QString ListModel::start(const QModelIndex& index, int limit) const {
+    if (!index.isValid() || index.row() >= list_.ListCount()) return {};
+    return harmlessLine(shownStart(list_.cellText(index.row(), index.column()), limit));
+}
+
+QString ListModel::longText(const QModelIndex& index) const {
+    return start(index, shownLimit);
+}
+
 QVariant ListModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole || !index.isValid() || index.row() >= list_.ListCount()) return {};
-    return harmlessLine(shownStart(list_.cellText(index.row(), index.column()), shownLimit));
+    if (role == Qt::AccessibleTextRole) return longText(index);
+    if (role != Qt::DisplayRole) return {};
+    auto column = static_cast<size_t>(index.column());
+    return start(index, column < limits_.size() ? limits_[column] : shownLimit);
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <vector>
 
 #include "framework/controls/listbox.h"
 
@@ -15,6 +16,10 @@ class ListModel : public QAbstractTableModel {
 
     // Tells the view the list's present rows, columns and headings.
     void takeOver();
+    // Pixels of a column: what is painted is not read much further.
+    void setWidth(int column, int pixels);
+    // The longest start of a cell that is shown anywhere.
+    QString longText(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -22,7 +27,11 @@ class ListModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
+    QString start(const QModelIndex& index, int limit) const;
+
     const Listbox& list_;
+    // UTF-16 units that a column has room for, by columns.
+    std::vector<int> limits_;
     int rows_ = 0;
     int columns_ = 0;
 };

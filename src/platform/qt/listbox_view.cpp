@@ -60,7 +60,28 @@ void ListboxView::sync() {
     syncHeading();
     syncColumns();
     syncSelection();
-    viewport()->update();
+    updateCells();
+}
+
+void ListboxView::updateCells() {
+    int first = rowAt(0);
+    int last = rowAt(viewport()->height() - 1);
+    if (last < 0) last = rows_.rowCount() - 1;
+    std::vector<QModelIndex> cells;
+    for (int row = std::max(first, 0); first >= 0 && row <= last; row++)
+        for (int column = 0; column < rows_.columnCount(); column++)
+            cells.push_back(rows_.index(row, column));
+    // Scrolling has everything painted anyway.
+    bool moved = first != firstShown_ || cells.size() != shown_.size();
+    if (moved) viewport()->update();
+    firstShown_ = first;
+    shown_.resize(cells.size());
+    for (size_t i = 0; i < cells.size(); i++) {
+        QString text = rows_.data(cells[i], Qt::DisplayRole).toString();
+        if (text == shown_[i]) continue;
+        shown_[i] = text;
+        if (!moved) update(cells[i]);
+    }
 }
 
 void ListboxView::syncHeading() {
@@ -82,6 +103,7 @@ void ListboxView::syncColumns() {
         width = std::min(width, horizontalHeader()->maximumSectionSize());
         setColumnHidden(column, width <= 0);
         if (width > 0 && columnWidth(column) != width) setColumnWidth(column, width);
+        rows_.setWidth(column, width);
     }
 }
 
@@ -128,7 +150,7 @@ bool ListboxView::viewportEvent(QEvent* event) {
 
 void ListboxView::showTip(const QPoint& at) {
     QModelIndex index = indexAt(at);
-    QString text = rows_.data(index, Qt::DisplayRole).toString();
+    QString text = rows_.longText(index);
     if (fontMetrics().horizontalAdvance(text) + cellPadding <= visualRect(index).width())
         text.clear();
     // As rich text the tip wraps; escaped, no cell can act as markup.

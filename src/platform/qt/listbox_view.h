@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <vector>
 
 #include "framework/controls/listbox.h"
 #include "platform/qt/control_view.h"
@@ -25,6 +26,8 @@ class ListboxView : public QTableView, public ControlView {
     void syncHeading();
     void syncColumns();
     void syncSelection();
+    // Has those cells in sight painted whose text is another than at the latest call.
+    void updateCells();
     int selectedRow() const;
     void userSelected();
     void userClickedHeading(int column);
@@ -32,6 +35,9 @@ class ListboxView : public QTableView, public ControlView {
 
     Listbox& model_;
     ListModel rows_;
+    // Texts in sight, row by row from firstShown_ on.
+    std::vector<QString> shown_;
+    int firstShown_ = -1;
     bool syncing_ = false;
     bool sortedByUser_ = false;
 };
