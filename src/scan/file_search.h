@@ -27,8 +27,9 @@ class FileSearch {
                 Matcher::Hits& hits);
 
   private:
-    bool searchOpen(int descriptor, const Matcher& matcher, const std::function<bool()>& cancelled,
-                    Matcher::Hits& hits);
+    // `length` is what there is to search, or -1 if that is to be asked when it matters.
+    bool searchOpen(int descriptor, int64_t length, const Matcher& matcher,
+                    const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
     std::vector<char> buffer_;
 };

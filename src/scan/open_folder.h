@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <string>
@@ -13,7 +14,11 @@ class OpenFolder {
     // Where the system won't open it, its files are reached by their whole paths.
     explicit OpenFolder(std::string path)
         : path_(std::move(path)),
-          descriptor_(open(path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {}
+          descriptor_(open(path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
+        struct statfs facts;
+        lengthsAreReal_ =
+            descriptor_ >= 0 && fstatfs(descriptor_, &facts) == 0 && facts.f_blocks > 0;
+    }
     ~OpenFolder() {
         if (descriptor_ >= 0) close(descriptor_);
     }
@@ -21,6 +26,9 @@ class OpenFolder {
     OpenFolder& operator=(const OpenFolder&) = delete;
 
     const std::string& path() const { return path_; }
+    // Whether a file that has bytes says so. Those that the kernel makes up as they are read have a
+    // length of 0, on file systems that take no room.
+    bool lengthsAreReal() const { return lengthsAreReal_; }
     // What the system calls take for a file directly in this folder.
     int descriptor() const { return descriptor_ >= 0 ? descriptor_ : AT_FDCWD; }
     const char* nameOf(const std::string& file) const {
@@ -30,6 +38,7 @@ class OpenFolder {
   private:
     const std::string path_;
     const int descriptor_;
+    bool lengthsAreReal_;
 };
 
 }  // namespace bracken
