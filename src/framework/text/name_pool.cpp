@@ -40,7 +40,15 @@ size_t place(uint64_t hash, size_t size) {
 }
 
 bool liesIn(std::string_view part, std::string_view whole) {
+    if (part.size() >= whole.size()) return false;
     return memmem(whole.data(), whole.size(), part.data(), part.size()) != nullptr;
+}
+
+// The last two bytes, or the only one.
+size_t endingOf(std::string_view name) {
+    size_t last = static_cast<unsigned char>(name.back());
+    size_t before = name.size() < 2 ? 0 : static_cast<unsigned char>(name[name.size() - 2]);
+    return before << 8 | last;
 }
 
 const std::vector<uint32_t> none;
@@ -95,6 +103,7 @@ uint32_t NamePool::numberOf(std::string_view name) {
     growGroups();
     addGroups(number);
     if (lower.size() < lengths_.size()) lengths_[lower.size()] = true;
+    endings_[endingOf(lower)] = true;
     return number;
 }
 
@@ -105,7 +114,9 @@ void NamePool::findInside(uint32_t number) {
     for (size_t length = 1; length < std::min(name.size(), lengths_.size()); length++) {
         if (!lengths_[length]) continue;
         for (size_t start = 0; start + length <= name.size(); start++) {
-            uint32_t slot = *slotOf(name.substr(start, length), hashes.of(start, length));
+            std::string_view part = name.substr(start, length);
+            if (!endings_[endingOf(part)]) continue;
+            uint32_t slot = *slotOf(part, hashes.of(start, length));
             if (slot != 0) found.push_back(slot - 1);
         }
     }

@@ -46,6 +46,8 @@ class NamePool {
     std::vector<uint32_t> slots_;
     // Which lengths occur, up to the longest that a file system takes.
     std::array<bool, 256> lengths_{};
+    // Which pairs of bytes names end in: few, since most end in one of a few extensions.
+    std::vector<bool> endings_ = std::vector<bool>(1U << 16);
     // Names by the hashes of the groups at their even places; about as many lists as names.
     std::vector<std::vector<uint32_t>> groups_;
     // For the few names that have any.

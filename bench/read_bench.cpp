@@ -1,0 +1,78 @@
+// What a scan can't do without: walking a folder and reading its files, and nothing else. Prints
+// one line of JSON.
+//
+//     read_bench FOLDER THREADS
+//
+// With 0 threads the folder is walked alone. Made of the system's calls only, none of the program.
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr size_t bufferSize = 256 * 1024;
+
+void walk(const std::string& folder, std::vector<std::string>& files) {
+    DIR* handle = opendir(folder.c_str());
+    if (handle == nullptr) return;
+    while (const dirent* entry = readdir(handle)) {
+        if (std::strcmp(entry->d_name, ".") == 0 || std::strcmp(entry->d_name, "..") == 0) continue;
+        std::string path = folder + '/' + entry->d_name;
+        if (entry->d_type == DT_DIR)
+            walk(path, files);
+        else if (entry->d_type == DT_REG)
+            files.push_back(std::move(path));
+    }
+    closedir(handle);
+}
+
+long long readWhole(const std::string& path, std::vector<char>& buffer) {
+    int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) return 0;
+    long long bytes = 0;
+    for (ssize_t got = 1; got > 0; bytes += got > 0 ? got : 0)
+        got = read(descriptor, buffer.data(), buffer.size());
+    close(descriptor);
+    return bytes;
+}
+
+long long readAll(const std::vector<std::string>& files, int threadCount) {
+    std::atomic<size_t> next{0};
+    std::atomic<long long> bytes{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < threadCount; i++)
+        threads.emplace_back([&] {
+            std::vector<char> buffer(bufferSize);
+            for (size_t at = next++; at < files.size(); at = next++)
+                bytes += readWhole(files[at], buffer);
+        });
+    for (std::thread& thread : threads) thread.join();
+    return bytes;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: read_bench FOLDER THREADS\n");
+        return 1;
+    }
+    auto start = std::chrono::steady_clock::now();
+    std::vector<std::string> files;
+    walk(argv[1], files);
+    long long bytes = readAll(files, std::atoi(argv[2]));
+    std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
+    std::printf("{\"files\":%zu,\"bytes\":%lld,\"milliseconds\":%.1f}\n", files.size(), bytes,
+                took.count());
+    return 0;
+}
