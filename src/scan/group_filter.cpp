@@ -4,6 +4,8 @@
 #include <immintrin.h>
 #endif
 
+#include <bit>
+
 namespace bracken {
 
 void GroupFilter::setPair(int place, int first, int second) {
@@ -51,8 +53,9 @@ namespace {
 // looked up as four bytes, each table in two halves of 16; only the top bit of each byte of a
 // chooser counts, so shifts of 16-bit lanes do.
 template <class Planes>
-__attribute__((target("avx2,bmi,popcnt"), always_inline)) inline __m256i testPair(
-    const Planes& planes, __m256i first, __m256i second) {
+__attribute__((target("avx2"), always_inline)) inline __m256i testPair(const Planes& planes,
+                                                                       __m256i first,
+                                                                       __m256i second) {
     const __m256i bits = _mm256_set1_epi64x(static_cast<long long>(0x8040201008040201ULL));
     const __m256i four = _mm256_set1_epi8(15);
     const __m256i nibbles = _mm256_and_si256(first, four);
@@ -72,16 +75,15 @@ __attribute__((target("avx2,bmi,popcnt"), always_inline)) inline __m256i testPai
     return _mm256_cmpeq_epi8(_mm256_and_si256(row, wanted), wanted);
 }
 
-__attribute__((target("avx2,bmi,popcnt"), always_inline)) inline __m256i loadClasses(
-    const char* text) {
+__attribute__((target("avx2"), always_inline)) inline __m256i loadClasses(const char* text) {
     return _mm256_and_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(text)),
                             _mm256_set1_epi8(GroupFilter::classes - 1));
 }
 
-// Bit i for position i.
+// Bit i for position i of 32.
 template <class Planes>
-__attribute__((target("avx2,bmi,popcnt"), always_inline)) inline uint32_t testBlock(
-    const Planes& planes, const char* text) {
+__attribute__((target("avx2"), always_inline)) inline uint32_t testHalf(const Planes& planes,
+                                                                        const char* text) {
     const __m256i a = loadClasses(text);
     const __m256i b = loadClasses(text + 1);
     const __m256i c = loadClasses(text + 2);
@@ -92,29 +94,82 @@ __attribute__((target("avx2,bmi,popcnt"), always_inline)) inline uint32_t testBl
     return static_cast<uint32_t>(_mm256_movemask_epi8(passed));
 }
 
+// The rows of a place, as bytes: the one for a pair is number 4 * first + second / 8.
+struct WideRows {
+    __m512i low;
+    __m512i high;
+};
+
+__attribute__((target("avx512f,avx512bw,avx512vbmi"), always_inline)) inline __mmask64 testPair(
+    const WideRows& rows, __m512i first, __m512i second) {
+    const __m512i bits = _mm512_set1_epi64(static_cast<long long>(0x8040201008040201ULL));
+    const __m512i byte = _mm512_and_si512(_mm512_srli_epi16(second, 3), _mm512_set1_epi8(3));
+    const __m512i index = _mm512_or_si512(_mm512_slli_epi16(first, 2), byte);
+    const __m512i row = _mm512_permutex2var_epi8(rows.low, index, rows.high);
+    return _mm512_test_epi8_mask(row, _mm512_shuffle_epi8(bits, second));
+}
+
+__attribute__((target("avx512f,avx512bw,avx512vbmi"), always_inline)) inline __m512i
+loadWideClasses(const char* text) {
+    return _mm512_and_si512(_mm512_loadu_si512(text), _mm512_set1_epi8(GroupFilter::classes - 1));
+}
+
+// A mask for each block. They come first, and apart from their use: where the processor guesses
+// wrong how many positions one has, the tests need not wait.
+using Masks = std::array<uint64_t, GroupFilter::mostBlocks>;
+
+__attribute__((always_inline)) inline size_t listPositions(const Masks& masks, size_t blocks,
+                                                           uint32_t* positions) {
+    size_t count = 0;
+    for (size_t i = 0; i < blocks; i++) {
+        uint64_t mask = masks[i];
+        uint32_t* next = positions + count;
+        count += static_cast<size_t>(std::popcount(mask));
+        // Several at a time, and some of no block: how many there are can't be foreseen.
+        do {
+            for (size_t k = 0; k < GroupFilter::excess; k++) {
+                next[k] = static_cast<uint32_t>(i * GroupFilter::block) +
+                          static_cast<uint32_t>(std::countr_zero(mask));
+                mask &= mask - 1;
+            }
+            next += GroupFilter::excess;
+        } while (mask != 0);
+    }
+    return count;
+}
+
 }  // namespace
 
 __attribute__((target("avx2,bmi,popcnt"))) size_t GroupFilter::collectByVectors(
     const char* text, size_t blocks, uint32_t* positions) const {
-    // The masks come first, and apart: where the processor guesses wrong whether one is empty, the
-    // tests need not wait.
-    std::array<uint32_t, mostBlocks> masks;
-    for (size_t i = 0; i < blocks; i++) masks[i] = testBlock(planes_, text + i * block);
-    size_t count = 0;
+    Masks masks;
     for (size_t i = 0; i < blocks; i++) {
-        uint32_t mask = masks[i];
-        uint32_t* next = positions + count;
-        count += static_cast<size_t>(__builtin_popcount(mask));
-        // Several at a time, since how many there are can't be foreseen.
-        do {
-            for (size_t k = 0; k < excess; k++) {
-                next[k] = static_cast<uint32_t>(i * block) + _tzcnt_u32(mask);
-                mask = _blsr_u32(mask);
-            }
-            next += excess;
-        } while (mask != 0);
+        const char* at = text + i * block;
+        masks[i] = testHalf(planes_, at) | uint64_t{testHalf(planes_, at + block / 2)} << 32;
     }
-    return count;
+    return listPositions(masks, blocks, positions);
+}
+
+bool GroupFilter::hasWideVectors() {
+    return hasVectors() && __builtin_cpu_supports("avx512bw") != 0 &&
+           __builtin_cpu_supports("avx512vbmi") != 0;
+}
+
+__attribute__((target("avx512f,avx512bw,avx512vbmi,bmi,popcnt"))) size_t
+GroupFilter::collectByWideVectors(const char* text, size_t blocks, uint32_t* positions) const {
+    WideRows rows[3];
+    for (size_t place = 0; place < 3; place++)
+        rows[place] = {_mm512_load_si512(&rows_[place][0]), _mm512_load_si512(&rows_[place][16])};
+    Masks masks;
+    for (size_t i = 0; i < blocks; i++) {
+        const char* at = text + i * block;
+        const __m512i a = loadWideClasses(at);
+        const __m512i b = loadWideClasses(at + 1);
+        const __m512i c = loadWideClasses(at + 2);
+        const __m512i d = loadWideClasses(at + 3);
+        masks[i] = testPair(rows[0], a, b) & testPair(rows[1], b, c) & testPair(rows[2], c, d);
+    }
+    return listPositions(masks, blocks, positions);
 }
 
 #else
@@ -123,7 +178,16 @@ bool GroupFilter::hasVectors() {
     return false;
 }
 
+bool GroupFilter::hasWideVectors() {
+    return false;
+}
+
 size_t GroupFilter::collectByVectors(const char* text, size_t blocks, uint32_t* positions) const {
+    return collectByBytes(text, blocks, positions);
+}
+
+size_t GroupFilter::collectByWideVectors(const char* text, size_t blocks,
+                                         uint32_t* positions) const {
     return collectByBytes(text, blocks, positions);
 }
 

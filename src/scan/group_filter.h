@@ -15,7 +15,7 @@ class GroupFilter {
     // Number of classes of bytes.
     static constexpr int classes = 32;
     // Positions tested at a time.
-    static constexpr size_t block = 32;
+    static constexpr size_t block = 64;
 
     static int classOf(char byte) { return static_cast<unsigned char>(byte) & (classes - 1); }
 
@@ -27,7 +27,7 @@ class GroupFilter {
     }
 
     // Blocks that `collect` goes through at a time, at most.
-    static constexpr size_t mostBlocks = 64;
+    static constexpr size_t mostBlocks = 32;
     // What `collect` may write beyond the positions that it counts.
     static constexpr size_t excess = 4;
 
@@ -35,6 +35,7 @@ class GroupFilter {
     // order, and gives their number. Reads three bytes behind the last block; `positions` has room
     // for all and `excess` more.
     size_t collect(const char* text, size_t blocks, uint32_t* positions) const {
+        if (wide_) return collectByWideVectors(text, blocks, positions);
         return vectors_ ? collectByVectors(text, blocks, positions)
                         : collectByBytes(text, blocks, positions);
     }
@@ -42,19 +43,23 @@ class GroupFilter {
     // For processors that have AVX2 only.
     size_t collectByVectors(const char* text, size_t blocks, uint32_t* positions) const;
     static bool hasVectors();
+    // For processors that have AVX-512 with look-ups in 128 bytes only.
+    size_t collectByWideVectors(const char* text, size_t blocks, uint32_t* positions) const;
+    static bool hasWideVectors();
 
   private:
     void setPair(int place, int first, int second);
 
     // Bit `second` of rows_[place][first]: the pair may stand there.
-    std::array<std::array<uint32_t, classes>, 3> rows_{};
-    // The same, for the vector code: byte g of a row apart, twice for the two halves of a register.
+    alignas(64) std::array<std::array<uint32_t, classes>, 3> rows_{};
+    // The same, for AVX2: byte g of a row apart, twice for the two halves of a register.
     struct alignas(32) Plane {
         std::array<uint8_t, 32> low;
         std::array<uint8_t, 32> high;
     };
     std::array<std::array<Plane, 4>, 3> planes_{};
     bool vectors_ = hasVectors();
+    bool wide_ = hasWideVectors();
 };
 
 }  // namespace bracken

@@ -10,17 +10,19 @@ namespace bracken {
 uint64_t classesAt(const char* text);
 
 // The second of the two sieves: which of the positions that the filter let through may be the place
-// of a name, by a hash of the three, four or six bytes there, whichever is the most of what each
-// name has. Without a branch, since which way one went could not be foreseen.
+// of a name, by a hash of the three, four, five or seven bytes there, whichever is the most of what
+// each name has. Without a branch, since which way one went could not be foreseen.
 class GroupSieve {
   public:
     // Bytes hashed, by the kind of group.
-    static constexpr std::array<size_t, 3> lengths = {3, 4, 6};
+    static constexpr std::array<size_t, 4> lengths = {3, 4, 5, 7};
     static constexpr size_t hashBits = 16;
 
     // Which kind of group stands for a name that has so many bytes from its group on, three or
     // more.
-    static size_t kindOf(size_t bytes) { return bytes >= 6 ? 2 : bytes >= 4 ? 1 : 0; }
+    static size_t kindOf(size_t bytes) {
+        return bytes >= 7 ? 3 : bytes >= 5 ? 2 : bytes >= 4 ? 1 : 0;
+    }
     // `hashBits` bits; what stands behind the group's bytes has no part in it.
     static uint32_t hashOf(uint64_t classes, size_t kind) {
         uint64_t group = classes << (64 - 8 * lengths[kind]);

@@ -16,7 +16,7 @@ namespace bracken {
 // gives a position. Immutable once made, so any number of threads may search with it at a time.
 //
 // Each name of three bytes or more is represented by a group of four of its bytes (three for a name
-// of three), chosen where it is rare; a filter tells where such a group may begin, 32 positions at
+// of three), chosen where it is rare; a filter tells where such a group may begin, 64 positions at
 // a time, a sieve looks closer at those, and names are compared only where both let a position
 // pass. Names of one and two bytes are looked up in a pass of their own.
 class Matcher {

@@ -63,10 +63,10 @@ struct ListRow::Cell {
     std::string_view text() const { return {bytes.data(), bytes.size()}; }
     void append(std::string_view more) {
         size_t size = bytes.size() + more.size();
-        // Twice as much while it is small, a quarter more then.
+        // Twice as much while it is small, half as much more then.
         constexpr size_t small = 256;
         if (size > bytes.capacity())
-            bytes.reserve(size + (size < small ? size : std::max(size / 4, small)));
+            bytes.reserve(size + (size < small ? size : std::max(size / 2, small)));
         bytes.insert(bytes.end(), more.begin(), more.end());
     }
 };
