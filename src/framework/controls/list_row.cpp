@@ -6,6 +6,8 @@
 #include <cstring>
 #include <utility>
 
+#include "framework/text/byte_buffer.h"
+
 namespace bracken {
 
 // A packed row's block: one byte W, the size of the numbers in it; the number of cells; for each
@@ -52,23 +54,12 @@ struct Packed {
 
 }  // namespace
 
-// A buffer that grows with little to spare.
 struct ListRow::Cell {
-    std::vector<char> bytes;
+    ByteBuffer bytes;
     std::unique_ptr<CellNames> names;
 
     Cell() = default;
-    explicit Cell(std::string_view text) : bytes(text.begin(), text.end()) {}
-
-    std::string_view text() const { return {bytes.data(), bytes.size()}; }
-    void append(std::string_view more) {
-        size_t size = bytes.size() + more.size();
-        // Twice as much while it is small, half as much more then.
-        constexpr size_t small = 256;
-        if (size > bytes.capacity())
-            bytes.reserve(size + (size < small ? size : std::max(size / 2, small)));
-        bytes.insert(bytes.end(), more.begin(), more.end());
-    }
+    explicit Cell(std::string_view text) : bytes(text) {}
 };
 
 ListRow::ListRow(const std::vector<std::string_view>& cells) {
@@ -95,7 +86,7 @@ ListRow::Cells* ListRow::cells() const {
 std::string_view ListRow::text(size_t column) const {
     const Cells* own = cells();
     if (own == nullptr) return Packed{block_.get()}.text(column);
-    return column < own->size() ? (*own)[column].text() : std::string_view();
+    return column < own->size() ? (*own)[column].bytes.text() : std::string_view();
 }
 
 std::vector<std::string_view> ListRow::texts() const {
@@ -156,7 +147,7 @@ void ListRow::set(size_t column, std::string_view text) {
 
 void ListRow::append(size_t column, std::string_view text) {
     if (cells() == nullptr) unpack();
-    cell(column).append(text);
+    cell(column).bytes.append(text);
 }
 
 }  // namespace bracken
