@@ -30,15 +30,14 @@ ENVIRONMENT = {**os.environ, "LC_ALL": "C", "QT_QPA_PLATFORM": "offscreen"}
 RELATION = ["awk", "{ key = tolower($0) } !(key in seen) { seen[key]; print }"]
 
 
-def wall_time(command, piped_to=None):
-    """Milliseconds; what it prints is thrown away."""
+def wall_time(command, reader=("cat",)):
+    """Milliseconds with `reader` at the end of a pipe: into the void some tools stop at a hit."""
     start = time.perf_counter()
-    first = subprocess.Popen(command, env=ENVIRONMENT, stderr=subprocess.DEVNULL,
-                             stdout=subprocess.PIPE if piped_to else subprocess.DEVNULL)
-    if piped_to:
-        subprocess.run(piped_to, stdin=first.stdout, stdout=subprocess.DEVNULL, env=ENVIRONMENT)
-        first.stdout.close()
-    first.wait()
+    tool = subprocess.Popen(command, env=ENVIRONMENT, stderr=subprocess.DEVNULL,
+                            stdout=subprocess.PIPE)
+    subprocess.run(reader, stdin=tool.stdout, stdout=subprocess.DEVNULL, env=ENVIRONMENT)
+    tool.stdout.close()
+    tool.wait()
     return (time.perf_counter() - start) * 1000
 
 
