@@ -35,7 +35,7 @@ class Maker {
 
     size_t below(size_t limit) { return random_() % limit; }
     std::string bytes(size_t length) {
-        static const std::string letters("abAB_aab@[`{!\0\xff\xe1zZ", 18);
+        static const std::string letters("abAB_aab@[`{!\0\xff\xe1zZmtKT", 22);
         std::string made;
         while (made.size() < length) made += letters[below(letters.size())];
         return made;
