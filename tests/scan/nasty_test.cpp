@@ -130,10 +130,10 @@ class Nasty : public testing::Test, protected test::Results {
 };
 
 TEST_F(Nasty, FilesHoldWhatAPlainSearchFinds) {
-    for (size_t count : {1U, 2U, 60U, 60U, 300U, 5000U}) {
+    for (size_t count : {1U, 60U, 300U, 5000U}) {
         const Strings names = make_.names(count + 1);
-        for (size_t size : {0U, 1U, 31U, 33U, 2047U, 2055U, 2057U, 4095U, 4096U, 4097U, 262143U,
-                            262144U, 262145U, 790000U}) {
+        for (size_t size : {0U, 1U, 31U, 33U, 2047U, 2055U, 2057U, 4095U, 4096U, 4097U, 262144U,
+                            262145U, 790000U}) {
             if (size > 5000 && count > 60) continue;
             const std::string text = make_.text(size, names);
             const std::string path = folder.write("a.php", text);
