@@ -1,5 +1,7 @@
 #include "plist/reader.h"
 
+#include <utility>
+
 #include "framework/text/text.h"
 #include "plist/brackets.h"
 
@@ -17,8 +19,10 @@ bool isContainer(std::string_view type) {
 
 }  // namespace
 
-Reader::Level::Level(plistDict& levelNode)
-    : node(levelNode), endTag(levelNode.isArray ? "</array>" : "</dict>") {}
+Reader::Level::Level(plistDict& levelNode, Ref<plistDict> kept)
+    : node(levelNode),
+      keptNode(std::move(kept)),
+      endTag(levelNode.isArray ? "</array>" : "</dict>") {}
 
 void Reader::read(plistDict& node) {
     levels_.emplace(node);
@@ -146,7 +150,7 @@ void Reader::beginChild(Level& level) {
                level.node.rootClass, false);
     // An empty dictionary's line must not end this node.
     if (level.selfClosed && equal(level.type, "dict")) level.current = {};
-    if (populate) levels_.emplace(*node);
+    if (populate) levels_.emplace(*node, node);
 }
 
 void Reader::storeBoolean(Level& level, const char* value) {

@@ -24,9 +24,11 @@ class Reader {
     // Reading of one node. `current` is the field in hand, a piece of `line`, and stays what the
     // last field left of it while the next line is read.
     struct Level {
-        explicit Level(plistDict& levelNode);
+        explicit Level(plistDict& levelNode, Ref<plistDict> kept = nullptr);
 
         plistDict& node;
+        // A list without its element zero takes a node for that one, and drops it.
+        Ref<plistDict> keptNode;
         std::string_view endTag;
         std::string line;
         size_t nextField = 0;

@@ -124,6 +124,17 @@ TEST(Reader, CountsTheClosingLineOfAnArray) {
     EXPECT_EQ(array->parent.lock(), root.shared());
 }
 
+TEST(Reader, ReadsOnBelowAListWithoutItsElementZero) {
+    auto node = make<plistDict>();
+    node->children.removeAt(0);
+    node->Load(make<TextInputStream>(std::string("<key>a</key>\n<dict>\n<key>b</key>\n"
+                                                 "<string>lost</string>\n</dict>\n"
+                                                 "<key>c</key>\n<string>kept</string>\n")),
+               "root", false, {}, nullptr, true);
+    EXPECT_EQ(node->children.upperBound(), 0);
+    EXPECT_EQ(node->values.Value("c"), "kept");
+}
+
 class Depth : public test::StoreTest {
   protected:
     // So many containers, each within the one before, dictionaries and arrays in turn, and a value.
