@@ -157,8 +157,7 @@ TEST_F(Nasty, ANameIsFoundOverEveryEdge) {
     }
 }
 
-TEST_F(Nasty, BothFiltersLetTheSamePositionsThrough) {
-    if (!GroupFilter::hasVectors()) GTEST_SKIP() << "no vectors here";
+TEST_F(Nasty, AllFiltersLetTheSamePositionsThrough) {
     constexpr size_t blocks = GroupFilter::mostBlocks;
     for (size_t count : {0U, 1U, 20U, 400U}) {
         GroupFilter filter;
@@ -168,11 +167,16 @@ TEST_F(Nasty, BothFiltersLetTheSamePositionsThrough) {
             std::string text = make_.bytes(blocks * GroupFilter::block + 3);
             if (odd)
                 for (char& c : text) c = static_cast<char>(make_.below(256));
-            std::vector<uint32_t> vectors(text.size() + GroupFilter::excess);
-            std::vector<uint32_t> bytes(vectors.size());
-            vectors.resize(filter.collectByVectors(text.data(), blocks, vectors.data()));
-            bytes.resize(filter.collectByBytes(text.data(), blocks, bytes.data()));
-            ASSERT_EQ(vectors, bytes) << count;
+            auto positionsBy = [&](auto collect) {
+                std::vector<uint32_t> positions(text.size() + GroupFilter::excess);
+                positions.resize((filter.*collect)(text.data(), blocks, positions.data()));
+                return positions;
+            };
+            const auto bytes = positionsBy(&GroupFilter::collectByBytes);
+            if (GroupFilter::hasVectors())
+                ASSERT_EQ(positionsBy(&GroupFilter::collectByVectors), bytes) << count;
+            if (GroupFilter::hasWideVectors())
+                ASSERT_EQ(positionsBy(&GroupFilter::collectByWideVectors), bytes) << count;
         }
     }
 }
