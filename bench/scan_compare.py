@@ -4,8 +4,8 @@
     scan_compare.py BIN_FOLDER WORK_FOLDER
 
 BIN_FOLDER holds the benches. In WORK_FOLDER are "packages", the unpacked mediawiki and cacti, and
-whatever is made here. Everything is timed in one run with the files in the cache: once unmeasured,
-then five times, of which the median counts. Prints tables of Markdown.
+whatever is made here. Everything is timed in one run with the files in the cache, five times, of which
+the median counts. Prints tables of Markdown.
 """
 
 import json
@@ -47,7 +47,6 @@ def told(command):
 
 
 def median(measure):
-    measure()
     return statistics.median(measure() for _ in range(RUNS))
 
 
