@@ -173,10 +173,12 @@ TEST_F(Nasty, AllFiltersLetTheSamePositionsThrough) {
                 return positions;
             };
             const auto bytes = positionsBy(&GroupFilter::collectByBytes);
-            if (GroupFilter::hasVectors())
+            if (GroupFilter::hasVectors()) {
                 ASSERT_EQ(positionsBy(&GroupFilter::collectByVectors), bytes) << count;
-            if (GroupFilter::hasWideVectors())
+            }
+            if (GroupFilter::hasWideVectors()) {
                 ASSERT_EQ(positionsBy(&GroupFilter::collectByWideVectors), bytes) << count;
+            }
         }
     }
 }
