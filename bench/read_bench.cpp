@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr size_t bufferSize = 256 * 1024;
+constexpr size_t bufferSize = size_t{256} * 1024;
 
 void walk(const std::string& folder, std::vector<std::string>& files) {
     DIR* handle = opendir(folder.c_str());

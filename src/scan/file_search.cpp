@@ -14,7 +14,7 @@ namespace bracken {
 namespace {
 
 // Bytes read at a time: few calls, and the piece is still in the cache when it is searched.
-constexpr int64_t pieceSize = 256 * 1024;
+constexpr int64_t pieceSize = int64_t{256} * 1024;
 // Of a file that ends within the first piece the length need not be asked: it costs as much as a
 // quarter of the rest.
 constexpr int64_t unasked = -1;

@@ -56,16 +56,15 @@ std::unique_ptr<ReplacingFile> openForReplacing(const std::string& path, mode_t 
 // breaks off. Of -1 there are none.
 template <class Take>
 bool readAll(int descriptor, const Take& take) {
+    if (descriptor < 0) return true;
     char block[64 * 1024];
     ssize_t got = 0;
-    while (descriptor >= 0) {
+    do {
         got = read(descriptor, block, sizeof block);
-        if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) break;
-        take(std::string_view(block, static_cast<size_t>(got)));
-    }
+        if (got > 0) take(std::string_view(block, static_cast<size_t>(got)));
+    } while (got > 0 || (got < 0 && errno == EINTR));
     const int error = errno;
-    if (descriptor >= 0) close(descriptor);
+    close(descriptor);
     errno = error;
     return got == 0;
 }
