@@ -76,12 +76,23 @@ TEST(SpecialFolder, DocumentsAreWhereTheDesktopNotedThem) {
 
 TEST(Shell, WaitsAndFindsCommandsBesideTheProgramFirst) {
     const TempFolder folder;
-    const std::string out = folder.path("it's \"out\"");
-    const std::string program = fs::canonical("/proc/self/exe").parent_path().string();
-    Shell().Execute("printf '%s\\n' \"$PATH\" > " + FolderItem(out).ShellPath());
-    EXPECT_EQ(folder.read("it's \"out\""), program + ":" + std::getenv("PATH") + "\n");
+    const fs::path program = fs::canonical("/proc/self/exe");
+    const std::string name = program.filename();
+    fs::permissions(folder.write("elsewhere/" + name, "#!/bin/sh\n"), fs::perms::owner_all);
+    const Variable path("PATH", folder.path("elsewhere") + ":" + std::getenv("PATH"));
+    const auto quoted = [&](const char* file) { return FolderItem(folder.path(file)).ShellPath(); };
+    Shell().Execute("[ \"$(command -v " + name + ")\" -ef " + FolderItem(program).ShellPath() +
+                    " ] && printf %s \"$PATH\" > " + quoted("it's \"out\""));
+    EXPECT_TRUE(folder.read("it's \"out\"").ends_with(":" + std::string(std::getenv("PATH"))));
     Shell().Execute("exit 3");
     Shell().Execute("no-such-command-at-all 2> /dev/null");
+
+    // Once more, from a folder whose path can't be a piece of another.
+    if (program.string().find(':') != std::string::npos) return;
+    fs::copy_file(program, fs::path(folder.makeFolder("a:b")) / name);
+    Shell().Execute(quoted("a:b") + "/" + name + " --gtest_filter=Shell.* > /dev/null && touch " +
+                    quoted("passed"));
+    EXPECT_TRUE(fs::exists(folder.path("passed")));
 }
 
 }  // namespace

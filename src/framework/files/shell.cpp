@@ -1,5 +1,6 @@
 #include "framework/files/shell.h"
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,27 +14,36 @@ namespace bracken {
 
 namespace {
 
-std::string programFolder() {
+// A descriptor, -1 if the folder can't be told.
+int openProgramFolder() {
     char path[PATH_MAX];
     const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
-    return length > 0 ? parentPath(std::string(path, static_cast<size_t>(length))) : "";
+    if (length <= 0) return -1;
+    const std::string folder = parentPath(std::string(path, static_cast<size_t>(length)));
+    return open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
 }
 
 }  // namespace
 
 void Shell::Execute(const std::string& command) {
-    // The shell itself extends the path: this process's environment is shared by its threads. An
-    // empty piece of a path would mean the current folder.
-    std::string run = "[ -z \"$1\" ] || PATH=\"$1${PATH:+:$PATH}\"; export PATH; eval \"$2\"";
+    // The shell itself extends the path: this process's environment is shared by its threads. The
+    // folder goes there by a descriptor of the shell's, since its own path may hold a colon.
+    constexpr int descriptor = 9;
+    std::string run = R"(PATH="/proc/self/fd/9${PATH:+:$PATH}"; export PATH; eval "$1")";
     std::string name = "sh";
     std::string option = "-c";
-    std::string folder = programFolder();
     std::string text = command;
-    char* const arguments[] = {name.data(),   option.data(), run.data(), name.data(),
-                               folder.data(), text.data(),   nullptr};
+    char* const arguments[] = {name.data(), option.data(), run.data(),
+                               name.data(), text.data(),   nullptr};
+    const int folder = openProgramFolder();
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    if (folder >= 0) posix_spawn_file_actions_adddup2(&actions, folder, descriptor);
     pid_t child = 0;
-    if (posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ) != 0) return;
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
+    const bool spawned = posix_spawn(&child, "/bin/sh", &actions, nullptr, arguments, environ) == 0;
+    posix_spawn_file_actions_destroy(&actions);
+    if (folder >= 0) close(folder);
+    while (spawned && waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
 }
 
 }  // namespace bracken
