@@ -161,6 +161,10 @@ TEST(Numbers, FromText) {
     }
     EXPECT_GT(CDbl("1e999"), 1e300);
     EXPECT_LT(CDbl("-1e999"), -1e300);
+    const std::string zeros(5000, '0');
+    EXPECT_EQ(CDbl(zeros + "2"), 2);
+    EXPECT_EQ(CDbl("0." + zeros + "1"), 0);
+    EXPECT_GT(CDbl("0." + zeros + "1e9999"), 1e300);
 }
 
 TEST(Numbers, SaturateAsInt32) {

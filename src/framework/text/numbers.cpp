@@ -2,6 +2,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
 
 #include "framework/text/text.h"
 
@@ -47,14 +49,14 @@ size_t numberLength(std::string_view text) {
 // zero.
 double parseNumber(std::string_view text) {
     if (text[0] == '+') text.remove_prefix(1);
-    const char* end = text.data() + text.size();
     double value = 0;
-    if (std::from_chars(text.data(), end, value).ec == std::errc()) return value;
-    long double wide = 0;
-    if (std::from_chars(text.data(), end, wide).ec == std::errc()) return static_cast<double>(wide);
-    if (InStr(text, "e-") > 0) return 0;
-    const double infinity = std::numeric_limits<double>::infinity();
-    return text[0] == '-' ? -infinity : infinity;
+    const std::errc error = std::from_chars(text.data(), text.data() + text.size(), value).ec;
+    if (error == std::errc()) return value;
+    // Too large or too small: a stream tells which.
+    std::istringstream stream{std::string(text)};
+    stream.imbue(std::locale::classic());
+    stream >> value;
+    return stream.fail() ? std::copysign(std::numeric_limits<double>::infinity(), value) : value;
 }
 
 double parseHexadecimal(std::string_view digits) {
