@@ -31,7 +31,7 @@ const std::string& element(const std::vector<std::string>& list, int32_t i) {
 
 void storeRow(plistDict& elements, Listbox& listbox, int row) {
     if (listbox.ColumnCount <= 1) {
-        elements.AppendString(listbox.Cell(row, 0));
+        elements.AppendString(listbox.List(row));
         return;
     }
     elements.AppendArray();
@@ -117,11 +117,13 @@ void plistDict::AppendPopup(PopupMenu* popup) {
 
 void plistDict::SetList(std::string_view key, const std::vector<std::string>& list, int32_t first,
                         int32_t last) {
-    if (Exists(key)) Remove(std::string(key));
+    // The tree may hold the key's text itself, and lets it go with the key.
+    const std::string own(key);
+    if (Exists(own)) Remove(own);
     limitBounds(list, first, last);
-    if (!AddArray(key)) return;
-    searched.Value(key, false);
-    for (int32_t i = first; i <= last; ++i) child(key)->AppendString(element(list, i));
+    if (!AddArray(own)) return;
+    searched.Value(own, false);
+    for (int32_t i = first; i <= last; ++i) child(own)->AppendString(element(list, i));
 }
 
 void plistDict::GetList(std::string_view key, std::vector<std::string>& list, int32_t base) {

@@ -56,6 +56,8 @@ class Listbox : public RectControl {
     // The row added last.
     int LastIndex() const { return lastIndex_; }
     CellRef Cell(int row, int column) { return {*this, row, column}; }
+    // Column 0 of a row.
+    std::string List(int row) const { return std::string(cellText(row, 0)); }
     // Column 0 of the selected row, "" with none.
     std::string Text() const;
     void AddRow(std::string_view text);
