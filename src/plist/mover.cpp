@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/text/text.h"
+#include "plist/tags.h"
 
 namespace bracken {
 
@@ -64,10 +65,6 @@ constexpr ScalarCopy scalarCopies[] = {
     {"string", copyString},   {"boolean", copyBoolean}, {"real", copyReal},
     {"integer", copyInteger}, {"data", copyData},       {"date", copyDate},
 };
-
-bool isContainer(std::string_view tag) {
-    return equal(tag, "dict") || equal(tag, "array");
-}
 
 // Whether a copy appended to an array is copied again when the array is copied on: a "real" becomes
 // a "double".
@@ -164,8 +161,10 @@ void Mover::copyLevels() {
 
 void plistDict::Move(const std::string& key, const Ref<plistDict>& destination, bool remove,
                      const std::string& newName) {
-    const bool copied = Mover().copy(*this, key, destination, newName.empty() ? key : newName);
-    if (copied && remove) Remove(key);
+    // The tree may hold the text itself, and lets it go as it changes.
+    const std::string from = key;
+    const bool copied = Mover().copy(*this, from, destination, newName.empty() ? from : newName);
+    if (copied && remove) Remove(from);
 }
 
 void plistDict::Move(const std::string& key, const Ref<plistDict>& destination) {

@@ -3,6 +3,7 @@
 #include "framework/dialogs/dialogs.h"
 #include "framework/text/text.h"
 #include "plist/plist.h"
+#include "plist/tags.h"
 
 namespace bracken {
 
@@ -39,7 +40,7 @@ void plistDict::SetError(bool flag, const std::string& message) {
 
 bool plistDict::TypeOK(std::string_view key) {
     const std::string& tag = types.Value(key);
-    if (!equal(tag, "dict") && !equal(tag, "array")) return true;
+    if (!isContainer(tag)) return true;
     SetError(true, "Illegal Type: " + std::string(key) + " is a " + tag);
     return false;
 }

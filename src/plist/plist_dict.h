@@ -196,7 +196,7 @@ class plistDict : public std::enable_shared_from_this<plistDict> {
     virtual void SetRadio(const RadioButton* button);
     virtual void GetRadio(RadioButton* button);
     // The names from the root down, each behind a colon. NilObjectException on the root itself and
-    // where no node above is named "root".
+    // where no node above is named "root"; `path` then holds the names that there are.
     virtual std::string AbsolutePath();
     // Copies a key into `destination`, under `newName` unless that is empty, and with `remove`
     // removes it here. A container arrives as a dictionary; it merges into one that is there.

@@ -1,15 +1,8 @@
 #include "framework/text/text.h"
 #include "plist/plist_dict.h"
+#include "plist/tags.h"
 
 namespace bracken {
-
-namespace {
-
-bool isContainer(std::string_view tag) {
-    return equal(tag, "dict") || equal(tag, "array");
-}
-
-}  // namespace
 
 void plistDict::AppendDict() {
     if (!CheckArray()) return;
@@ -72,20 +65,19 @@ std::string plistDict::AbsolutePath() {
     return path;
 }
 
-// From the node up to the root, in front of `text`.
+// From the node up to the root, or as far up as there are nodes, in front of `text`.
 void plistDict::BuildPath(const plistDict* node, const std::string& text) {
     std::vector<std::string> names;
-    std::shared_ptr<plistDict> above;
-    for (;; node = above.get()) {
-        if (node == nullptr) throw NilObjectException("No root above " + name);
-        names.push_back(":" + node->name);
-        if (equal(node->name, "root")) break;
+    bool isComplete = false;
+    for (std::shared_ptr<plistDict> above; node != nullptr && !isComplete; node = above.get()) {
+        isComplete = equal(node->name, "root");
+        names.push_back(":" + (isComplete ? "root" : node->name));
         above = node->parent.lock();
     }
-    names.back() = ":root";
     std::string whole;
     for (auto part = names.rbegin(); part != names.rend(); ++part) whole += *part;
     path = whole + text;
+    if (!isComplete) throw NilObjectException("No root above " + name);
 }
 
 }  // namespace bracken

@@ -2,6 +2,7 @@
 
 #include "framework/text/text.h"
 #include "plist/plist.h"
+#include "plist/tags.h"
 
 namespace bracken {
 
@@ -23,8 +24,7 @@ bool walk(const Ref<plistDict>& top, const Visit& visit) {
             if (!path.empty()) path.back()->MoveNext();
             continue;
         }
-        const std::string tag = node->GetType(key);
-        if (equal(tag, "dict") || equal(tag, "array")) {
+        if (isContainer(node->GetType(key))) {
             path.push_back(node->child(key));
             path.back()->MoveFirst();
             continue;

@@ -4,6 +4,7 @@
 
 #include "framework/text/text.h"
 #include "plist/brackets.h"
+#include "plist/tags.h"
 
 namespace bracken {
 
@@ -11,10 +12,6 @@ namespace {
 
 bool startsWith(std::string_view text, std::string_view start) {
     return equal(text.substr(0, start.size()), start);
-}
-
-bool isContainer(std::string_view type) {
-    return equal(type, "dict") || equal(type, "array");
 }
 
 }  // namespace

@@ -232,6 +232,8 @@ constexpr Operation<P> operations[] = {
     {"Copy", [](P& p) { p.at.Move(p.s.key, p.to, false, ""); }},
     {"Rename", [](P& p) { p.at.Rename(p.s.key, p.s.other); }},
     {"AbsolutePath", [](P& p) { p.tell(p.at.AbsolutePath()); }},
+    {"name", [](P& p) { p.at.name = p.s.other; }},
+    {"rootClass", [](P& p) { p.at.rootClass = nullptr; }},
     {"MoveFirst", [](P& p) { p.at.MoveFirst(); }},
     {"MoveNext", [](P& p) { p.at.MoveNext(); }},
     {"MoveLast", [](P& p) { p.at.MoveLast(); }},
