@@ -50,8 +50,7 @@ void SplitterWindow::placeGroup() {
     first.place(235, 150, 180, 20);
     second.place(235, 175, 180, 20);
     for (RectControl* control :
-         {static_cast<RectControl*>(&field), static_cast<RectControl*>(&popup),
-          static_cast<RectControl*>(&first), static_cast<RectControl*>(&second)})
+         std::initializer_list<RectControl*>{&field, &popup, &first, &second})
         control->Parent = &group;
     field.Text = "a field";
     popup.AddRow("a popup menu");

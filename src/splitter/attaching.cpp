@@ -84,7 +84,7 @@ void SmartSplitter::attach(RectControl* control) {
     entry.minSizeVisible = suggestMinSizeControlShouldBeVisible(*control);
     entry.size = static_cast<int>(axis().extent(*control));
     entry.behind = axis().position(*control) < here();
-    chooseRole(entry, control->Parent != nullptr && isAttached(control->Parent));
+    chooseRole(entry, isAttached(control->Parent));
     attached.push_back(entry);
     raiseOffset(entry);
     if (!doNotAttachEmbeddedControls && controlCommonlyHasEmbeddedControls(*control))
@@ -99,8 +99,8 @@ void SmartSplitter::chooseRole(Attached& entry, bool parentAttached) {
     bool suggested = suggestWhetherControlShouldResize(control);
     if (entry.behind) {
         entry.shouldResize =
-            suggested && (!parentAttached || isNear(axis().farEdge(present(control.Parent)) -
-                                                    axis().farEdge(control)));
+            suggested &&
+            (!parentAttached || isNear(axis().farEdge(*control.Parent) - axis().farEdge(control)));
         setMinAttachedControl(&control, true);
     } else {
         entry.shouldResize = suggested && !parentAttached;
@@ -144,7 +144,7 @@ void SmartSplitter::setMinAttachedControl(RectControl* control, bool onlyIfFurth
 }
 
 void SmartSplitter::unAttach(RectControl* control, bool silently) {
-    int index = control == nullptr ? -1 : indexOf(control);
+    int index = indexOf(control);
     if (index < 0) {
         if (!silently) warningForControlNotAttached(control, "unAttach");
         return;

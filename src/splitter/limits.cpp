@@ -3,7 +3,6 @@
 #include "framework/dialogs/dialogs.h"
 #include "framework/text/end_of_line.h"
 #include "framework/text/text.h"
-#include "splitter/limit_sentinel.h"
 #include "splitter/smart_splitter.h"
 
 namespace bracken {
@@ -125,7 +124,7 @@ void SmartSplitter::followMove(int distance, bool behaving) {
     if (Moved) Moved(distance);
 }
 
-// Not a number when the range is empty.
+// Not finite when the range is empty.
 double SmartSplitter::share(int64_t reached) const {
     return static_cast<double>(reached - proportionMin) /
            static_cast<double>(int64_t{proportionMax} - proportionMin);

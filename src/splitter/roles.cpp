@@ -6,7 +6,7 @@ namespace bracken {
 
 bool SmartSplitter::changeAttached(RectControl* control, const char* operation,
                                    const std::function<void(Attached&)>& change) {
-    int index = control == nullptr ? -1 : indexOf(control);
+    int index = indexOf(control);
     if (index < 0) {
         warningForControlNotAttached(control, operation);
         return false;

@@ -4,7 +4,6 @@
 
 #include "framework/controls/tab_panel.h"
 #include "splitter/canvas_smart_splitter_debugger.h"
-#include "splitter/limit_sentinel.h"
 
 namespace bracken {
 

@@ -161,12 +161,17 @@ class SmartSplitter : public Canvas {
         int64_t position;
         int64_t extent;
     };
-    // Whether the last move snapped to an end, by end.
+    // What a move asks of one end of the range.
     struct End {
         bool isMin;
+        // Kept from move to move: whether the last one snapped to the limit.
         bool& snapped;
+        // Whether it stops at the zone instead.
         bool stops;
     };
+
+    // Stands in MinLimit until the limit has been found; taken for 0 from then on.
+    static constexpr int limitNotDerived = 9999;
 
     // The control, or NilObjectException.
     static RectControl& present(RectControl* control);
@@ -184,7 +189,7 @@ class SmartSplitter : public Canvas {
     bool touches(const RectControl& control) const;
     bool sharesPageWith(const RectControl& control) const;
     bool isAttached(const RectControl* control) const { return indexOf(control) >= 0; }
-    // -1 if it is not attached.
+    // -1 if it is not attached, as null is.
     int indexOf(const RectControl* control) const;
     // What a control is taken for, by its class, locks and scroll bars: the rules that spare a
     // window's author from saying anything. Sizes are pixels along the axis.

@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "framework/controls/check_box.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/group_box.h"
@@ -27,20 +29,17 @@ bool isSplitterAlong(const RectControl& control, bool vertical) {
     return isOneOf<SmartSplitter>(control) && (control.Width < control.Height) == vertical;
 }
 
-bool fieldOffset(const EditField& field, bool vertical, int& offset) {
-    if (vertical)
-        offset = field.ScrollBarVertical ? 80 : 60;
-    else if (field.MultiLine && field.ScrollBarHorizontal)
-        offset = 46;
-    else
-        return false;
-    return true;
-}
-
-bool listOffset(const Listbox& list, bool vertical, int& offset) {
-    if (!vertical && !list.ScrollbarHorizontal) return false;
-    offset = vertical ? 86 : 66;
-    return true;
+// What scroll bars ask for; nothing where other rules decide.
+std::optional<int> scrolledOffset(const RectControl& control, bool vertical) {
+    if (auto* list = dynamic_cast<const Listbox*>(&control)) {
+        if (vertical) return 86;
+        if (list->ScrollbarHorizontal) return 66;
+    }
+    if (auto* field = dynamic_cast<const EditField*>(&control)) {
+        if (vertical) return field->ScrollBarVertical ? 80 : 60;
+        if (field->MultiLine && field->ScrollBarHorizontal) return 46;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -55,16 +54,12 @@ int SmartSplitter::suggestMinSizeControlShouldBeVisible(const RectControl& contr
 }
 
 int SmartSplitter::suggestOffsetSizeForControl(const RectControl& control) const {
-    int offset = 30;
     if (isOneOf<TabPanel>(control)) return 140;
     if (isOneOf<GroupBox, PagePanel>(control)) return 100;
-    auto* list = dynamic_cast<const Listbox*>(&control);
-    if (list != nullptr && listOffset(*list, isVertical, offset)) return offset;
-    auto* field = dynamic_cast<const EditField*>(&control);
-    if (field != nullptr && fieldOffset(*field, isVertical, offset)) return offset;
+    if (auto offset = scrolledOffset(control, isVertical)) return *offset;
     if (isVertical && isOneOf<CheckBox, RadioButton>(control)) return 60;
     if (isVertical && isOneOf<PopupMenu, StaticText>(control)) return 40;
-    return offset;
+    return 30;
 }
 
 bool SmartSplitter::suggestWhetherControlShouldResize(const RectControl& control) const {
