@@ -57,6 +57,26 @@ TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
     EXPECT_TRUE(folder.read("a b.plist").starts_with("bplist00"));
 }
 
+TEST_F(Binary, IdentifiersStayWhatTheyAre) {
+    const auto dictionary = [](const std::string& value) {
+        return "<dict><key>CF$UID</key>" + value + "</dict>";
+    };
+    plist document(binary("<key>l</key><array>" + dictionary("<integer>5</integer>") +
+                          dictionary("<integer>-5</integer>") + dictionary("<true/>") + "</array>"),
+                   nullptr);
+    const std::string before = folder.read("a b.plist");
+    EXPECT_EQ(picture(*document.root),
+              "{l:array[0:dict{CF$UID:integer=5} 1:dict{CF$UID:integer=-5} "
+              "2:dict{CF$UID:boolean=true}]}");
+    document.Save();
+    EXPECT_EQ(folder.read("a b.plist"), before);
+    // Its mark, a length of one byte, and the number.
+    EXPECT_NE(before.find("\x80\x05"), std::string::npos);
+    // The root is never one.
+    binary("<key>CF$UID</key><integer>7</integer>");
+    EXPECT_NE(folder.read("a b.plist").find("CF$UID"), std::string::npos);
+}
+
 TEST_F(Binary, AnEmptyOneOpensToo) {
     plist document(binary(""), nullptr);
     EXPECT_FALSE(document.error);

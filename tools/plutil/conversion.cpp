@@ -5,6 +5,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "tools/plutil/identifiers.h"
+
 namespace bracken::plutil {
 
 namespace {
@@ -20,6 +22,7 @@ Tree parse(const std::string& bytes) {
     plist_t tree = nullptr;
     (isBinary(bytes) ? plist_from_bin : plist_from_xml)(bytes.data(), size, &tree);
     if (tree == nullptr) throw std::runtime_error("not a property list");
+    if (!isBinary(bytes)) restoreIdentifiers(tree);
     return Tree(tree);
 }
 
