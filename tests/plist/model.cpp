@@ -22,46 +22,32 @@ std::string colorText(Color color) {
     return Hex(color.red) + Hex(color.green) + Hex(color.blue);
 }
 
-int32_t hexadecimal(const std::string& digits) {
+int32_t hexadecimal(Text digits) {
     return toInt32(CDbl("&h" + digits));
 }
 
-int32_t field(const std::string& text, const char* separator, int n) {
+int32_t field(Text text, const char* separator, int n) {
     return toInt32(CDbl(NthField(text, separator, n)));
 }
 
-int32_t upperBound(const std::vector<std::string>& list) {
-    return static_cast<int32_t>(list.size()) - 1;
-}
-
-std::pair<int32_t, int32_t> limited(const std::vector<std::string>& list, int32_t first,
-                                    int32_t last) {
-    return {upperBound(list) < first ? 0 : first, std::min(upperBound(list), last)};
-}
-
-std::string element(const std::vector<std::string>& list, int32_t i) {
-    return i >= 0 && i <= upperBound(list) ? list[i] : throw IndexOutOfRangeException();
-}
-
-template <class T>
-void removeAt(std::vector<T>& list, int64_t i) {
-    if (i < 0 || i >= static_cast<int64_t>(list.size())) throw IndexOutOfRangeException();
-    list.erase(list.begin() + i);
+template <class Take>
+void takeElements(const Texts& list, int32_t first, int32_t last, const Take& take) {
+    const auto upperBound = static_cast<int32_t>(list.size()) - 1;
+    for (int32_t i = upperBound < first ? 0 : first; i <= std::min(upperBound, last); ++i) take(i);
 }
 
 }  // namespace
 
-bool isContainer(const std::string& tag) {
+bool isContainer(Text tag) {
     return equal(tag, "dict") || equal(tag, "array");
 }
 
-Document::Document(const std::string& message)
-    : root(std::make_shared<Node>()), errorMessage(message) {
+Document::Document(Text message) : root(make<Node>()), errorMessage(message) {
     root->name = "root";
     root->rootClass = this;
 }
 
-bool Document::Find(const std::string& text) {
+bool Document::Find(Text text) {
     foundDict = nullptr;
     foundKey = foundValue = foundType = "";
     ClearSearch(root);
@@ -69,12 +55,12 @@ bool Document::Find(const std::string& text) {
     return search(root, text);
 }
 
-bool Document::FindNext(const std::string& text) {
+bool Document::FindNext(Text text) {
     if (!equal(text, lastSearch)) ClearSearch(root);
     return search(root, text);
 }
 
-void Document::ClearSearch(const NodeRef& node) {
+void Document::ClearSearch(const Ref<Node>& node) {
     for (node->MoveFirst(); !node->eof; node->MoveNext()) {
         const std::string key = node->CurrentKey();
         if (node->eof) return;
@@ -86,7 +72,7 @@ void Document::ClearSearch(const NodeRef& node) {
     }
 }
 
-bool Document::search(const NodeRef& node, const std::string& text) {
+bool Document::search(const Ref<Node>& node, Text text) {
     for (node->MoveFirst(); !node->eof; node->MoveNext()) {
         const std::string key = node->CurrentKey();
         if (node->eof) return false;
@@ -108,10 +94,15 @@ bool Document::search(const NodeRef& node, const std::string& text) {
     return false;
 }
 
-NodeRef Node::child(const std::string& key) {
-    for (size_t i = 1; i < children.size(); ++i) {
-        if (equal(childrenNames[i], key)) return children[i];
+Ref<Node> Node::childNamed(Text key) const {
+    for (int i = 1; i <= children.upperBound(); ++i) {
+        if (equal(children.name(i), key)) return children.node(i);
     }
+    return nullptr;
+}
+
+Ref<Node> Node::child(Text key) {
+    if (const Ref<Node> known = childNamed(key)) return known;
     const bool refused = Exists(key);
     AddChild(key);
     // It would ask again without end.
@@ -119,21 +110,13 @@ NodeRef Node::child(const std::string& key) {
     return child(key);
 }
 
-NodeRef Node::index(int32_t i) const {
-    for (size_t at = 1; at < children.size(); ++at) {
-        if (equal(childrenNames[at], Str(i))) return children[at];
-    }
-    return nullptr;
-}
-
-bool Node::TypeOK(const std::string& key) {
+bool Node::TypeOK(Text key) {
     const std::string tag = types.Value(key);
-    if (!isContainer(tag)) return true;
-    SetError(true, "Illegal Type: " + key + " is a " + tag);
-    return false;
+    if (isContainer(tag)) SetError(true, "Illegal Type: " + key + " is a " + tag);
+    return !isContainer(tag);
 }
 
-int32_t Node::CheckType(const std::string& key, const std::string& tag) {
+int32_t Node::CheckType(Text key, Text tag) {
     SetError(false, "");
     if (!Exists(key)) return 2;
     if (equal(types.Value(key), tag)) return 1;
@@ -146,78 +129,49 @@ bool Node::CheckArray() {
     return isArray;
 }
 
-void Node::SetError(bool flag, const std::string& message) {
+void Node::SetError(bool flag, Text message) {
     if (rootClass == nullptr) return;
     rootClass->error = flag;
     rootClass->errorMessage = message;
 }
 
-void Node::MoveFirst() {
-    currentIndex = 0;
-    eof = false;
-}
-
-void Node::MoveNext() {
-    if (++currentIndex <= count() - 1) return;
-    currentIndex = 0;
-    eof = true;
-}
-
-void Node::MoveLast() {
-    currentIndex = count() - 1;
+void Node::moveTo(int32_t position, bool atEnd) {
+    currentIndex = position;
+    eof = atEnd;
 }
 
 std::string Node::CurrentKey() {
     if (currentIndex <= count() - 1) return types.Key(currentIndex);
-    eof = true;
-    currentIndex = 0;
+    moveTo(0, true);
     return "";
 }
 
-void Node::put(const std::string& key, const std::string& checked, const std::string& tag,
-               const std::string& value) {
-    if (!checked.empty() && CheckType(key, checked) == 0) return;
+void Node::put(Text key, Text tag, Text value) {
     values.Value(key, value);
     types.Value(key, tag);
     searched.Value(key, false);
 }
 
-void Node::SetString(const std::string& key, const std::string& value) {
-    put(key, "string", "string", value);
+void Node::set(Text key, Text checked, Text tag, Text value) {
+    if (CheckType(key, checked) != 0) put(key, tag, value);
 }
 
-void Node::SetInteger(const std::string& key, double value) {
-    put(key, "integer", "integer", Format(value, "-#"));
-}
-
-void Node::SetBoolean(const std::string& key, bool value) {
-    put(key, "boolean", "boolean", value ? "true" : "false");
+void Node::SetBoolean(Text key, bool value) {
+    set(key, "boolean", "boolean", value ? "true" : "false");
     indexOf = -1;
 }
 
-void Node::SetDouble(const std::string& key, double value) {
-    put(key, "real", "real", Str(value));
+void Node::SetDate(Text key, const Ref<Date>& date) {
+    if (CheckType(key, "date") != 0) put(key, "date", dateText(*date));
 }
 
-void Node::SetReal(const std::string& key, double value) {
-    put(key, "double", "real", Str(value));
-}
-
-void Node::SetData(const std::string& key, const std::string& value) {
-    put(key, "", "data", value);
-}
-
-void Node::SetDate(const std::string& key, const Ref<Date>& date) {
-    if (CheckType(key, "date") != 0) put(key, "", "date", dateText(*date));
-}
-
-void Node::SetColor(const std::string& key, Color color) {
+void Node::SetColor(Text key, Color color) {
     if (CheckType(key, "string") == 0) return;
-    put(key, "", "string", colorText(color));
+    put(key, "string", colorText(color));
     indexOf = -1;
 }
 
-std::string Node::GetValue(const std::string& key, const std::string& missing) {
+std::string Node::GetValue(Text key, Text missing) {
     if (!Exists(key)) SetString(key, missing);
     SetError(false, "");
     if (values.HasKey(key)) return TypeOK(key) ? values.Value(key) : "";
@@ -225,44 +179,36 @@ std::string Node::GetValue(const std::string& key, const std::string& missing) {
     return "";
 }
 
-std::string Node::GetString(const std::string& key, const std::string& missing) {
-    return GetValue(key, missing);
-}
-
-std::string Node::GetData(const std::string& key, const std::string& missing) {
-    return GetValue(key, missing);
-}
-
-double Node::number(const std::string& key) {
+double Node::number(Text key) {
     if (!TypeOK(key)) return 0;
     if (!equal(GetType(key), "date")) return CDbl(GetValue(key, ""));
     SetError(true, "Type Mismatch: " + key + " is a date");
     return -1;
 }
 
-int32_t Node::GetInteger(const std::string& key, int32_t missing) {
+int32_t Node::GetInteger(Text key, int32_t missing) {
     if (!Exists(key)) SetInteger(key, missing);
     return toInt32(number(key));
 }
 
-double Node::GetDouble(const std::string& key, double missing) {
+double Node::GetDouble(Text key, double missing) {
     if (!Exists(key)) SetDouble(key, missing);
     return number(key);
 }
 
-double Node::GetReal(const std::string& key, double missing) {
+double Node::GetReal(Text key, double missing) {
     if (!Exists(key)) SetReal(key, missing);
     return number(key);
 }
 
-bool Node::GetBoolean(const std::string& key, bool missing) {
+bool Node::GetBoolean(Text key, bool missing) {
     if (!Exists(key)) SetBoolean(key, missing);
     if (equal(GetType(key), "boolean")) return equal(GetValue(key, ""), "true");
     SetError(true, "Type Mismatch: " + key + " is a " + GetType(key));
     return false;
 }
 
-Color Node::GetColor(const std::string& key, Color missing) {
+Color Node::GetColor(Text key, Color missing) {
     if (!Exists(key)) SetColor(key, missing);
     if (equal(GetType(key), "string")) {
         const std::string v = GetValue(key, "");
@@ -272,7 +218,7 @@ Color Node::GetColor(const std::string& key, Color missing) {
     return RGB(0, 0, 0);
 }
 
-Ref<Date> Node::GetDate(const std::string& key, const Ref<Date>& missing) {
+Ref<Date> Node::GetDate(Text key, const Ref<Date>& missing) {
     if (!Exists(key)) SetDate(key, missing);
     if (!TypeOK(key)) return nullptr;
     auto date = make<Date>();
@@ -292,7 +238,7 @@ Ref<Date> Node::GetDate(const std::string& key, const Ref<Date>& missing) {
     return date;
 }
 
-void Node::append(const std::string& tag, const std::string& value) {
+void Node::append(Text tag, Text value) {
     if (!CheckArray()) return;
     indexOf = count();
     types.Value(Str(indexOf), tag);
@@ -307,92 +253,66 @@ void Node::AppendColor(Color color) {
     append("string", colorText(color));
 }
 
-void Node::add(const std::string& key, const std::string& tag, const std::string& nodeName) {
-    const auto node = std::make_shared<Node>();
+void Node::addNode(Text key, Text tag, Text nodeName) {
+    const auto node = make<Node>();
     node->name = nodeName;
     node->isArray = tag == "array";
     node->parent = weak_from_this();
     node->rootClass = rootClass;
     types.Value(key, tag);
-    children.push_back(node);
-    childrenNames.push_back(key);
+    children.append(key, node);
 }
 
-void Node::AppendDict() {
+void Node::appendNode(Text tag) {
     if (!CheckArray()) return;
     indexOf = count();
-    add(Str(indexOf), "dict", "");
+    addNode(Str(indexOf), tag, tag == "dict" ? "" : Str(indexOf));
 }
 
-void Node::AppendArray() {
-    if (!CheckArray()) return;
-    indexOf = count();
-    add(Str(indexOf), "array", Str(indexOf));
-}
-
-void Node::AddChild(const std::string& key) {
+bool Node::add(Text key, Text tag, Text word) {
     SetError(false, "");
-    if (Exists(key)) return SetError(true, "Child exists: " + key + " already exists");
-    add(key, "dict", key);
-    searched.Value(key, false);
-}
-
-bool Node::AddArray(const std::string& key) {
-    SetError(false, "");
-    if (Exists(key)) {
-        SetError(true, "Array exists: " + key + " already exists");
-        return false;
+    const bool exists = Exists(key);
+    if (exists) {
+        SetError(true, word + " exists: " + key + " already exists");
+    } else {
+        addNode(key, tag, key);
+        searched.Value(key, false);
     }
-    add(key, "array", key);
-    searched.Value(key, false);
-    return true;
+    return !exists;
 }
 
-void Node::SetList(const std::string& key, const std::vector<std::string>& list, int32_t first,
-                   int32_t last) {
+void Node::SetList(Text key, const Texts& list, int32_t first, int32_t last) {
     if (Exists(key)) Remove(key);
-    std::tie(first, last) = limited(list, first, last);
     if (!AddArray(key)) return;
-    searched.Value(key, false);
-    for (int32_t i = first; i <= last; ++i) child(key)->AppendString(element(list, i));
+    takeElements(list, first, last, [&](int32_t i) { child(key)->AppendString(at(list, i)); });
 }
 
-void Node::GetList(const std::string& key, std::vector<std::string>& list, int32_t base) {
-    std::vector<std::string> read;
-    if (base != 0) read.push_back("");
+void Node::GetList(Text key, Texts& list, int32_t base) {
+    list.assign(base == 0 ? 0 : 1, "");
     const int32_t elements = child(key)->count();
-    for (int32_t i = 0; i < elements; ++i) read.push_back(child(key)->GetString(Str(i), ""));
-    list = read;
+    for (int32_t i = 0; i < elements; ++i) list.push_back(child(key)->GetString(Str(i), ""));
 }
 
-void Node::AppendList(const std::vector<std::string>& list, int32_t first, int32_t last) {
+void Node::AppendList(const Texts& list, int32_t first, int32_t last) {
     if (!CheckArray()) return;
-    std::tie(first, last) = limited(list, first, last);
     AppendArray();
-    for (int32_t i = first; i <= last; ++i) child("-1")->AppendString(element(list, i));
+    takeElements(list, first, last, [&](int32_t i) { child("-1")->AppendString(at(list, i)); });
 }
 
-void Node::Remove(const std::string& key) {
+void Node::Remove(Text key) {
     if (IsNumeric(key)) return Remove(toInt32(CDbl(key)));
     if (values.HasKey(key)) values.Remove(key);
     types.Remove(key);
-    size_t last = 0;
-    for (size_t i = 1; i < childrenNames.size(); ++i) {
-        if (equal(childrenNames[i], key)) last = i;
-    }
-    if (last == 0) return;
-    removeAt(childrenNames, last);
-    removeAt(children, last);
+    int position = children.upperBound();
+    while (position > 0 && !equal(children.name(position), key)) --position;
+    if (position > 0) children.removeAt(position);
 }
 
 void Node::Remove(int32_t i) {
     if (!CheckArray()) return;
     const int32_t last = count() - 1;
     if (i < 0 || i > last) SetError(true, "Subscript out of range");
-    if (isContainer(types.Value(Str(i)))) {
-        removeAt(childrenNames, int64_t{i} + 1);
-        removeAt(children, int64_t{i} + 1);
-    }
+    if (isContainer(types.Value(Str(i)))) children.removeAt(int64_t{i} + 1);
     if (values.HasKey(Str(i))) values.Remove(Str(i));
     types.Remove(Str(i));
     std::string value;
@@ -407,12 +327,11 @@ void Node::Remove(int32_t i) {
     if (values.HasKey(Str(last))) values.Remove(Str(last));
 }
 
-void Node::Move(const std::string& key, const NodeRef& destination, bool remove,
-                const std::string& newName) {
+void Node::Move(Text key, const Ref<Node>& destination, bool remove, Text newName) {
     if (copy(key, destination, newName.empty() ? key : newName, 0) && remove) Remove(key);
 }
 
-bool Node::copy(const std::string& key, const NodeRef& to, const std::string& target, int depth) {
+bool Node::copy(Text key, const Ref<Node>& to, Text target, int depth) {
     SetError(false, "");
     if (to == nullptr) SetError(true, "Destination is nil");
     if (to != nullptr && !Exists(key)) SetError(true, "Source does not exist.");
@@ -425,17 +344,10 @@ bool Node::copy(const std::string& key, const NodeRef& to, const std::string& ta
     return true;
 }
 
-void Node::copyContainer(const std::string& key, const NodeRef& to, const std::string& target,
-                         int depth) {
+void Node::copyContainer(Text key, const Ref<Node>& to, Text target, int depth) {
     if (depth > endless) throw StackOverflowException();
-    NodeRef made;
-    if (to->isArray) {
-        to->AppendDict();
-        made = to->child(Str(to->count()));
-    } else {
-        to->AddChild(target);
-        made = to->child(target);
-    }
+    to->isArray ? to->AppendDict() : to->AddChild(target);
+    const Ref<Node> made = to->child(to->isArray ? Str(to->count()) : target);
     child(key)->MoveFirst();
     for (int steps = 0; !child(key)->eof; ++steps) {
         if (steps > endless) throw StackOverflowException();
@@ -445,33 +357,23 @@ void Node::copyContainer(const std::string& key, const NodeRef& to, const std::s
     }
 }
 
-void Node::copyScalar(const std::string& key, Node& to, const std::string& target) {
-    const std::string tag = GetType(key);
-    if (equal(tag, "string")) {
-        const std::string value = GetString(key, "");
-        to.isArray ? to.AppendString(value) : to.SetString(target, value);
-    } else if (equal(tag, "boolean")) {
-        const bool value = GetBoolean(key, true);
-        to.isArray ? to.AppendBoolean(value) : to.SetBoolean(target, value);
-    } else if (equal(tag, "real")) {
-        const double value = GetDouble(key, 0);
-        to.isArray ? to.AppendDouble(value) : to.SetDouble(target, value);
-    } else if (equal(tag, "integer")) {
-        const int32_t value = GetInteger(key, 0);
-        to.isArray ? to.AppendInteger(value) : to.SetInteger(target, value);
-    } else if (equal(tag, "data")) {
-        const std::string value = GetString(key, "");
-        to.isArray ? to.AppendData(value) : to.SetData(target, value);
-    } else if (equal(tag, "date")) {
-        const Ref<Date> value = GetDate(key, nullptr);
-        to.isArray ? to.AppendDate(value) : to.SetDate(target, value);
-    }
+void Node::copyScalar(Text key, Node& to, Text target) {
+    const auto give = [&](auto append, auto set, const auto& value) {
+        to.isArray ? (to.*append)(value) : (to.*set)(target, value);
+    };
+    const std::string tag = Lowercase(GetType(key));
+    if (tag == "string") give(&Node::AppendString, &Node::SetString, GetString(key, ""));
+    if (tag == "boolean") give(&Node::AppendBoolean, &Node::SetBoolean, GetBoolean(key, true));
+    if (tag == "real") give(&Node::AppendDouble, &Node::SetDouble, GetDouble(key, 0));
+    if (tag == "integer") give(&Node::AppendInteger, &Node::SetInteger, GetInteger(key, 0));
+    if (tag == "data") give(&Node::AppendData, &Node::SetData, GetString(key, ""));
+    if (tag == "date") give(&Node::AppendDate, &Node::SetDate, GetDate(key, nullptr));
 }
 
-void Node::Rename(const std::string& oldKey, const std::string& newKey) {
+void Node::Rename(Text oldKey, Text newKey) {
     SetError(false, "");
     if (Exists(newKey)) return SetError(true, "Key " + newKey + " already exists.");
-    Move(oldKey, shared_from_this(), true, newKey);
+    Move(oldKey, Ref<Node>(shared_from_this()), true, newKey);
 }
 
 std::string Node::AbsolutePath() {

@@ -11,11 +11,11 @@ std::string replaced(std::string text, std::string_view find, std::string_view w
     return text;
 }
 
-std::string decoded(const std::string& text) {
+std::string decoded(Text text) {
     return replaced(replaced(text, "&lt;", "<"), "&gt;", ">");
 }
 
-std::string encoded(const std::string& text) {
+std::string encoded(Text text) {
     return replaced(replaced(text, "<", "&lt;"), ">", "&gt;");
 }
 
@@ -26,7 +26,7 @@ std::string stripped(std::string text) {
 
 // Reading of one node; `line` is the field in hand, which the loop over the lines tests too.
 struct Reading {
-    TextInputStream& stream;
+    const Ref<TextInputStream>& stream;
     Node& node;
     std::string end{node.isArray ? "</array>" : "</dict>"};
     std::string line{}, key{}, tag{}, type{}, accumulator{};
@@ -34,9 +34,9 @@ struct Reading {
     bool selfClosed = false;
 
     void run() {
-        while (!stream.EOF_() && !equal(line, end) && !equal(line, "<dict/>")) {
+        while (!stream->EOF_() && !equal(line, end) && !equal(line, "<dict/>")) {
             if (node.isArray && !multiLine) key = Str(++node.indexOf);
-            const std::string text = replaced(stripped(stream.ReadLine(nullptr)), "><", ">\r<");
+            const std::string text = replaced(stripped(stream->ReadLine(nullptr)), "><", ">\r<");
             for (const std::string& next : Split(replaced(text, ">\r</", "></"), "\r")) {
                 line = next;
                 field();
@@ -104,10 +104,9 @@ struct Reading {
     }
 
     void child() {
-        const auto made = std::make_shared<Node>();
-        node.children.push_back(made);
-        node.childrenNames.push_back(key);
-        made->Load(&stream, key, equal(type, "array"), node.weak_from_this(), node.rootClass,
+        const auto made = make<Node>();
+        node.children.append(key, made);
+        made->Load(stream, key, equal(type, "array"), node.weak_from_this(), node.rootClass,
                    !selfClosed);
         if (equal(type, "dict") && selfClosed) line = "";
     }
@@ -115,7 +114,7 @@ struct Reading {
 
 }  // namespace
 
-void Node::Load(TextInputStream* stream, const std::string& nodeName, bool array,
+void Node::Load(const Ref<TextInputStream>& stream, Text nodeName, bool array,
                 const std::weak_ptr<Node>& above, Document* document, bool populate) {
     values = types = {};
     name = nodeName;
@@ -123,37 +122,34 @@ void Node::Load(TextInputStream* stream, const std::string& nodeName, bool array
     parent = above;
     rootClass = document;
     indexOf = -1;
-    if (populate) Reading{*stream, *this}.run();
+    if (populate) Reading{stream, *this}.run();
 }
 
 std::string Node::Write(int level) const {
     const std::string indent(level, '\t');
     std::string text;
-    const auto line = [&](const std::string& content) { text += indent + content + "\n"; };
+    const auto line = [&](Text content) { text += indent + content + "\n"; };
     for (int i = 0; i < count(); ++i) {
-        const std::string& key = types.Key(i);
-        const std::string& tag = types.Value(key);
+        Text key = types.Key(i);
+        Text tag = types.Value(key);
         const std::string value = isContainer(tag) ? "" : encoded(values.Value(key));
         if (!isArray) line("<key>" + key + "</key>");
-        if (isContainer(tag)) {
-            const std::string word = equal(tag, "dict") ? "dict" : "array";
-            for (size_t j = 1; j < children.size(); ++j) {
-                if (!equal(childrenNames[j], key)) continue;
-                if (children[j]->count() == 0) line("<" + word + "/>");
-                if (children[j]->count() == 0) continue;
-                line("<" + word + ">");
-                text += children[j]->Write(level + 1);
-                line("</" + word + ">");
+        if (equal(tag, "data")) {
+            for (Text content : {std::string("<data>"), value, std::string("</data>")}) {
+                line(content);
             }
-        } else if (equal(tag, "data")) {
-            line("<data>");
-            line(value);
-            line("</data>");
         } else if (equal(tag, "boolean")) {
             line(equal(value, "true") ? "<true/>" : "<false/>");
-        } else {
-            line(std::string("<").append(tag).append(">").append(value).append("</").append(tag) +
-                 ">");
+        } else if (!isContainer(tag)) {
+            line(std::string("<").append(tag) + ">" + value + "</" + tag + ">");
+        }
+        for (int j = 1; isContainer(tag) && j <= children.upperBound(); ++j) {
+            if (!equal(children.name(j), key)) continue;
+            const Node& child = *children.node(j);
+            const std::string word = Lowercase(tag);
+            line("<" + word + (child.count() == 0 ? "/>" : ">"));
+            text += child.Write(level + 1);
+            if (child.count() > 0) line("</" + word + ">");
         }
     }
     return text;

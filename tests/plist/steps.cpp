@@ -1,6 +1,7 @@
 #include "tests/plist/steps.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "framework/files/folder_item.h"
 #include "plist/plist.h"
@@ -78,7 +79,7 @@ template <class Tree, class Node>
 struct Play {
     Tree& document;
     Node& at;
-    decltype(Tree::root) to;
+    Ref<Node> to;
     const Step& s;
     std::string told;
 
@@ -94,7 +95,7 @@ struct Play {
         for (const int part : {date->Year, date->Month, date->Day, date->Hour}) tell(part);
         for (const int part : {date->Minute, date->Second}) tell(part);
     }
-    void tell(const decltype(Tree::root)& node) {
+    void tell(const Ref<Node>& node) {
         tell(node == nullptr ? "nil"s : node->name + " of " + Str(node->count()));
     }
 };
@@ -118,32 +119,10 @@ std::string written(const model::Node& node) {
     return node.Write(1);
 }
 
-void load(plistDict& node, std::string_view text, bool array) {
-    node.Load(make<TextInputStream>(std::string(text)), node.name, array, node.parent,
+template <class Node>
+void load(Node& node, std::string_view text) {
+    node.Load(make<TextInputStream>(std::string(text)), node.name, node.isArray, node.parent,
               node.rootClass, true);
-}
-void load(model::Node& node, std::string_view text, bool array) {
-    TextInputStream stream{std::string(text)};
-    node.Load(&stream, node.name, array, node.parent, node.rootClass, true);
-}
-
-int upperBound(const plistDict& node) {
-    return node.children.upperBound();
-}
-int upperBound(const model::Node& node) {
-    return std::max(static_cast<int>(node.children.size()) - 1, 0);
-}
-Ref<plistDict> childAt(const plistDict& node, int position) {
-    return Ref<plistDict>(node.children.node(position));
-}
-model::NodeRef childAt(const model::Node& node, int position) {
-    return node.children[position];
-}
-std::string nameAt(const plistDict& node, int position) {
-    return node.children.name(position);
-}
-std::string nameAt(const model::Node& node, int position) {
-    return node.childrenNames[position];
 }
 
 template <class Map, class Show>
@@ -163,8 +142,9 @@ std::string state(const Node& node, const Node* above, const std::string& indent
                         (node.parent.lock().get() == above ? "" : " astray") + " " + node.path +
                         entries(node.types, text) + entries(node.values, text) +
                         entries(node.searched, [](bool mark) { return mark ? "+" : "-"; }) + "\n";
-    for (int i = 1; i <= upperBound(node); ++i) {
-        shown += indent + nameAt(node, i) + ":\n" + state(*childAt(node, i), &node, indent + " ");
+    for (int i = 1; i <= node.children.upperBound(); ++i) {
+        shown += indent + node.children.name(i) + ":\n" +
+                 state(*node.children.node(i), &node, indent + " ");
     }
     return shown;
 }
@@ -242,7 +222,7 @@ constexpr Operation<P> operations[] = {
     {"FindNext", [](P& p) { p.tell(p.document.FindNext(p.s.text)); }},
     {"FindNext", [](P& p) { p.tell(p.document.FindNext(p.document.lastSearch)); }},
     {"Write", [](P& p) { p.tell(written(p.at)); }},
-    {"Load", [](P& p) { load(p.at, p.s.body, p.at.isArray); }},
+    {"Load", [](P& p) { load(p.at, p.s.body); }},
 };
 
 template <class Run>
@@ -254,23 +234,15 @@ std::string toldBy(const Run& run) {
     }
 }
 
-template <class Tree, class Node>
-std::string play(int operation, Tree& document, Node& at, const decltype(Tree::root)& to,
-                 const Step& step) {
-    return toldBy([&] {
-        Play<Tree, Node> p{document, at, to, step, ""};
-        operations<Play<Tree, Node>>[operation].run(p);
-        return p.told;
-    });
-}
-
 std::string difference(const std::string& store, const std::string& told) {
     return store == told ? "" : "\nstore: " + store + "\ntold:  " + told;
 }
 
 int keysIn(const model::Node& node) {
     int count = node.count();
-    for (int i = 1; i <= upperBound(node); ++i) count += 1 + keysIn(*childAt(node, i));
+    for (int i = 1; i <= node.children.upperBound(); ++i) {
+        count += 1 + keysIn(*node.children.node(i));
+    }
     return count;
 }
 
@@ -297,18 +269,30 @@ class Session {
     // The positions on a way down from the root.
     Path path() {
         Path positions;
-        model::NodeRef at = model_.root;
-        for (int depth = choices_.below(5); depth > 0 && upperBound(*at) > 0; --depth) {
-            positions.push_back(1 + choices_.below(upperBound(*at)));
-            at = childAt(*at, positions.back());
+        const model::Node* at = model_.root.get();
+        for (int depth = choices_.below(5); depth > 0 && at->children.upperBound() > 0; --depth) {
+            positions.push_back(1 + choices_.below(at->children.upperBound()));
+            at = &*at->children.node(positions.back());
         }
         return positions;
     }
 
     template <class Node>
-    static Node follow(const Path& path, Node at) {
-        for (const int position : path) at = childAt(*at, position);
+    static Ref<Node> follow(const Path& path, Ref<Node> at) {
+        for (const int position : path) at = Ref<Node>(at->children.node(position));
         return at;
+    }
+
+    // Has the step done to the document, and gives what it told.
+    template <class Tree, class Node>
+    static std::string play(int operation, Tree& document, const Ref<Node>& root, const Path& at,
+                            const std::optional<Path>& to, const Step& step) {
+        return toldBy([&] {
+            const Ref<Node> node = follow(at, root);
+            Play<Tree, Node> p{document, *node, to ? follow(*to, root) : nullptr, step, ""};
+            operations<Play<Tree, Node>>[operation].run(p);
+            return p.told;
+        });
     }
 
     Step draw() {
@@ -342,20 +326,17 @@ std::string Session::step() {
     const int operation = choices_.below(static_cast<int>(std::size(operations<StorePlay>)));
     const std::string name = operations<StorePlay>[operation].name;
     const Path at = path();
-    const Path to = path();
-    const bool noWhere = choices_.below(16) == 0;
+    std::optional<Path> to = path();
+    if (choices_.below(16) == 0) to.reset();
     Step s = draw();
     if (name == "Load") s.body = anyText(choices_, 12);
+    const bool copies = name == "Move" || name == "Copy" || name == "Rename";
     // A copy multiplies a tree.
-    if ((name == "Move" || name == "Copy" || name == "Rename") && keysIn(*model_.root) > 40) {
-        return "";
-    }
-    const std::string told = play(operation, model_, *follow(at, model_.root),
-                                  noWhere ? nullptr : follow(to, model_.root), s);
-    const std::string store = play(operation, store_, *follow(at, store_.root),
-                                   noWhere ? nullptr : follow(to, store_.root), s);
+    if (copies && keysIn(*model_.root) > 40) return "";
+    const std::string told = play(operation, model_, model_.root, at, to, s);
+    const std::string store = play(operation, store_, store_.root, at, to, s);
     std::string found = difference(store, told);
-    overflown_ = told == "StackOverflowException";
+    overflown_ = copies && told == "StackOverflowException";
     if (found.empty() && !overflown_) found = difference(state(store_), state(model_));
     if (found.empty()) return "";
     return name + " " + s.key + "," + s.other + "," + s.text + "," + Str(s.number) + "," +
@@ -371,8 +352,8 @@ std::string differenceInPlay(Choices& choices) {
 std::string differenceInReading(std::string_view text) {
     plist document(GetFolderItem("/nonexistent/a.plist", 0), nullptr);
     model::Document model(document.errorMessage);
-    load(*document.root, text, false);
-    load(*model.root, text, false);
+    load(*document.root, text);
+    load(*model.root, text);
     std::string found = difference(state(document), state(model));
     if (!found.empty()) return found;
     return difference(toldBy([&] { return written(*document.root); }),
