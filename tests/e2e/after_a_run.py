@@ -18,7 +18,7 @@ class AfterARun(unittest.TestCase):
     binary = None
     tables = ""   # SQL that makes the database
     names = []    # of its tables, in the order of the list
-    sources = {}  # texts by path
+    sources = {}  # texts by path, as text or bytes
 
     def setUp(self):
         self.desktop = self.enterContext(desktops.Desktop())
@@ -30,7 +30,7 @@ class AfterARun(unittest.TestCase):
         self.home = programs.Home(self.folder)
         for name, text in self.sources.items():
             self.source(name).parent.mkdir(parents=True, exist_ok=True)
-            self.source(name).write_text(text)
+            self.source(name).write_bytes(text if isinstance(text, bytes) else text.encode())
         self.home.remember(programs.settings_text(self.source(""), "", "deeds"))
         self.browser = Browser(self.home)
         self.start()
