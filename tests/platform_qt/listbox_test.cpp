@@ -147,4 +147,27 @@ TEST_F(List, OfAMillionRowsOnlyVisibleOnesAreRead) {
     view.setModel(own);
 }
 
+// Adds up what a widget is told to paint.
+class PaintedRegion : public QObject {
+  public:
+    bool eventFilter(QObject* /*receiver*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion region;
+};
+
+TEST_F(List, WhatIsAppendedOutOfSightPaintsNothing) {
+    addRows({"users", "orders"});
+    const std::string wide(100, 'm');
+    window.list.setCell(0, 1, wide);
+    showFrame();
+    PaintedRegion painted;
+    view.viewport()->installEventFilter(&painted);
+    window.list.setCell(0, 1, wide + "m");
+    window.list.setCell(1, 1, "a");
+    showFrame();
+    EXPECT_EQ(painted.region, QRegion(view.visualRect(view.model()->index(1, 1))));
+}
+
 }  // namespace bracken::test

@@ -9,8 +9,9 @@ namespace {
 
 thread_local int depthOfThread = 0;
 
-// About the time that a hand-over takes when the other thread is awake.
-constexpr int spins = 2000;
+// Longer than a run that is awake takes to its next stopping point; much more would only take the
+// processor from those that read ahead.
+constexpr int spins = 400;
 
 void pause() {
 #if defined(__x86_64__) || defined(__i386__)

@@ -1,6 +1,7 @@
 #include "platform/qt/list_model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/qt_text.h"
 
@@ -16,7 +17,7 @@ constexpr int narrowest = 2;
 }  // namespace
 
 ListModel::ListModel(const Listbox& list, QObject* parent)
-    : QAbstractTableModel(parent), list_(list) {}
+    : QAbstractTableModel(parent), list_(list), metrics_(QFont()) {}
 
 void ListModel::takeOver() {
     int columns = std::max<int>(list_.ColumnCount, 0);
@@ -36,6 +37,15 @@ void ListModel::takeOver() {
         rows_ = rows;
         endRemoveRows();
     }
+    takeOverHeadings();
+}
+
+void ListModel::takeOverHeadings() {
+    std::vector<std::string> headings;
+    for (int column = 0; column < columns_; column++) headings.emplace_back(list_.Heading(column));
+    // The view paints itself whole for it.
+    if (headings == headings_) return;
+    headings_ = std::move(headings);
     if (columns_ > 0) Q_EMIT headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
 }
 
@@ -49,25 +59,37 @@ int ListModel::columnCount(const QModelIndex& parent) const {
 
 void ListModel::setWidth(int column, int pixels) {
     auto at = static_cast<size_t>(column);
-    if (limits_.size() <= at) limits_.resize(at + 1, shownLimit);
-    // One more, so that what is cut off shows as such.
-    limits_[at] = std::min(shownLimit, pixels / narrowest + 1);
+    if (widths_.size() <= at) widths_.resize(at + 1, shownLimit * narrowest);
+    widths_[at] = pixels;
 }
 
-QString ListModel::start(const QModelIndex& index, int limit) const {
+int ListModel::widthOf(const QModelIndex& index) const {
+    auto column = static_cast<size_t>(index.column());
+    return column < widths_.size() ? widths_[column] : shownLimit * narrowest;
+}
+
+QString ListModel::startOf(const QModelIndex& index, int limit) const {
     if (!index.isValid() || index.row() >= list_.ListCount()) return {};
     return harmlessLine(shownStart(list_.cellText(index.row(), index.column()), limit));
 }
 
+QString ListModel::start(const QModelIndex& index) const {
+    return startOf(index, std::min(shownLimit, widthOf(index) / narrowest + 1));
+}
+
 QString ListModel::longText(const QModelIndex& index) const {
-    return start(index, shownLimit);
+    return startOf(index, shownLimit);
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::AccessibleTextRole) return longText(index);
     if (role != Qt::DisplayRole) return {};
-    auto column = static_cast<size_t>(index.column());
-    return start(index, column < limits_.size() ? limits_[column] : shownLimit);
+    const QString text = start(index);
+    // What is cut off is beyond the column, so that it shows as such.
+    qsizetype size = widthOf(index) / metrics_.averageCharWidth() + 1;
+    while (size < text.size() && metrics_.horizontalAdvance(text, int(size)) <= widthOf(index))
+        size += size / 2 + 1;
+    return text.left(size);
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

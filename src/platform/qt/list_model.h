@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QFontMetrics>
+#include <string>
 #include <vector>
 
 #include "framework/controls/listbox.h"
@@ -16,8 +18,11 @@ class ListModel : public QAbstractTableModel {
 
     // Tells the view the list's present rows, columns and headings.
     void takeOver();
-    // Pixels of a column: what is painted is not read much further.
+    // Pixels of a column: a cell's text ends a little beyond them, whatever follows in the cell.
     void setWidth(int column, int pixels);
+    void setFontMetrics(const QFontMetrics& metrics) { metrics_ = metrics; }
+    // Holds all that data shows of a cell, at a fraction of the cost.
+    QString start(const QModelIndex& index) const;
     // The longest start of a cell that is shown anywhere.
     QString longText(const QModelIndex& index) const;
 
@@ -27,11 +32,15 @@ class ListModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    QString start(const QModelIndex& index, int limit) const;
+    void takeOverHeadings();
+    int widthOf(const QModelIndex& index) const;
+    QString startOf(const QModelIndex& index, int limit) const;
 
     const Listbox& list_;
-    // UTF-16 units that a column has room for, by columns.
-    std::vector<int> limits_;
+    QFontMetrics metrics_;
+    // Pixels, by columns.
+    std::vector<int> widths_;
+    std::vector<std::string> headings_;
     int rows_ = 0;
     int columns_ = 0;
 };

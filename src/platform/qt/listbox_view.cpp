@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
 
 #include "framework/controls/event.h"
 
@@ -56,6 +57,7 @@ void ListboxView::sync() {
     int rowHeight = fontMetrics().height() + rowPadding;
     if (verticalHeader()->defaultSectionSize() != rowHeight)
         verticalHeader()->setDefaultSectionSize(rowHeight);
+    rows_.setFontMetrics(fontMetrics());
     rows_.takeOver();
     syncHeading();
     syncColumns();
@@ -73,15 +75,22 @@ void ListboxView::updateCells() {
             cells.push_back(rows_.index(row, column));
     // Scrolling has everything painted anyway.
     bool moved = first != firstShown_ || cells.size() != shown_.size();
-    if (moved) viewport()->update();
+    if (moved) {
+        viewport()->update();
+        shown_.clear();
+    }
     firstShown_ = first;
     shown_.resize(cells.size());
-    for (size_t i = 0; i < cells.size(); i++) {
-        QString text = rows_.data(cells[i], Qt::DisplayRole).toString();
-        if (text == shown_[i]) continue;
-        shown_[i] = text;
-        if (!moved) update(cells[i]);
-    }
+    for (size_t i = 0; i < cells.size(); i++)
+        if (takeOver(cells[i], shown_[i]) && !moved) update(cells[i]);
+}
+
+bool ListboxView::takeOver(const QModelIndex& cell, Shown& shown) const {
+    QString start = rows_.start(cell);
+    if (start == shown.start) return false;
+    shown.start = start;
+    QString text = rows_.data(cell, Qt::DisplayRole).toString();
+    return text != std::exchange(shown.text, text);
 }
 
 void ListboxView::syncHeading() {
@@ -102,7 +111,11 @@ void ListboxView::syncColumns() {
         // A section beyond the header's limit would stay as it is.
         width = std::min(width, horizontalHeader()->maximumSectionSize());
         setColumnHidden(column, width <= 0);
-        if (width > 0 && columnWidth(column) != width) setColumnWidth(column, width);
+        if (width > 0 && columnWidth(column) != width) {
+            setColumnWidth(column, width);
+            // What was shown of its cells has to be asked anew.
+            firstShown_ = -1;
+        }
         rows_.setWidth(column, width);
     }
 }

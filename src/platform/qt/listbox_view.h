@@ -26,8 +26,15 @@ class ListboxView : public QTableView, public ControlView {
     void syncHeading();
     void syncColumns();
     void syncSelection();
+    // A cell in sight: what the model held of it and what of that was to be painted.
+    struct Shown {
+        QString start;
+        QString text;
+    };
+
     // Has those cells in sight painted whose text is another than at the latest call.
     void updateCells();
+    bool takeOver(const QModelIndex& cell, Shown& shown) const;
     int selectedRow() const;
     void userSelected();
     void userClickedHeading(int column);
@@ -35,8 +42,8 @@ class ListboxView : public QTableView, public ControlView {
 
     Listbox& model_;
     ListModel rows_;
-    // Texts in sight, row by row from firstShown_ on.
-    std::vector<QString> shown_;
+    // Row by row from firstShown_ on.
+    std::vector<Shown> shown_;
     int firstShown_ = -1;
     bool syncing_ = false;
     bool sortedByUser_ = false;

@@ -16,7 +16,12 @@ void ProgressBarView::sync() {
         return;
     }
     setRange(0, std::max<int>(model_.Maximum, 1));
-    setValue(std::clamp<int>(model_.Value, 0, std::max<int>(model_.Maximum, 0)));
+    int present = std::clamp<int>(model_.Value, 0, std::max<int>(model_.Maximum, 0));
+    if (present == value()) return;
+    // Else the bar would paint itself at once, ahead of the frame's other changes.
+    setUpdatesEnabled(false);
+    setValue(present);
+    setUpdatesEnabled(true);
 }
 
 }  // namespace bracken
