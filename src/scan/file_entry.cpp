@@ -1,6 +1,7 @@
 #include "scan/file_entry.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "framework/threads/without_baton.h"
 #include "scan/file_search.h"
@@ -27,11 +28,16 @@ void FileEntry::leaveFolder(const FolderItem& folder) {
     if (ahead_ != nullptr && ahead_->root() == folder.AbsolutePath()) ahead_.reset();
 }
 
-FoundNames FileEntry::searchText(const std::string& text) {
+FoundNames FileEntry::searchOpened(BinaryStream& stream, uint64_t length) {
     std::shared_ptr<const NameTable> names = table();
     Matcher::Hits hits;
     hits.clear(names->matcher().nameCount());
-    withoutBaton([&] { names->matcher().search(text, hits); });
+    const std::atomic<bool>* killed = Thread::killedFlag();
+    withoutBaton([&] {
+        FileSearch().searchOpened(
+            stream.descriptor(), searchedLength(length), names->matcher(),
+            [killed] { return killed->load(std::memory_order_relaxed); }, hits);
+    });
     return {names, hits.names()};
 }
 
@@ -41,19 +47,15 @@ FoundNames FileEntry::search(const FolderItem& file) {
         if (found) return *std::move(found);
     }
     Ref<BinaryStream> stream = file.OpenAsBinaryFile(false);
-    std::string text = stream->Read(static_cast<int32_t>(searchedLength(file.Length())), nullptr);
-    stream->Close();
-    return searchText(text);
+    return searchOpened(*stream, file.Length());
 }
 
 void FileEntry::update(FoundNames& found, const FolderItem& file) {
     while (!rows_.update(context_.lstResults(), found.table)) {
         // By now the file may be gone, and with it what it named.
         Ref<BinaryStream> stream = file.OpenAsBinaryFile(false);
-        std::string text;
-        if (stream != nullptr)
-            text = stream->Read(static_cast<int32_t>(searchedLength(file.Length())), nullptr);
-        found = searchText(text);
+        if (stream == nullptr) stream = make<BinaryStream>(-1);
+        found = searchOpened(*stream, file.Length());
         ahead_.reset();
     }
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
+#include "framework/files/binary_stream.h"
 #include "framework/files/folder_item.h"
 #include "framework/files/listing_cache.h"
 #include "framework/ref.h"
@@ -29,7 +31,8 @@ class FileEntry {
 
   private:
     FoundNames search(const FolderItem& file);
-    FoundNames searchText(const std::string& text);
+    // Piece by piece, hearing a stop between them.
+    FoundNames searchOpened(BinaryStream& stream, uint64_t length);
     // Brings the row index up to the list; searches anew if rows have come with names that nothing
     // was searched for.
     void update(FoundNames& found, const FolderItem& file);

@@ -48,13 +48,13 @@ bool FileSearch::search(const OpenFolder& folder, const std::string& path, bool 
     if (descriptor < 0) return false;
     bool ask = !listedAsFile || !folder.lengthsAreReal();
     bool whole =
-        searchOpen(descriptor, ask ? lengthOf(descriptor) : unasked, matcher, cancelled, hits);
+        searchOpened(descriptor, ask ? lengthOf(descriptor) : unasked, matcher, cancelled, hits);
     close(descriptor);
     return whole;
 }
 
-bool FileSearch::searchOpen(int descriptor, int64_t length, const Matcher& matcher,
-                            const std::function<bool()>& cancelled, Matcher::Hits& hits) {
+bool FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matcher,
+                              const std::function<bool()>& cancelled, Matcher::Hits& hits) {
     // What a name that straddles two pieces needs of the first one.
     size_t overlap = matcher.longestName() > 0 ? matcher.longestName() - 1 : 0;
     buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(pieceSize)));

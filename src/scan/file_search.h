@@ -26,11 +26,12 @@ class FileSearch {
                 const Matcher& matcher, const std::function<bool()>& cancelled,
                 Matcher::Hits& hits);
 
-  private:
-    // `length` is what there is to search, or -1 if that is to be asked when it matters.
-    bool searchOpen(int descriptor, int64_t length, const Matcher& matcher,
-                    const std::function<bool()>& cancelled, Matcher::Hits& hits);
+    // The same of an open file, which stays open. `length` is what there is to search, or -1 if
+    // that is to be asked when it matters.
+    bool searchOpened(int descriptor, int64_t length, const Matcher& matcher,
+                      const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
+  private:
     std::vector<char> buffer_;
 };
 

@@ -19,6 +19,8 @@ class BinaryStream {
     // argument stands for the text encoding, of which there is none.
     std::string Read(int32_t count, std::nullptr_t encoding);
     void Close();
+    // Stays the stream's; -1 for something that reads as empty, and after closing.
+    int descriptor() const { return descriptor_; }
 
   private:
     int descriptor_;
