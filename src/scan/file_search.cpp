@@ -46,7 +46,7 @@ bool FileSearch::search(const OpenFolder& folder, const std::string& path, bool 
     int descriptor =
         openat(folder.descriptor(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0) return false;
-    bool ask = !listedAsFile || !folder.lengthsAreReal();
+    bool ask = !listedAsFile || folder.askLengths();
     bool whole =
         searchOpened(descriptor, ask ? lengthOf(descriptor) : unasked, matcher, cancelled, hits);
     close(descriptor);
@@ -71,7 +71,7 @@ bool FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& mat
         size_t filled = kept + static_cast<size_t>(got);
         matcher.search({buffer_.data(), filled}, hits);
         left -= got;
-        if (static_cast<size_t>(got) < wanted) break;
+        if (length == unasked) break;
         kept = std::min(filled, overlap);
         std::memmove(buffer_.data(), buffer_.data() + filled - kept, kept);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/vfs.h>
 #include <unistd.h>
 
@@ -16,8 +17,8 @@ class OpenFolder {
         : path_(std::move(path)),
           descriptor_(open(path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
         struct statfs facts;
-        lengthsAreReal_ =
-            descriptor_ >= 0 && fstatfs(descriptor_, &facts) == 0 && facts.f_blocks > 0;
+        askLengths_ = descriptor_ < 0 || fstatfs(descriptor_, &facts) != 0 || facts.f_blocks == 0 ||
+                      facts.f_type == FUSE_SUPER_MAGIC || facts.f_type == V9FS_MAGIC;
     }
     ~OpenFolder() {
         if (descriptor_ >= 0) close(descriptor_);
@@ -26,9 +27,10 @@ class OpenFolder {
     OpenFolder& operator=(const OpenFolder&) = delete;
 
     const std::string& path() const { return path_; }
-    // Whether a file that has bytes says so. Those that the kernel makes up as they are read have a
-    // length of 0, on file systems that take no room.
-    bool lengthsAreReal() const { return lengthsAreReal_; }
+    // Whether a read that gives less than was asked for may be something else than the file's end.
+    // Files that the kernel makes up as they are read have a length of 0, on file systems that take
+    // no room; file systems of other programs and of hosts may give a file in parts.
+    bool askLengths() const { return askLengths_; }
     // What the system calls take for a file directly in this folder.
     int descriptor() const { return descriptor_ >= 0 ? descriptor_ : AT_FDCWD; }
     const char* nameOf(const std::string& file) const {
@@ -38,7 +40,7 @@ class OpenFolder {
   private:
     const std::string path_;
     const int descriptor_;
-    bool lengthsAreReal_;
+    bool askLengths_;
 };
 
 }  // namespace bracken

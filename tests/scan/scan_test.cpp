@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <random>
 
+#include "scan/file_search.h"
 #include "tests/scan/plain_scan.h"
 #include "tests/scan/results.h"
 
@@ -198,6 +201,19 @@ TEST_F(Scan, FoldersThatAreNotThere) {
     finish();
     EXPECT_EQ(program.platform.abortStatus, 1);
     EXPECT_EQ(winResults().ProgressBar1.Value, -1);
+}
+
+TEST(FileSearch, GoesOnAfterAShortRead) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()), 0);
+    for (std::string part : {"an in", "voi", "ce"}) write(ends[0], part.data(), part.size());
+    bracken::Matcher matcher({"invoice", "ice"});
+    bracken::Matcher::Hits hits;
+    hits.clear(2);
+    EXPECT_TRUE(FileSearch().searchOpened(
+        ends[1], 10, matcher, [] { return false; }, hits));
+    EXPECT_EQ(hits.names(), (std::vector<uint32_t>{0, 1}));
+    for (int end : ends) close(end);
 }
 
 }  // namespace
