@@ -10,7 +10,9 @@ namespace bracken {
 class Exception : public std::exception {
   public:
     Exception(std::string type, std::string text)
-        : type_(std::move(type)), text_(std::move(text)), what_(type_ + ": " + text_) {}
+        : type_(std::move(type)),
+          text_(std::move(text)),
+          what_(text_.empty() ? type_ : type_ + ": " + text_) {}
 
     // Name of the exception's class, as the report shows it.
     const std::string& type() const { return type_; }

@@ -223,7 +223,7 @@ TEST_F(Launch, AFolderThatIsGoneIsOnlyWarnedOf) {
 TEST_F(Launch, APathThatIsNoneEndsTheProgram) {
     go("relative", {"Your chosen folder can't be found.",
                     "The application has to end: an error occurred that nothing handles.\n\n"
-                    "NilObjectException: "});
+                    "NilObjectException"});
     EXPECT_EQ(program->platform.abortStatus, 1);
     EXPECT_EQ(Program::saved("database"), "shop");
 }

@@ -18,7 +18,7 @@ using test::Found;
 using test::plainScan;
 
 const std::string ended =
-    "The application has to end: an error occurred that nothing handles.\n\nNilObjectException: ";
+    "The application has to end: an error occurred that nothing handles.\n\nNilObjectException";
 
 class Scan : public testing::Test, protected test::Results {
   protected:
@@ -161,7 +161,7 @@ TEST_F(Scan, AnUnreadableFileEndsTheProgramAndIsNamed) {
     if (root) {
         ASSERT_EQ(seteuid(65534), 0);
     }
-    program.platform.expectBox(ended + path + ": Permission denied");
+    program.platform.expectBox(ended + ": " + path + ": Permission denied");
     go({"users"});
     finish();
     if (root) {
