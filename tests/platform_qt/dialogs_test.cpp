@@ -21,14 +21,18 @@ namespace {
 class Form : public Window {
   public:
     PushButton button{*this, "button"};
+    std::function<void()> closing = [] {};
 
   protected:
+    void Event_Close() override { closing(); }
     void Layout() override {
         Width = 300;
         Height = 200;
     }
     void CreateControls() override { button.place(10, 10, 80, 20); }
 };
+
+class Behind : public Window {};
 
 class Asking : public Thread {
   public:
@@ -140,23 +144,25 @@ TEST_F(Dialogs, KillingARunClosesItsBox) {
 }
 
 TEST_F(Dialogs, AHandlersExceptionDoesNotPassThroughTheToolkit) {
-    form.button.Action = [] { throw UnwindSignal(); };
+    form.button.Action = form.closing = [] { throw UnwindSignal(); };
+    auto behind = open<Behind>().shared_from_this();
+    Windows::open().toFront(form);
     QTest::mouseClick(&widget(form.button), Qt::LeftButton);
     EXPECT_TRUE(form.closed()) << "the handler left by a quit has quit";
+    EXPECT_TRUE(behind->closed()) << "and a closing one does not end that";
 }
 
 TEST_F(Dialogs, AClosingHandlerMayShowABox) {
-    QWidget& button = widget(form.button);
-    auto keep = form.shared_from_this();
     int answer = 0;
-    form.button.Action = [&] {
-        keep->Close();
-        answer = ask("closed", BoxCode::ok, [&](QMessageBox& box) {
-            waitFor([&] { return !viewOf(*keep)->isVisible(); });
+    form.closing = [&] {
+        answer = ask("closing", BoxCode::ok, [&](QMessageBox& box) {
+            showFrame();
+            EXPECT_FALSE(viewOf(form)->isVisible());
             box.reject();
         });
     };
-    QTest::mouseClick(&button, Qt::LeftButton);
+    form.button.Action = [&] { form.Close(); };
+    QTest::mouseClick(&widget(form.button), Qt::LeftButton);
     EXPECT_EQ(answer, BoxCode::okPressed);
 }
 

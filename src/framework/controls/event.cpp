@@ -21,17 +21,23 @@ class UnderWay {
     UnderWay& operator=(const UnderWay&) = delete;
 };
 
+// A handler that runs because the program quits may be left by Quit in its turn. It comes to an
+// end: each window closes once.
+void carryOut(const std::function<void()>& work) {
+    try {
+        callReportingUnhandled(work);
+    } catch (const UnwindSignal&) {
+        carryOut([] { Application::current()->Quit(); });
+    }
+}
+
 }  // namespace
 
 void handleEvent(const std::function<void()>& work) {
     baton::Hold hold;
     UnderWay mark;
-    try {
-        callReportingUnhandled(work);
-        MainCalls::instance().run();
-    } catch (const UnwindSignal&) {
-        Application::current()->Quit();
-    }
+    carryOut(work);
+    MainCalls::instance().run();
     // A handler that shows a box may yet open a window.
     if (underWay == 1) Application::current()->quitIfNothingIsLeft();
 }

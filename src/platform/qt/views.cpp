@@ -73,7 +73,7 @@ void Views::dropClosed() {
 
 void Views::addOpened() {
     for (auto& window : Windows::open().all())
-        if (window->laidOut() && viewOf(*window) == nullptr)
+        if (window->laidOut() && !window->closed() && viewOf(*window) == nullptr)
             views_.push_back(std::make_unique<WindowView>(window));
 }
 
