@@ -63,7 +63,7 @@ void FileEntry::update(FoundNames& found, const FolderItem& file) {
 void FileEntry::enter(const FolderItem& file) {
     FoundNames found = search(file);
     const std::string name = file.Name();
-    const std::string path = file.AbsolutePath();
+    const std::string& path = file.AbsolutePath();
     std::vector<int> hits;
     uint64_t version = 0;
     size_t next = 0;
