@@ -42,6 +42,7 @@ void ListModel::takeOver() {
 
 void ListModel::takeOverHeadings() {
     std::vector<std::string> headings;
+    headings.reserve(static_cast<size_t>(columns_));
     for (int column = 0; column < columns_; column++) headings.emplace_back(list_.Heading(column));
     // The view paints itself whole for it.
     if (headings == headings_) return;
