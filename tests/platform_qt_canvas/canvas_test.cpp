@@ -109,6 +109,19 @@ TEST_F(CanvasWidget, TheDividerFollowsTheMouseAheadOfTheFrames) {
     EXPECT_TRUE(waitFor([&] { return widget(panes.max).geometry() == QRect(103, 10, 310, 200); }));
 }
 
+TEST_F(CanvasWidget, IsActiveWithItsWindow) {
+    Panes& panes = open<Panes>();
+    viewOf(panes)->activateWindow();
+    waitFor([&] { return viewOf(panes)->isActiveWindow(); });
+    EXPECT_TRUE(panes.upright.Active);
+    DarkPanes& dark = open<DarkPanes>();
+    waitFor([&] { return viewOf(dark)->isActiveWindow(); });
+    EXPECT_FALSE(panes.upright.Active);
+    viewOf(panes)->activateWindow();
+    waitFor([&] { return viewOf(panes)->isActiveWindow(); });
+    EXPECT_TRUE(panes.upright.Active);
+}
+
 TEST_F(CanvasWidget, ShowsThePointerOfTheControl) {
     Panes& panes = open<Panes>();
     EXPECT_EQ(widget(panes.upright).cursor().shape(), Qt::SplitHCursor);

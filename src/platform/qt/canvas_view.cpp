@@ -66,9 +66,12 @@ void CanvasView::mouseReleaseEvent(QMouseEvent* event) {
     handleEvent([this, at] { model_.userReleased(at.x(), at.y()); });
 }
 
-void CanvasView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange) model_.Active = isActiveWindow();
-    QWidget::changeEvent(event);
+// Of a change of its window's activation a widget is told only while it is visible.
+bool CanvasView::event(QEvent* event) {
+    bool telling = event->type() == QEvent::WindowActivate ||
+                   event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Show;
+    if (telling) model_.Active = isActiveWindow();
+    return QWidget::event(event);
 }
 
 }  // namespace bracken

@@ -14,12 +14,12 @@ class CanvasView : public QWidget, public ControlView {
 
   protected:
     void sync() override;
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     // In the model's coordinates, which may be ahead of the widget's by a frame.
