@@ -31,7 +31,8 @@ template <class Fits>
 const StaticText* findLabel(const RectControl& control, Fits fits) {
     for (Control* candidate : control.window().controls()) {
         auto* label = dynamic_cast<StaticText*>(candidate);
-        if (label != nullptr && fits(*label, control)) return label;
+        bool says = label != nullptr && !label->Caption.get().empty();
+        if (says && fits(*label, control)) return label;
     }
     return nullptr;
 }

@@ -23,7 +23,8 @@ class FrameView : public QFrame, public ControlView {
   protected:
     // A rule lies along its longer side.
     void sync() override {
-        if (shape == QFrame::HLine && width() < height()) setFrameShape(QFrame::VLine);
+        if (shape == QFrame::HLine)
+            setFrameShape(width() < height() ? QFrame::VLine : QFrame::HLine);
     }
 };
 
