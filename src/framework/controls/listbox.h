@@ -83,6 +83,8 @@ class Listbox : public RectControl {
     std::vector<int> columnPixels(int listWidth) const;
     // The selected row's cells, ColumnCount of them, separated by tabs.
     std::string selectedRowText() const;
+    // Whether the user has sorted by HeadingIndex, and which way at last.
+    bool sorted() const { return sorted_; }
     bool sortedDescending() const { return descending_; }
 
     void userSelected(int row);

@@ -82,10 +82,10 @@ void ListboxView::updateCells() {
     firstShown_ = first;
     shown_.resize(cells.size());
     for (size_t i = 0; i < cells.size(); i++)
-        if (takeOver(cells[i], shown_[i]) && !moved) update(cells[i]);
+        if (takeOverCell(cells[i], shown_[i]) && !moved) update(cells[i]);
 }
 
-bool ListboxView::takeOver(const QModelIndex& cell, Shown& shown) const {
+bool ListboxView::takeOverCell(const QModelIndex& cell, Shown& shown) const {
     QString start = rows_.start(cell);
     if (start == shown.start) return false;
     shown.start = start;
@@ -96,7 +96,7 @@ bool ListboxView::takeOver(const QModelIndex& cell, Shown& shown) const {
 void ListboxView::syncHeading() {
     QHeaderView& heading = *horizontalHeader();
     heading.setVisible(model_.HasHeading);
-    heading.setSortIndicatorShown(sortedByUser_ && model_.HeadingIndex >= 0);
+    heading.setSortIndicatorShown(model_.sorted());
     if (heading.isSortIndicatorShown())
         heading.setSortIndicator(model_.HeadingIndex, model_.sortedDescending()
                                                           ? Qt::DescendingOrder
@@ -149,10 +149,7 @@ void ListboxView::userSelected() {
 }
 
 void ListboxView::userClickedHeading(int column) {
-    handleEvent([this, column] {
-        model_.userClickedHeading(column);
-        sortedByUser_ = sortedByUser_ || model_.HeadingIndex == column;
-    });
+    handleEvent([this, column] { model_.userClickedHeading(column); });
 }
 
 bool ListboxView::viewportEvent(QEvent* event) {

@@ -34,7 +34,7 @@ class ListboxView : public QTableView, public ControlView {
 
     // Has those cells in sight painted whose text is another than at the latest call.
     void updateCells();
-    bool takeOver(const QModelIndex& cell, Shown& shown) const;
+    bool takeOverCell(const QModelIndex& cell, Shown& shown) const;
     int selectedRow() const;
     void userSelected();
     void userClickedHeading(int column);
@@ -46,7 +46,6 @@ class ListboxView : public QTableView, public ControlView {
     std::vector<Shown> shown_;
     int firstShown_ = -1;
     bool syncing_ = false;
-    bool sortedByUser_ = false;
 };
 
 }  // namespace bracken
