@@ -14,8 +14,8 @@ namespace {
 // scroll.
 constexpr int shownLimit = 1200;
 constexpr int linesLimit = 20;
-// Bytes of a text that are looked at for the details.
-constexpr size_t detailsLimit = 4'000'000;
+// UTF-16 units that the details show.
+constexpr int detailsLimit = 1'000'000;
 // Longer words are broken so that the box can wrap them.
 constexpr int longestWord = 60;
 
@@ -47,7 +47,7 @@ MessageBox::MessageBox(const std::string& text, int code, const std::string& tit
     setTextFormat(Qt::PlainText);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
     setWindowTitle(title.empty() ? QStringLiteral("Bracken Lens") : harmlessLine(shown(title)));
-    QString whole = harmless(shown(std::string_view(text).substr(0, detailsLimit)));
+    QString whole = harmless(shownStart(text, detailsLimit));
     QString visible = start(whole);
     bool all = visible.size() == whole.size();
     setText(breakLongWords(visible) + (all ? QString() : QStringLiteral("\u2026")));

@@ -30,7 +30,7 @@ class QtApplication : public QApplication {
     bool pumpUntil(const std::atomic<bool>& done);
     // Milliseconds that the latest event has been handled for.
     qint64 busyFor() const { return sinceEvent_.elapsed(); }
-    bool inStatement() const { return statements_ > 0; }
+    bool inStatement() const { return inStatement_; }
     // The user chose Quit during a statement.
     void quitStatement() { quitChosen_ = true; }
 
@@ -44,7 +44,8 @@ class QtApplication : public QApplication {
     // another.
     bool handling_ = false;
     int innerLoops_ = 0;
-    int statements_ = 0;
+    // Whether the innermost loop is that of a statement.
+    bool inStatement_ = false;
     bool quitChosen_ = false;
     QElapsedTimer sinceEvent_;
 };
