@@ -42,7 +42,8 @@ QList<HandlerList> handlerLists() {
             names.insert(names.size() - 1, desktop.toLower() + u'-' + names.last());
     QStringList chosen;
     for (auto place : {Places::GenericConfigLocation, Places::ApplicationsLocation})
-        for (const QString& name : names) chosen += Places::locateAll(place, name);
+        for (const QString& folder : Places::standardLocations(place))
+            for (const QString& name : names) chosen += folder + u'/' + name;
     QStringList offered =
         Places::locateAll(Places::ApplicationsLocation, QStringLiteral("mimeinfo.cache"));
     return {{chosen, QStringLiteral("[Default Applications]")},
