@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -7,68 +6,60 @@
 #include <thread>
 
 #include "framework/controls/event.h"
-#include "framework/controls/progress.h"
-#include "framework/controls/push_button.h"
 #include "framework/dialogs/dialogs.h"
+#include "framework/dialogs/platform.h"
 #include "framework/threads/blocking.h"
 #include "framework/threads/thread.h"
+#include "framework/threads/without_baton.h"
+#include "platform/qt/qt_application.h"
+#include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {
-
-namespace {
-
-class Form : public Window {
-  public:
-    PushButton button{*this, "button"};
-    std::function<void()> closing = [] {};
-
-  protected:
-    void Event_Close() override { closing(); }
-    void Layout() override {
-        Width = 300;
-        Height = 200;
-    }
-    void CreateControls() override { button.place(10, 10, 80, 20); }
-};
 
 class Behind : public Window {};
 
 class Asking : public Thread {
   public:
+    bool asking = false;
     int answer = 0;
-    bool finished = false;
 
   protected:
     void Event_Run() override {
+        asking = true;
         answer = MsgBox("From the run?", BoxCode::yesNoQuestion);
-        finished = true;
     }
 };
 
-QMessageBox* openBox() {
-    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+using Act = std::function<void(QMessageBox&)>;
+
+Act key(Qt::Key key) {
+    return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
 }
 
-}  // namespace
+QMessageBox* openBox() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    return box != nullptr && box->isVisible() ? box : nullptr;
+}
 
 class Dialogs : public QtTest {
   protected:
     // Does `act` with the next box as soon as it is up.
-    void onBox(const std::function<void(QMessageBox&)>& act) {
+    void onBox(const Act& act) {
         look_.disconnect();
         QObject::connect(&look_, &QTimer::timeout, [this, act] {
             QMessageBox* box = openBox();
-            if (box == nullptr || !box->isVisible()) return;
+            if (box == nullptr) return;
             look_.stop();
             act(*box);
         });
         look_.start(1);
     }
-    int ask(const std::string& text, int code, const std::function<void(QMessageBox&)>& act) {
+    int ask(const std::string& text, int code, const Act& act) {
         onBox(act);
         return MsgBox(text, code, "Title");
     }
+    void press() { QTest::mouseClick(&widget(form.button), Qt::LeftButton); }
 
     Form& form = open<Form>();
 
@@ -77,28 +68,12 @@ class Dialogs : public QtTest {
 };
 
 TEST_F(Dialogs, KeysAndButtonsAnswerABox) {
-    struct Case {
-        int code;
-        Qt::Key key;
-        int answer;
-    };
-    const Case cases[] = {
-        {BoxCode::ok, Qt::Key_Return, BoxCode::okPressed},
-        {BoxCode::ok, Qt::Key_Escape, BoxCode::okPressed},
-        {BoxCode::yesNoQuestion, Qt::Key_Return, BoxCode::noPressed},
-        {BoxCode::yesNoQuestion, Qt::Key_Escape, BoxCode::noPressed},
-    };
-    for (auto& [code, key, answer] : cases) {
-        Qt::Key pressed = key;
-        EXPECT_EQ(ask("text", code, [&](QMessageBox& box) { QTest::keyClick(&box, pressed); }),
-                  answer);
-    }
-    auto pressYes = [](QMessageBox& box) {
-        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
-    };
-    EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, pressYes), BoxCode::yesPressed);
-    auto close = [](QMessageBox& box) { box.close(); };
-    EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, close), BoxCode::noPressed);
+    auto yes = [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); };
+    EXPECT_EQ(ask("text", BoxCode::ok, key(Qt::Key_Return)), BoxCode::okPressed);
+    EXPECT_EQ(ask("text", BoxCode::ok, key(Qt::Key_Escape)), BoxCode::okPressed);
+    EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, yes), BoxCode::yesPressed);
+    for (const Act& no : {key(Qt::Key_Return), key(Qt::Key_Escape), Act(&QMessageBox::close)})
+        EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, no), BoxCode::noPressed);
 }
 
 TEST_F(Dialogs, TextIsShownPlainAndALongOneStaysUsable) {
@@ -108,9 +83,9 @@ TEST_F(Dialogs, TextIsShownPlainAndALongOneStaysUsable) {
         EXPECT_EQ(box.windowTitle(), QStringLiteral("Title"));
         box.reject();
     });
-    std::string large;
-    for (int line = 0; line < 100'000; line++) large += std::string(50, 'w') + "\n";
-    for (auto& text : {large, std::string(1'000'000, 'w')})
+    std::string lines;
+    for (int line = 0; line < 100'000; line++) lines += std::string(50, 'w') + "\n";
+    for (auto& text : {lines, std::string(1'000'000, 'w')})
         ask(text, BoxCode::ok, [](QMessageBox& box) {
             QSize screen = box.screen()->availableSize();
             EXPECT_LT(box.height(), screen.height());
@@ -120,49 +95,35 @@ TEST_F(Dialogs, TextIsShownPlainAndALongOneStaysUsable) {
         });
 }
 
-TEST_F(Dialogs, ARunsBoxIsShownOnTheMainThread) {
-    auto run = std::make_shared<Asking>();
-    run->Run();
-    onBox([&](QMessageBox& box) {
-        EXPECT_FALSE(run->finished);
-        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
-    });
-    waitFor([&] { return run->finished; });
-    EXPECT_EQ(run->answer, BoxCode::yesPressed);
-}
-
 TEST_F(Dialogs, KillingARunClosesItsBox) {
     auto run = std::make_shared<Asking>();
     run->Run();
-    QTimer kill;
-    QObject::connect(&kill, &QTimer::timeout, [&] {
-        if (openBox() != nullptr && openBox()->isVisible()) run->Kill();
-    });
-    kill.start(1);
+    onBox([&](QMessageBox& /*box*/) { run->Kill(); });
     waitFor([&] { return !run->running() && openBox() == nullptr; });
-    EXPECT_FALSE(run->finished);
+    EXPECT_EQ(run->answer, 0);
 }
 
 TEST_F(Dialogs, AHandlersExceptionDoesNotPassThroughTheToolkit) {
     form.button.Action = form.closing = [] { throw UnwindSignal(); };
     auto behind = open<Behind>().shared_from_this();
     Windows::open().toFront(form);
-    QTest::mouseClick(&widget(form.button), Qt::LeftButton);
+    press();
     EXPECT_TRUE(form.closed()) << "the handler left by a quit has quit";
     EXPECT_TRUE(behind->closed()) << "and a closing one does not end that";
 }
 
 TEST_F(Dialogs, AClosingHandlerMayShowABox) {
+    auto& behind = open<Behind>();
     int answer = 0;
     form.closing = [&] {
         answer = ask("closing", BoxCode::ok, [&](QMessageBox& box) {
-            showFrame();
+            showFrame(behind);
             EXPECT_FALSE(viewOf(form)->isVisible());
             box.reject();
         });
     };
     form.button.Action = [&] { form.Close(); };
-    QTest::mouseClick(&widget(form.button), Qt::LeftButton);
+    press();
     EXPECT_EQ(answer, BoxCode::okPressed);
 }
 
@@ -185,31 +146,33 @@ class Statements : public Dialogs {
                     [&] { cancelled_ = over = true; });
                 completed_ = true;
             });
-            over = true;
+            QCoreApplication::exit();
         });
-        runLoopUntil([&] { return over && !QtApplication::current().inStatement(); });
+        Unheld unheld;
+        QCoreApplication::exec();
     }
 
     bool completed_ = false;
     bool cancelled_ = false;
 };
 
-TEST_F(Statements, InputIsDroppedAndTheWindowPaints) {
+TEST_F(Statements, InputIsDroppedButForABoxAndTheWindowPaints) {
     int presses = 0;
     form.button.Action = [&] { presses++; };
-    QWidget& button = widget(form.button);
+    auto& button = widget<QPushButton>(form.button);
     makeStatement([&] {
-        QTest::mouseClick(&button, Qt::LeftButton);
+        press();
         QTest::keyClick(&button, Qt::Key_Space);
         viewOf(form)->close();
+        EXPECT_EQ(ask("An error.", BoxCode::ok, key(Qt::Key_Return)), BoxCode::okPressed);
+        press();
         form.button.Caption = "Painted";
-        waitFor(
-            [&] { return static_cast<QPushButton&>(button).text() == QStringLiteral("Painted"); });
+        waitFor([&] { return button.text() == QStringLiteral("Painted"); });
     });
     EXPECT_TRUE(completed_);
     EXPECT_EQ(presses, 0);
     EXPECT_FALSE(form.closed());
-    QTest::mouseClick(&button, Qt::LeftButton);
+    press();
     EXPECT_EQ(presses, 1) << "input is taken again";
 }
 
@@ -225,11 +188,12 @@ TEST_F(Statements, ARunsBoxWaitsForTheStatement) {
     auto run = std::make_shared<Asking>();
     makeStatement([&] {
         run->Run();
-        showFrame();
+        waitFor([&] { return run->asking; });
+        showFrame(form);
         EXPECT_EQ(openBox(), nullptr);
+        onBox([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
     });
-    onBox([](QMessageBox& box) { box.reject(); });
-    waitFor([&] { return run->finished; });
+    waitFor([&] { return run->answer == BoxCode::yesPressed; });
 }
 
 }  // namespace bracken::test

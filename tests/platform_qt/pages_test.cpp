@@ -8,8 +8,6 @@
 
 namespace bracken::test {
 
-namespace {
-
 class Pages : public Window {
   public:
     TabPanel tabs{*this, "tabs"};
@@ -20,24 +18,17 @@ class Pages : public Window {
     PushButton onPage{*this, "onPage"};
 
   protected:
-    void Layout() override {
-        Width = 400;
-        Height = 300;
-    }
+    void Layout() override { Width = Height = 300; }
     void CreateControls() override {
-        tabs.place(10, 10, 300, 200);
+        for (Control* control : controls())
+            dynamic_cast<RectControl&>(*control).place(10, 10, 200, 200);
         tabs.Captions = {"One", "Two"};
-        first.place(20, 60, 80, 20);
-        box.place(20, 60, 200, 100);
-        inBox.place(30, 90, 80, 20);
-        panel.place(120, 80, 90, 40);
-        onPage.place(125, 90, 80, 20);
         first.Parent = &tabs;
         box.Parent = &tabs;
-        box.TabPanelIndex = 1;
         inBox.Parent = &box;
         panel.Parent = &box;
         onPage.Parent = &panel;
+        box.TabPanelIndex = 1;
         onPage.TabPanelIndex = 3;
         inBox.Default = true;
     }
@@ -47,7 +38,7 @@ class PageWidgets : public QtTest {
   protected:
     // The names of the controls on show, by their widgets.
     std::string shown() {
-        showFrame();
+        showFrame(pages);
         std::string names;
         for (Control* control : pages.controls())
             if (widget(*control).isVisible()) names += control->name() + " ";
@@ -68,18 +59,15 @@ TEST_F(PageWidgets, ShowOnlyWhatLiesOnTheirPage) {
     EXPECT_EQ(shown(), "tabs box inBox panel ");
     EXPECT_EQ(pages.defaultButton(), &pages.inBox);
     pages.panel.Value = 3;
-    EXPECT_EQ(shown(), "tabs box inBox panel onPage ");
     pages.inBox.Visible = false;
     EXPECT_EQ(shown(), "tabs box panel onPage ");
     pages.box.Visible = false;
     EXPECT_EQ(shown(), "tabs ") << "a container that is hidden hides what it holds";
-    pages.inBox.Visible = true;
     clickTab(0);
-    pages.box.Visible = true;
+    pages.box.Visible = pages.inBox.Visible = true;
     EXPECT_EQ(shown(), "tabs first ");
     pages.tabs.Value = 1;
     EXPECT_EQ(shown(), "tabs box inBox panel onPage ");
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -1,12 +1,12 @@
 #include "tests/platform_qt/qt_test.h"
 
-#include <QTimer>
 #include <cstdlib>
 #include <memory>
 
-#include "framework/threads/baton.h"
+#include "app/menu_bar1.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
+#include "platform/qt/qt_platform.h"
 #include "platform/qt/window_view.h"
 
 namespace bracken::test {
@@ -27,54 +27,27 @@ class Toolkit : public testing::Environment {
     void SetUp() override {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
         qInstallMessageHandler(failOnWarning);
-        platform = std::make_unique<QtPlatform>(argc_, argv_);
+        platform_ = std::make_unique<QtPlatform>(argc_, argv_);
     }
     void TearDown() override {
-        platform.reset();
+        platform_.reset();
         qInstallMessageHandler(nullptr);
     }
-
-    std::unique_ptr<QtPlatform> platform;
 
   private:
     char name_[5] = "test";
     char* argv_[2] = {name_, nullptr};
     int argc_ = 1;
+    std::unique_ptr<QtPlatform> platform_;
 };
 
-auto* const toolkit = static_cast<Toolkit*>(testing::AddGlobalTestEnvironment(new Toolkit));
-
-MenuItem& add(MenuItem& menu, std::unique_ptr<MenuItem> item, const char* name, const char* text,
-              const char* shortcut) {
-    item->Name = name;
-    item->Text = text;
-    item->Shortcut = shortcut;
-    return menu.append(std::move(item));
-}
-
-MenuItem& add(MenuItem& menu, const char* name, const char* text, const char* shortcut = "") {
-    return add(menu, std::make_unique<MenuItem>(), name, text, shortcut);
-}
+auto* const toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
 }  // namespace
 
-TestApplication::TestApplication() {
-    MenuBar = std::make_unique<class MenuBar>();
-    MenuItem& file = add(*MenuBar, "FileMenu", "&File");
-    add(file, "FileClose", "Close", "Cmd+W");
-    add(file, std::make_unique<QuitMenuItem>(), "FileQuit", "&Quit", "Cmd+Q");
-    MenuItem& edit = add(*MenuBar, "EditMenu", "&Edit");
-    add(edit, "EditUndo", "&Undo", "Cmd+Z");
-    add(edit, "Line", "-");
-    add(edit, "EditCut", "Cu&t", "Cmd+X");
-    add(edit, "EditCopy", "&Copy", "Cmd+C");
-    add(edit, "EditPaste", "&Paste", "Cmd+V");
-    add(edit, "EditClear", "&Delete");
-    add(edit, "EditSelectAll", "Select &All", "Cmd+A");
-}
-
 QtTest::QtTest() {
     baton::take();
+    application.MenuBar = std::make_unique<MenuBar1>();
 }
 
 QtTest::~QtTest() {
@@ -84,10 +57,6 @@ QtTest::~QtTest() {
     Windows::open().reset();
     baton::give();
     Thread::joinAll();
-}
-
-QtPlatform& QtTest::platform() {
-    return *toolkit->platform;
 }
 
 bool QtTest::waitFor(const std::function<bool()>& holds) {
@@ -106,26 +75,10 @@ bool QtTest::waitFor(const std::function<bool()>& holds) {
     return held;
 }
 
-void QtTest::showFrame() {
-    Unheld unheld;
-    QtApplication::current().spin([] { QTest::qWait(40); });
-}
-
-void QtTest::runLoopUntil(const std::function<bool()>& holds) {
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] {
-        if (holds()) QCoreApplication::exit();
-    });
-    look.start(1);
-    Unheld unheld;
-    QCoreApplication::exec();
-}
-
-void QtTest::waitForView(const Window& window) {
-    waitFor([&] {
-        QWidget* view = viewOf(window);
-        return view != nullptr && (view->isVisible() || !window.Visible);
-    });
+void QtTest::showFrame(Window& window) {
+    static int frames = 0;
+    window.Title = "Frame " + std::to_string(++frames);
+    waitFor([&] { return viewOf(window)->windowTitle().toStdString() == window.Title.get(); });
 }
 
 QWidget* QtTest::viewOf(const Window& window) {

@@ -2,48 +2,34 @@
 
 #include <gtest/gtest.h>
 
-#include <QSignalBlocker>
 #include <QTest>
 #include <QWidget>
 #include <functional>
-#include <string>
 
 #include "framework/controls/application.h"
 #include "framework/controls/windows.h"
-#include "platform/qt/qt_platform.h"
 
 namespace bracken::test {
 
-// The application of the tests, with a File and an Edit menu.
-class TestApplication : public Application {
-  public:
-    TestApplication();
-};
-
-// Real widgets on a platform without a screen. A test holds the baton, as program code does, but in
-// waitFor. A warning of the toolkit fails it.
+// Real widgets on a platform without a screen, with the program's menus. A test holds the baton, as
+// program code does, but in waitFor. A warning of the toolkit fails it.
 class QtTest : public testing::Test {
   protected:
     QtTest();
     ~QtTest() override;
 
-    static QtPlatform& platform();
-
     // Handles events until `holds`; false, and a failed test, if it does not come to that.
     static bool waitFor(const std::function<bool()>& holds);
-    // Lets every frame that is due be shown.
-    static void showFrame();
-    // Runs the program's event loop until `holds`.
-    static void runLoopUntil(const std::function<bool()>& holds);
+    // Has everything shown that has changed so far, the window's title as well.
+    static void showFrame(Window& window);
 
     // Opens a window and waits for its view.
     template <class W>
     W& open() {
         W& window = Windows::open().instance<W>();
-        waitForView(window);
+        waitFor([&] { return viewOf(window) != nullptr && viewOf(window)->isVisible(); });
         return window;
     }
-    static void waitForView(const Window& window);
     static QWidget* viewOf(const Window& window);
 
     // The widget of a control.
@@ -55,7 +41,7 @@ class QtTest : public testing::Test {
         return *found;
     }
 
-    TestApplication application;
+    Application application;
 };
 
 }  // namespace bracken::test

@@ -5,25 +5,20 @@
 #include "framework/controls/edit_field.h"
 #include "framework/text/text.h"
 #include "platform/qt/display_text.h"
+#include "platform/qt/qt_text.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {
-
-namespace {
 
 class Reader : public Window {
   public:
     EditField field{*this, "field"};
 
   protected:
-    void Layout() override {
-        Width = 500;
-        Height = 400;
-    }
+    void Layout() override { Width = Height = 400; }
     void CreateControls() override {
-        field.place(10, 10, 400, 300);
-        field.MultiLine = field.Styled = field.ScrollBarVertical = true;
-        field.TextSize = 10;
+        field.place(10, 10, 300, 300);
+        field.MultiLine = field.Styled = true;
     }
 };
 
@@ -40,11 +35,11 @@ class TextArea : public QtTest {
             field.SelOutline = true;
             field.SelTextColor = RGB(255, 0, 0);
         }
-        showFrame();
+        showFrame(reader);
     }
 
     // The shown text, marked pieces between brackets.
-    QString marked() {
+    std::string marked() {
         QString result;
         for (QTextBlock block = edit.document()->begin(); block.isValid(); block = block.next()) {
             if (block.blockNumber() > 0) result += u'\n';
@@ -59,7 +54,7 @@ class TextArea : public QtTest {
                 result += isMarked ? u'[' + text + u']' : text;
             }
         }
-        return result;
+        return result.toStdString();
     }
 
     Reader& reader = open<Reader>();
@@ -67,40 +62,28 @@ class TextArea : public QtTest {
 };
 
 TEST_F(TextArea, MarksStandExactlyOnTheirText) {
-    struct Case {
-        std::string text, name;
-        QString marked;
+    const std::array<std::string, 3> cases[] = {
+        {"\r\n\r\nUSER\r\nx user\ruser", "user", "\n\n[USER]\nx [user]\n[user]"},
+        {std::string("\0 user \x01", 8), "user", "\u2400 [user] \u2401"},
+        {"caf\xe9 user caf\xe9", "caf\xe9", "[caf\u00e9] user [caf\u00e9]"},
+        {"\u044f \u044e\u0437.", "\u044e\u0437", "\u044f [\u044e\u0437]."},
+        {"\U0001F600user\u2029user", "user", "\U0001F600[user]\n[user]"},
+        {"\ufeffuser", "user", "\ufeff[user]"},
+        {"", "user", ""},
     };
-    const Case cases[] = {
-        {"from user\nwhere USER", "user", QStringLiteral("from [user]\nwhere [USER]")},
-        {"\r\n\r\nuser\r\nx user\ruser", "user", QStringLiteral("\n\n[user]\nx [user]\n[user]")},
-        {std::string("\0\0 user \x01", 9), "user", QStringLiteral("\u2400\u2400 [user] \u2401")},
-        {"caf\xe9 user caf\xe9", "caf\xe9", QStringLiteral("[caf\u00e9] user [caf\u00e9]")},
-        {"\xd1\x8f \xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80.", "\xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80",
-         QStringLiteral("\u044f [\u044e\u0437\u0435\u0440].")},
-        {"\xf0\x9f\x98\x80user\xe2\x80\xa9user", "user",
-         QStringLiteral("\U0001F600[user]\n[user]")},
-        {"\xef\xbb\xbfuser", "user", QStringLiteral("\ufeff[user]")},
-        {"plain", "user", QStringLiteral("plain")},
-        {"", "user", QString()},
-    };
-    for (const Case& c : cases) {
-        show(c.text, c.name);
-        EXPECT_EQ(marked().toStdString(), c.marked.toStdString());
+    for (auto& [text, name, wanted] : cases) {
+        show(text, name);
+        EXPECT_EQ(marked(), wanted);
     }
 }
 
-TEST_F(TextArea, TheLastMarkStaysSelected) {
-    show("\xc3\xa9 user user.", "user");
-    EXPECT_EQ(edit.textCursor().selectedText(), QStringLiteral("user"));
-    EXPECT_EQ(edit.textCursor().selectionStart(), 7);
-}
-
 TEST_F(TextArea, ANewTextHasNoMarksAndNothingToUndo) {
-    show("the user", "user");
+    show("\u00e9 user the user.", "user");
+    EXPECT_EQ(edit.textCursor().selectedText(), QStringLiteral("user"));
+    EXPECT_EQ(edit.textCursor().selectionStart(), 11) << "the last mark";
     reader.field.Text = "the user";
-    showFrame();
-    EXPECT_EQ(marked(), QStringLiteral("the user"));
+    showFrame(reader);
+    EXPECT_EQ(marked(), "the user");
     EXPECT_FALSE(edit.document()->isUndoAvailable());
     QTest::keyClicks(&edit, QStringLiteral("my "));
     EXPECT_EQ(edit.toPlainText(), QStringLiteral("my the user"));
@@ -112,25 +95,18 @@ TEST_F(TextArea, ALineThatIsTooLongIsBrokenForDisplay) {
     text.replace(4998, 4, "user");
     text.replace(11000, 4, "user");
     show(text, "user");
-    QString shownText = marked();
-    EXPECT_EQ(edit.document()->blockCount(), 3);
-    EXPECT_EQ(shownText.count(QStringLiteral("[us]\n[er]")), 1) << "a mark over the break";
-    EXPECT_EQ(shownText.count(QStringLiteral("[user]")), 1);
-    EXPECT_EQ(shownText.remove(u'\n').remove(u'[').remove(u']').toStdString(), text);
+    text.replace(11000, 4, "[user]").replace(10000, 0, "\n").replace(4998, 4, "[us]\n[er]");
+    EXPECT_EQ(marked(), text);
 }
 
 TEST(DisplayTextPositions, OfEachOccurrenceInALongTextAreExact) {
     std::mt19937 random(testing::UnitTest::GetInstance()->random_seed());
+    const std::string pieces[] = {
+        "user", "x", "\n", "\r\n", "\u044e\U0001F600", std::string(2, '\0'),
+    };
     std::string text;
-    while (text.size() < 2000000) {
-        const std::string pieces[] = {std::string(random() % 99, 'x'),
-                                      "user",
-                                      "\n",
-                                      "\r\n",
-                                      "\xd1\x8e\xf0\x9f\x98\x80",
-                                      std::string(2, '\0')};
-        text += pieces[random() % 6 == 0 ? random() % 6 : random() % 2];
-    }
+    while (text.size() < 2000000)
+        text += pieces[random() % 6 == 0 ? random() % 6 : 0] + std::string(random() % 99, 'x');
     for (const char* end : {"", "\xff"}) {  // UTF-8, and Latin-1
         text += end;
         DisplayText display(text);
@@ -146,23 +122,29 @@ TEST(DisplayTextPositions, OfEachOccurrenceInALongTextAreExact) {
 }
 
 TEST(DisplayTextPositions, AreFoundForwardsAndBackwards) {
-    DisplayText text("a\xc3\xa9\r\n\xf0\x9f\x98\x80z");
-    struct Case {
-        int byte, unit;
-    };
-    for (const Case& c : {Case{0, 0},
-                          {1, 1},
-                          {3, 2},
-                          {5, 3},
-                          {9, 5},
-                          {10, 6},
-                          {99, 6},
-                          {1, 1},
-                          {2, 1},
-                          {7, 3},
-                          {4, 2}})
-        EXPECT_EQ(text.positionOf(c.byte), c.unit) << c.byte;
+    DisplayText text("a\u00e9\r\n\U0001F600z");
+    const std::pair<int, int> unitByByte[] = {{0, 0},  {1, 1}, {3, 2}, {5, 3}, {9, 5}, {10, 6},
+                                              {99, 6}, {1, 1}, {2, 1}, {7, 3}, {4, 2}};
+    for (auto [byte, unit] : unitByByte) EXPECT_EQ(text.positionOf(byte), unit) << byte;
 }
 
-}  // namespace
+TEST(QtText, AStartIsCutBetweenCharacters) {
+    std::string bytes;
+    for (int i = 0; i < 1000; i++) bytes += "x\U0001F600";
+    for (int limit = 1; limit < 20; limit++) {
+        QString start = shownStart(bytes, limit);
+        EXPECT_TRUE(start.size() == limit || start.size() == limit - 1) << limit;
+        EXPECT_TRUE(shown(bytes).startsWith(start)) << limit;
+        EXPECT_FALSE(start.back().isHighSurrogate()) << limit;
+    }
+    EXPECT_EQ(shownStart(std::string(8, '\xff'), 2), QStringLiteral("\u00ff\u00ff"));
+    EXPECT_EQ(shownStart("short", 500), QStringLiteral("short"));
+}
+
+TEST(QtText, ControlCharactersAreMadeVisible) {
+    QString text = shown("a\x01\x1b[31m\tb\nc\x7f");
+    EXPECT_EQ(harmless(text), QStringLiteral("a\ufffd\ufffd[31m\tb\nc\ufffd"));
+    EXPECT_EQ(harmlessLine(text), QStringLiteral("a\ufffd\ufffd[31m b c\ufffd"));
+}
+
 }  // namespace bracken::test

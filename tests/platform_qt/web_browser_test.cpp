@@ -1,89 +1,67 @@
 #include "platform/qt/web_browser.h"
 
-#include <unistd.h>
+#include <filesystem>
+#include <map>
 
-#include <QDir>
-#include <QFile>
-
+#include "framework/text/text.h"
 #include "tests/platform_qt/qt_test.h"
+#include "tests/support/temp_folder.h"
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
-using namespace Qt::StringLiterals;
-
-void write(const QString& path, const QString& text) {
-    QDir().mkpath(path.section(u'/', 0, -2));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text.toUtf8());
+std::string entry(const std::string& exec, const std::string& more = "") {
+    return "[Other]\nExec=wrong\n[Desktop Entry]\n" + more + "Exec=RECORD " + exec +
+           "\n[Action]\nExec=wrong\n";
 }
 
-QString read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
+const std::string list = "[Default Applications]\ntext/html=no.desktop;\nx-scheme-handler/https=";
+const std::string cache = "[MIME Cache]\nx-scheme-handler/https=b.desktop;\n";
 
 struct BrowserCase {
-    const char* name;
-    // Files below the folder that stands for the data places; "=" in front: below the settings.
-    QList<std::pair<QString, QString>> files;
+    // By their paths below the test's folder.
+    std::map<std::string, std::string> files;
     // What the browser is called with.
-    QString words;
+    std::string words;
 };
 
-// A program that writes down its arguments, under a name.
-QString entry(const QString& exec, const QString& more = {}) {
-    return QStringLiteral("[Other]\nExec=wrong\n[Desktop Entry]\n%1Exec=%2\n[Action]\nExec=wrong\n")
-        .arg(more, exec);
-}
-
-const QString handler = QStringLiteral("x-scheme-handler/https=");
-const QString list =
-    QStringLiteral("[Default Applications]\ntext/html=editor.desktop;\n") + handler;
-const QString cache = QStringLiteral("[MIME Cache]\n") + handler;
-
 const BrowserCase cases[] = {
-    {"TheUsersChoice",
-     {{u"=mimeapps.list"_s, list + u"a.desktop;\n"_s},
-      {u"applications/mimeinfo.cache"_s, cache + u"b.desktop;\n"_s},
-      {u"applications/a.desktop"_s, entry(u"record a %u --x%%y %i"_s)},
-      {u"applications/b.desktop"_s, entry(u"record b %u"_s)}},
-     u"a file:///tmp/a%20b.html --x%y"_s},
-    {"SkipsWhatIsNotThereOrNeedsATerminal",
-     {{u"=mimeapps.list"_s, list + u"gone.desktop;term.desktop;c-d.desktop\n"_s},
-      {u"applications/term.desktop"_s, entry(u"record term %u"_s, u"Terminal=true\n"_s)},
-      {u"applications/c/d.desktop"_s, entry(u"record \"c d\" %F"_s)}},
-     u"c d /tmp/a b.html"_s},
-    {"WhatIsInstalled",
-     {{u"applications/mimeinfo.cache"_s, cache + u"b.desktop;\n"_s},
-      {u"applications/b.desktop"_s, entry(u"record b %f"_s)}},
-     u"b /tmp/a b.html"_s}};
+    // The user's choice goes before that of the system for one desktop.
+    {{{"config/mimeapps.list", list + "a.desktop;\n"},
+      {"system/some-mimeapps.list", list + "b.desktop;\n"},
+      {"data/applications/mimeinfo.cache", cache},
+      {"data/applications/a.desktop", entry("a %u --x%%y %i")},
+      {"data/applications/b.desktop", entry("b %u")}},
+     "a file:///tmp/a%20b.html --x%y"},
+    // What isn't there or needs a terminal is passed over.
+    {{{"system/some-mimeapps.list", list + "gone.desktop;term.desktop;c-d.desktop\n"},
+      {"system/mimeapps.list", list + "b.desktop;\n"},
+      {"data/applications/b.desktop", entry("b %u")},
+      {"data/applications/term.desktop", entry("term %u", "Terminal=true\n")},
+      {"data/applications/c/d.desktop", entry("\"c d\" %F")}},
+     "c d /tmp/a b.html"},
+    {{{"data/applications/mimeinfo.cache", cache}, {"data/applications/b.desktop", entry("b %f")}},
+     "b /tmp/a b.html"}};
 
-class WebBrowser : public test::QtTest {};
+class WebBrowser : public QtTest {};
 
 TEST_F(WebBrowser, IsLookedUpInTheDesktopsLists) {
-    QString root = QDir::tempPath() + QStringLiteral("/browser-%1/").arg(getpid());
+    qputenv("XDG_CURRENT_DESKTOP", "Some");
     for (const BrowserCase& one : cases) {
-        SCOPED_TRACE(one.name);
-        QDir(root).removeRecursively();
-        write(root + u"record"_s, QStringLiteral("#!/bin/sh\nprintf '%s' \"$*\" >") + root +
-                                      u"new && mv "_s + root + u"new "_s + root + u"called\n"_s);
-        QFile::setPermissions(root + u"record"_s, QFile::ReadOwner | QFile::ExeOwner);
-        qputenv("XDG_CONFIG_HOME", (root + u"config"_s).toUtf8());
-        qputenv("XDG_CONFIG_DIRS", (root + u"none"_s).toUtf8());
-        qputenv("XDG_DATA_HOME", (root + u"data"_s).toUtf8());
-        qputenv("XDG_DATA_DIRS", (root + u"none"_s).toUtf8());
-        for (auto [path, text] : one.files) {
-            QString place = path.startsWith(u'=') ? u"config/"_s + path.mid(1) : u"data/"_s + path;
-            write(root + place, text.replace(u"Exec=record"_s, u"Exec="_s + root + u"record"_s));
-        }
+        SCOPED_TRACE(one.words);
+        TempFolder folder;
+        folder.write("record", "#!/bin/sh\nprintf '%s' \"$*\" >" + folder.path("new") + " && mv " +
+                                   folder.path("new") + " " + folder.path("called") + "\n");
+        std::filesystem::permissions(folder.path("record"), std::filesystem::perms::owner_all);
+        for (auto& [name, text] : one.files)
+            folder.write(name, ReplaceAll(text, "RECORD", folder.path("record")));
+        setenv("XDG_CONFIG_HOME", folder.path("config").c_str(), 1);
+        setenv("XDG_CONFIG_DIRS", folder.path("system").c_str(), 1);
+        setenv("XDG_DATA_HOME", folder.path("data").c_str(), 1);
+        setenv("XDG_DATA_DIRS", folder.path("none").c_str(), 1);
         openInBrowser(QStringLiteral("/tmp/a b.html"));
-        waitFor([&] { return QFile::exists(root + u"called"_s); });
-        EXPECT_EQ(read(root + u"called"_s).toStdString(), one.words.toStdString());
+        waitFor([&] { return std::filesystem::exists(folder.path("called")); });
+        EXPECT_EQ(folder.read("called"), one.words);
     }
-    QDir(root).removeRecursively();
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

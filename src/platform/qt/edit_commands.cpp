@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextDocument>
-#include <QTextEdit>
 
 #include "platform/qt/listbox_view.h"
 #include "platform/qt/qt_text.h"
@@ -44,19 +43,16 @@ constexpr Command<QLineEdit> fieldCommands[] = {
      [](auto& field) { field.selectAll(); }},
 };
 
-// QTextEdit and QPlainTextEdit have the same calls and no common base.
-template <class Edit>
-bool hasSelection(const Edit& edit) {
+bool hasSelection(const QPlainTextEdit& edit) {
     return edit.textCursor().hasSelection();
 }
 
-template <class Edit>
-constexpr Command<Edit> textCommands[] = {
+constexpr Command<QPlainTextEdit> textCommands[] = {
     {"EditUndo", [](auto& edit) { return edit.document()->isUndoAvailable(); },
      [](auto& edit) { edit.undo(); }},
     {"EditCut", [](auto& edit) { return hasSelection(edit) && !edit.isReadOnly(); },
      [](auto& edit) { edit.cut(); }},
-    {"EditCopy", hasSelection<Edit>, [](auto& edit) { edit.copy(); }},
+    {"EditCopy", hasSelection, [](auto& edit) { edit.copy(); }},
     {"EditPaste", [](auto& edit) { return !edit.isReadOnly(); }, [](auto& edit) { edit.paste(); }},
     {"EditClear", [](auto& edit) { return hasSelection(edit) && !edit.isReadOnly(); },
      [](auto& edit) { edit.textCursor().removeSelectedText(); }},
@@ -84,8 +80,7 @@ bool carryOut(const Command<Widget> (&commands)[count], QWidget* focus, const st
 
 bool carryOut(QWidget* focus, const std::string& name, bool perform) {
     return carryOut(fieldCommands, focus, name, perform) ||
-           carryOut(textCommands<QPlainTextEdit>, focus, name, perform) ||
-           carryOut(textCommands<QTextEdit>, focus, name, perform) ||
+           carryOut(textCommands, focus, name, perform) ||
            carryOut(listCommands, focus, name, perform);
 }
 

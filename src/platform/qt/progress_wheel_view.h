@@ -13,9 +13,6 @@ class ProgressWheelView : public QWidget, public ControlView {
   public:
     ProgressWheelView(ProgressWheel& model, QWidget* parent);
 
-    // The spoke that is darkest now, counted from 0.
-    int spoke() const { return spoke_; }
-
   protected:
     void sync() override {}
     void showEvent(QShowEvent* event) override;
@@ -25,6 +22,7 @@ class ProgressWheelView : public QWidget, public ControlView {
 
   private:
     QBasicTimer turning_;
+    // The one that is darkest now, counted from 0.
     int spoke_ = 0;
 };
 

@@ -1,14 +1,13 @@
 #include "platform/qt/qt_text.h"
 
 #include <QUtf8StringView>
-#include <algorithm>
 
 namespace bracken {
 
 namespace {
 
 // The longest encoding of a UTF-16 unit, in bytes.
-constexpr int64_t bytesPerUnit = 3;
+constexpr size_t bytesPerUnit = 3;
 // The sign for what cannot be shown; every font has it.
 constexpr char16_t replacement = 0xfffd;
 
@@ -49,7 +48,7 @@ QString shown(std::string_view bytes) {
 }
 
 QString shownStart(std::string_view bytes, int limit) {
-    QString text = shown(cut(bytes, static_cast<size_t>(limit * bytesPerUnit)));
+    QString text = shown(cut(bytes, static_cast<size_t>(limit) * bytesPerUnit));
     if (text.size() <= limit) return text;
     return text.left(text.at(limit).isLowSurrogate() ? limit - 1 : limit);
 }
@@ -68,25 +67,6 @@ QString harmless(const QString& text) {
 
 QString harmlessLine(const QString& text) {
     return replaceControls(text, true);
-}
-
-int toShownPosition(std::string_view bytes, int64_t position) {
-    auto size = static_cast<int64_t>(bytes.size());
-    int64_t at = position < 0 ? size : std::min(position, size);
-    if (!isUtf8(bytes)) return static_cast<int>(at);
-    std::string_view before = cut(bytes, static_cast<size_t>(at));
-    return static_cast<int>(
-        QString::fromUtf8(before.data(), static_cast<qsizetype>(before.size())).size());
-}
-
-int64_t toBytePosition(std::string_view bytes, int position) {
-    auto size = static_cast<int64_t>(bytes.size());
-    if (position < 0) return size;
-    if (!isUtf8(bytes)) return std::min<int64_t>(position, size);
-    QString text = shown(bytes);
-    if (position >= text.size()) return size;
-    bool inside = text.at(position).isLowSurrogate();
-    return text.left(inside ? position - 1 : position).toUtf8().size();
 }
 
 }  // namespace bracken

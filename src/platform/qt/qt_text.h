@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -22,10 +21,5 @@ QString shownCaption(std::string_view bytes);
 QString harmless(const QString& text);
 // For one line: line ends and tabs become blanks as well.
 QString harmlessLine(const QString& text);
-
-// Positions in the model's text (bytes) and in the shown one (UTF-16 units), both from 0; one
-// outside the text counts as its end, one inside a character as the character's start.
-int toShownPosition(std::string_view bytes, int64_t position);
-int64_t toBytePosition(std::string_view bytes, int position);
 
 }  // namespace bracken

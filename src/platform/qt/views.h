@@ -27,7 +27,8 @@ class Views : public QObject {
     QWidget* front();
     // Shows which menu items are enabled now, in the window that is active.
     void refreshMenus();
-    // Destroys the views of closed windows; no handler may be under way.
+    // Destroys the views of closed windows, as an event of its own. Without the baton, while no
+    // handler is under way.
     void bury();
     // Destroys all views.
     void clear();

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+
+#include "framework/controls/check_box.h"
+#include "framework/controls/edit_field.h"
+#include "framework/controls/listbox.h"
+#include "framework/controls/popup_menu.h"
+#include "framework/controls/progress.h"
+#include "framework/controls/push_button.h"
+#include "framework/controls/static_text.h"
+#include "framework/controls/window.h"
+
+namespace bracken::test {
+
+// A window with a control of each kind, one below the other. `go` is the default button.
+class Form : public Window {
+  public:
+    StaticText label{*this, "label"};
+    EditField field{*this, "field"};
+    StaticText note{*this, "note"};
+    EditField password{*this, "password"};
+    Listbox list{*this, "list"};
+    PopupMenu popup{*this, "popup"};
+    CheckBox box{*this, "box"};
+    PushButton button{*this, "button"};
+    PushButton go{*this, "go"};
+    ProgressBar bar{*this, "bar"};
+    ProgressWheel wheel{*this, "wheel"};
+
+    std::function<void()> closing = [] {};
+
+  protected:
+    void Layout() override {
+        Title = "Form";
+        Width = 300;
+        Height = 300;
+    }
+    void CreateControls() override {
+        int top = 5;
+        for (Control* control : controls()) {
+            dynamic_cast<RectControl&>(*control).place(10, top, 238, 20);
+            top += 25;
+        }
+        label.Caption = "Host";
+        password.Password = true;
+        go.Default = true;
+    }
+    void Event_Close() override { closing(); }
+};
+
+}  // namespace bracken::test
