@@ -5,6 +5,7 @@
 #endif
 
 #include <bit>
+#include <numeric>
 
 namespace bracken {
 
@@ -27,14 +28,14 @@ void GroupFilter::add(std::string_view text) {
     for (int second = 0; second < classes; second++) setPair(2, classOf(text[2]), second);
 }
 
-size_t GroupFilter::collectByBytes(const char* text, size_t blocks, uint32_t* positions) const {
+size_t GroupFilter::collectByBytes(const char* text, size_t blocks, uint16_t* positions) const {
     size_t count = 0;
     for (size_t i = 0; i < blocks * block; i++) {
         int a = classOf(text[i]);
         int b = classOf(text[i + 1]);
         int c = classOf(text[i + 2]);
         int d = classOf(text[i + 3]);
-        positions[count] = static_cast<uint32_t>(i);
+        positions[count] = static_cast<uint16_t>(i);
         count += (rows_[0][a] >> b) & (rows_[1][b] >> c) & (rows_[2][c] >> d) & 1U;
     }
     return count;
@@ -119,21 +120,39 @@ loadWideClasses(const char* text) {
 using Masks = std::array<uint64_t, GroupFilter::mostBlocks>;
 
 __attribute__((always_inline)) inline size_t listPositions(const Masks& masks, size_t blocks,
-                                                           uint32_t* positions) {
+                                                           uint16_t* positions) {
     size_t count = 0;
     for (size_t i = 0; i < blocks; i++) {
         uint64_t mask = masks[i];
-        uint32_t* next = positions + count;
+        uint16_t* next = positions + count;
         count += static_cast<size_t>(std::popcount(mask));
         // Several at a time, and some of no block: how many there are can't be foreseen.
+        constexpr size_t several = 4;
         do {
-            for (size_t k = 0; k < GroupFilter::excess; k++) {
-                next[k] = static_cast<uint32_t>(i * GroupFilter::block) +
-                          static_cast<uint32_t>(std::countr_zero(mask));
+            for (size_t k = 0; k < several; k++) {
+                next[k] = static_cast<uint16_t>(i * GroupFilter::block +
+                                                static_cast<size_t>(std::countr_zero(mask)));
                 mask &= mask - 1;
             }
-            next += GroupFilter::excess;
+            next += several;
         } while (mask != 0);
+    }
+    return count;
+}
+
+// Without a branch. Of each half of a block the places of the bits are packed into 16-bit numbers.
+__attribute__((target("avx512f,avx512bw,avx512vbmi2,popcnt"), always_inline)) inline size_t
+listByWideVectors(const Masks& masks, size_t blocks, uint16_t* positions) {
+    constexpr size_t half = GroupFilter::block / 2;
+    alignas(64) std::array<uint16_t, half> first;
+    std::iota(first.begin(), first.end(), uint16_t{0});
+    __m512i places = _mm512_load_si512(first.data());
+    size_t count = 0;
+    for (size_t i = 0; i < 2 * blocks; i++) {
+        auto mask = static_cast<uint32_t>(masks[i / 2] >> (i % 2 * half));
+        _mm512_storeu_si512(positions + count, _mm512_maskz_compress_epi16(mask, places));
+        count += static_cast<size_t>(std::popcount(mask));
+        places = _mm512_add_epi16(places, _mm512_set1_epi16(half));
     }
     return count;
 }
@@ -141,7 +160,7 @@ __attribute__((always_inline)) inline size_t listPositions(const Masks& masks, s
 }  // namespace
 
 __attribute__((target("avx2,bmi,popcnt"))) size_t GroupFilter::collectByVectors(
-    const char* text, size_t blocks, uint32_t* positions) const {
+    const char* text, size_t blocks, uint16_t* positions) const {
     Masks masks;
     for (size_t i = 0; i < blocks; i++) {
         const char* at = text + i * block;
@@ -152,11 +171,11 @@ __attribute__((target("avx2,bmi,popcnt"))) size_t GroupFilter::collectByVectors(
 
 bool GroupFilter::hasWideVectors() {
     return hasVectors() && __builtin_cpu_supports("avx512bw") != 0 &&
-           __builtin_cpu_supports("avx512vbmi") != 0;
+           __builtin_cpu_supports("avx512vbmi") != 0 && __builtin_cpu_supports("avx512vbmi2") != 0;
 }
 
-__attribute__((target("avx512f,avx512bw,avx512vbmi,bmi,popcnt"))) size_t
-GroupFilter::collectByWideVectors(const char* text, size_t blocks, uint32_t* positions) const {
+__attribute__((target("avx512f,avx512bw,avx512vbmi,avx512vbmi2,bmi,popcnt"))) size_t
+GroupFilter::collectByWideVectors(const char* text, size_t blocks, uint16_t* positions) const {
     WideRows rows[3];
     for (size_t place = 0; place < 3; place++)
         rows[place] = {_mm512_load_si512(&rows_[place][0]), _mm512_load_si512(&rows_[place][16])};
@@ -169,7 +188,7 @@ GroupFilter::collectByWideVectors(const char* text, size_t blocks, uint32_t* pos
         const __m512i d = loadWideClasses(at + 3);
         masks[i] = testPair(rows[0], a, b) & testPair(rows[1], b, c) & testPair(rows[2], c, d);
     }
-    return listPositions(masks, blocks, positions);
+    return listByWideVectors(masks, blocks, positions);
 }
 
 #else
@@ -182,12 +201,12 @@ bool GroupFilter::hasWideVectors() {
     return false;
 }
 
-size_t GroupFilter::collectByVectors(const char* text, size_t blocks, uint32_t* positions) const {
+size_t GroupFilter::collectByVectors(const char* text, size_t blocks, uint16_t* positions) const {
     return collectByBytes(text, blocks, positions);
 }
 
 size_t GroupFilter::collectByWideVectors(const char* text, size_t blocks,
-                                         uint32_t* positions) const {
+                                         uint16_t* positions) const {
     return collectByBytes(text, blocks, positions);
 }
 

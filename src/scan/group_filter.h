@@ -29,22 +29,22 @@ class GroupFilter {
     // Blocks that `collect` goes through at a time, at most.
     static constexpr size_t mostBlocks = 32;
     // What `collect` may write beyond the positions that it counts.
-    static constexpr size_t excess = 4;
+    static constexpr size_t excess = 32;
 
     // Writes to `positions` every position below `blocks` blocks at which a group may begin, in
     // order, and gives their number. Reads three bytes behind the last block; `positions` has room
     // for all and `excess` more.
-    size_t collect(const char* text, size_t blocks, uint32_t* positions) const {
+    size_t collect(const char* text, size_t blocks, uint16_t* positions) const {
         if (wide_) return collectByWideVectors(text, blocks, positions);
         return vectors_ ? collectByVectors(text, blocks, positions)
                         : collectByBytes(text, blocks, positions);
     }
-    size_t collectByBytes(const char* text, size_t blocks, uint32_t* positions) const;
+    size_t collectByBytes(const char* text, size_t blocks, uint16_t* positions) const;
     // For processors that have AVX2 only.
-    size_t collectByVectors(const char* text, size_t blocks, uint32_t* positions) const;
+    size_t collectByVectors(const char* text, size_t blocks, uint16_t* positions) const;
     static bool hasVectors();
-    // For processors that have AVX-512 with look-ups in 128 bytes only.
-    size_t collectByWideVectors(const char* text, size_t blocks, uint32_t* positions) const;
+    // For processors that have AVX-512 with look-ups in 128 bytes and packing of numbers only.
+    size_t collectByWideVectors(const char* text, size_t blocks, uint16_t* positions) const;
     static bool hasWideVectors();
 
   private:

@@ -15,7 +15,7 @@ void GroupSieve::add(uint64_t classes, size_t kind) {
     present_[kind][hash / 64] |= uint64_t{1} << (hash % 64);
 }
 
-size_t GroupSieve::sift(const char* text, uint32_t* positions, size_t count) const {
+size_t GroupSieve::sift(const char* text, uint16_t* positions, size_t count) const {
     size_t kept = 0;
     for (size_t i = 0; i < count; i++) {
         uint64_t classes = classesAt(text + positions[i]);

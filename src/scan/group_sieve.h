@@ -32,7 +32,7 @@ class GroupSieve {
     void add(uint64_t classes, size_t kind);
     // Keeps the positions that may be a name's, in order; gives their number. Reads eight bytes
     // from each position in `text`.
-    size_t sift(const char* text, uint32_t* positions, size_t count) const;
+    size_t sift(const char* text, uint16_t* positions, size_t count) const;
 
   private:
     // One bit for each hash.

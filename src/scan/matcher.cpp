@@ -117,7 +117,7 @@ void Matcher::search(std::string_view text, Hits& hits) const {
 
 void Matcher::searchGroups(std::string_view text, size_t begin, const char* bytes, size_t blocks,
                            Hits& hits) const {
-    std::array<uint32_t, stride + GroupFilter::excess> positions;
+    std::array<uint16_t, stride + GroupFilter::excess> positions;
     size_t count = filter_.collect(bytes, blocks, positions.data());
     count = sieve_.sift(bytes, positions.data(), count);
     for (size_t i = 0; i < count; i++)

@@ -168,7 +168,7 @@ TEST_F(Nasty, AllFiltersLetTheSamePositionsThrough) {
             if (odd)
                 for (char& c : text) c = static_cast<char>(make_.below(256));
             auto positionsBy = [&](auto collect) {
-                std::vector<uint32_t> positions(text.size() + GroupFilter::excess);
+                std::vector<uint16_t> positions(text.size() + GroupFilter::excess);
                 positions.resize((filter.*collect)(text.data(), blocks, positions.data()));
                 return positions;
             };
