@@ -45,6 +45,7 @@ class Form : public Window {
         label.Caption = "Host";
         password.Password = true;
         go.Default = true;
+        box.TabIndex = 2;
     }
     void Event_Close() override { closing(); }
 };

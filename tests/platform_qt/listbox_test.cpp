@@ -14,6 +14,7 @@ class List : public QtTest {
         list.ColumnCount = 3;
         list.ColumnWidths = std::string("20%,80%,0");
         list.HasHeading = true;
+        list.HeadingIndex = 0;
         list.setInitialValue("Table\tFound In");
         showFrame(form);
     }

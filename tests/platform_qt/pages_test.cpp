@@ -45,11 +45,11 @@ class PageWidgets : public QtTest {
         return names;
     }
     void clickTab(int page) {
-        auto& bar = *widget(pages.tabs).findChild<QTabBar*>();
         QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(page).center());
     }
 
     Pages& pages = open<Pages>();
+    QTabBar& bar = *widget(pages.tabs).findChild<QTabBar*>();
 };
 
 TEST_F(PageWidgets, ShowOnlyWhatLiesOnTheirPage) {
@@ -68,6 +68,7 @@ TEST_F(PageWidgets, ShowOnlyWhatLiesOnTheirPage) {
     EXPECT_EQ(shown(), "tabs first ");
     pages.tabs.Value = 1;
     EXPECT_EQ(shown(), "tabs box inBox panel onPage ");
+    EXPECT_EQ(bar.currentIndex(), 1);
 }
 
 }  // namespace bracken::test

@@ -88,7 +88,7 @@ TEST_F(WindowTest, ReturnPressesTheEnabledDefaultButtonFromAnywhere) {
     EXPECT_EQ(presses, 2);
 }
 
-TEST_F(WindowTest, TabGoesByCreationAndPassesHiddenControls) {
+TEST_F(WindowTest, TabGoesByIndexOrCreationAndPassesHiddenControls) {
     auto& window = open<Form>();
     window.popup.Visible = false;
     window.button.Top = 500;
@@ -99,7 +99,7 @@ TEST_F(WindowTest, TabGoesByCreationAndPassesHiddenControls) {
         order += QApplication::focusWidget()->objectName() + u' ';
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     } while (QApplication::focusWidget() != &widget(window.field) && order.size() < 99);
-    EXPECT_EQ(order.toStdString(), "field password list box go ");
+    EXPECT_EQ(order.toStdString(), "field box password list go ");
 }
 
 }  // namespace bracken::test
