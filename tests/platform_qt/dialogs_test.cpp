@@ -76,13 +76,7 @@ TEST_F(Dialogs, KeysAndButtonsAnswerABox) {
         EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, no), BoxCode::noPressed);
 }
 
-TEST_F(Dialogs, TextIsShownPlainAndALongOneStaysUsable) {
-    ask("<b>bold</b> \x01", BoxCode::ok, [](QMessageBox& box) {
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_TRUE(box.text().startsWith(QStringLiteral("<b>bold</b> ")));
-        EXPECT_EQ(box.windowTitle(), QStringLiteral("Title"));
-        box.reject();
-    });
+TEST_F(Dialogs, ALongTextIsPlainAndStaysUsable) {
     std::string lines;
     for (int line = 0; line < 100'000; line++) lines += std::string(50, 'w') + "\n";
     for (auto& text : {lines, std::string(1'000'000, 'w')})
@@ -91,6 +85,7 @@ TEST_F(Dialogs, TextIsShownPlainAndALongOneStaysUsable) {
             EXPECT_LT(box.height(), screen.height());
             EXPECT_LT(box.width(), screen.width());
             EXPECT_GT(box.detailedText().size(), 900'000);
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
             box.reject();
         });
 }

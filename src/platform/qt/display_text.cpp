@@ -1,7 +1,8 @@
 #include "platform/qt/display_text.h"
 
-#include <QUtf8StringView>
 #include <algorithm>
+
+#include "platform/qt/qt_text.h"
 
 namespace bracken {
 
@@ -36,9 +37,7 @@ size_t lengthOf(unsigned char first) {
 
 }  // namespace
 
-DisplayText::DisplayText(std::string_view bytes)
-    : bytes_(bytes),
-      isUtf8_(QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8()) {
+DisplayText::DisplayText(std::string_view bytes) : bytes_(bytes), isUtf8_(isUtf8(bytes)) {
     text_.reserve(static_cast<qsizetype>(bytes.size()));
     Place place;
     while (place.byte < bytes_.size()) {

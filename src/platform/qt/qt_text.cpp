@@ -11,10 +11,6 @@ constexpr size_t bytesPerUnit = 3;
 // The sign for what cannot be shown; every font has it.
 constexpr char16_t replacement = 0xfffd;
 
-bool isUtf8(std::string_view bytes) {
-    return QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
-}
-
 bool continues(char byte) {
     return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
 }
@@ -40,6 +36,10 @@ QString replaceControls(QString text, bool lineOnly) {
 }
 
 }  // namespace
+
+bool isUtf8(std::string_view bytes) {
+    return QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
+}
 
 QString shown(std::string_view bytes) {
     auto size = static_cast<qsizetype>(bytes.size());

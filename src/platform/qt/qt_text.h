@@ -9,6 +9,7 @@ namespace bracken {
 // Text between the model, bytes with no encoding, and the toolkit, UTF-16. Bytes that are valid
 // UTF-8 are shown as such, any others as Latin-1.
 
+bool isUtf8(std::string_view bytes);
 QString shown(std::string_view bytes);
 // The start of the text, at most `limit` UTF-16 units of it, without reading the rest.
 QString shownStart(std::string_view bytes, int limit);
