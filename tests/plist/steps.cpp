@@ -13,54 +13,27 @@ namespace bracken::test {
 namespace {
 
 using namespace std::string_literals;
+using Texts = std::vector<std::string>;
 
-constexpr const char* keys[] = {"a", "A", "b", "list", "0", "1", "2", "3", "-1", "", "x.5", "root"};
-constexpr const char* texts[] = {
-    "",           "text",     "TRUE", "12",     "1e9",        "2004-03-09T07:05:01Z",
-    "2004-3-9t7", "<&lt;>&g", "a\rb", "FF00FF", "not a date", "t"};
+const Texts keys = Split("a|A|b|list|0|1|2|3|-1||x.5|root", "|");
+const Texts texts = Split(
+    "|text|TRUE|12|1e9|2004-03-09T07:05:01Z|2004-3-9t7|2004-03-09T|2004-03-09T99:1.9:-1Z|<&lt;>&g|"
+    "a\rb|FF00FF|not a date|t",
+    "|");
 constexpr double numbers[] = {0, 1, -1, 2.5, -2.5, 255, 1e9, 5e9, 1e15, 0.1, -1e300};
 constexpr Color colors[] = {{0, 0, 0}, {1, 2, 255}, {16, 255, 128}};
-constexpr const char* pieces[] = {
-    "<key>a</key>\n",
-    "<key>B</key>",
-    "<key>0</key>\n",
-    "<key>x\n",
-    "<string>x</string>\n",
-    "<string>",
-    "</string>\n",
-    "<STRING>&lt;&gt;",
-    "<integer>7</integer>\n",
-    "<real>2.9</real>\r",
-    "<true/>\n",
-    "<FALSE/>",
-    "<boolean>TRUE</boolean>\n",
-    "<data>\n",
-    "\tQUJD\n",
-    "</data>\n",
-    "<date>2004-03-09</date>\n",
-    "<date>x</date>\n",
-    "<double>1.5</double>\n",
-    "<word>w</word>\n",
-    "<word a=\"b\">\n",
-    "<dict>\n",
-    "</dict>\n",
-    "<dict/>\r\n",
-    "<Dict>",
-    "<array>\n",
-    "</array>\n",
-    "<array/>\n",
-    "<string/>\n",
-    "<!-- x -->\n",
-    "&&lt;lt;",
-    "\n",
-    "\t",
-    " ",
-    "text\n",
-    "<",
-    ">",
-    "</",
-    "\r",
-};
+const Texts pieces = Split(
+    "<key>a</key>\n|<key>B</key>|<key>0</key>\n|<key>x\n|<string>x</string>\n|<string>|</string>\n|"
+    "<STRING>&lt;&gt;|<integer>7</integer>\n|<integer>&h10</integer>\n|<real>2.9</real>\r|<FALSE/>|"
+    "<true/>\n|<boolean>TRUE</boolean>\n|<data>\n|\tQUJD\n|</data>\n|<date>2004-03-09</date>\n|"
+    "<date>x</date>\n|<double>1.5</double>\n|<word>w</word>\n|<word a=\"b\">\n|<dict>\n|</dict>\n|"
+    "<dict/>\r\n|<Dict>|<array>\n|</array>\n|<array/>\n|<string/>\n|<!-- x -->\n|&&lt;lt;|\n|\t| |"
+    "text\n|<|>|</|\r",
+    "|");
+
+int sizeOf(const auto& list) {
+    return static_cast<int>(std::size(list));
+}
 
 // What one operation gets.
 struct Step {
@@ -70,7 +43,7 @@ struct Step {
     bool flag;
     Color color;
     Ref<Date> date;
-    std::vector<std::string> list;
+    Texts list;
     std::string body;
 };
 
@@ -202,7 +175,7 @@ constexpr Operation<P> operations[] = {
     {"SetList", [](P& p) { p.at.SetList(p.s.key, p.s.list, p.s.whole, p.s.last); }},
     {"GetList",
      [](P& p) {
-         std::vector<std::string> list = p.s.list;
+         Texts list = p.s.list;
          p.at.GetList(p.s.key, list, p.s.whole);
          for (const std::string& element : list) p.tell(element);
      }},
@@ -261,10 +234,7 @@ class Session {
   private:
     using Path = std::vector<int>;
 
-    template <class T, size_t n>
-    T pick(const T (&values)[n]) {
-        return values[choices_.below(static_cast<int>(n))];
-    }
+    auto pick(const auto& values) { return values[choices_.below(sizeOf(values))]; }
 
     // The positions on a way down from the root.
     Path path() {
@@ -323,7 +293,7 @@ class Session {
 
 std::string Session::step() {
     using StorePlay = Play<plist, plistDict>;
-    const int operation = choices_.below(static_cast<int>(std::size(operations<StorePlay>)));
+    const int operation = choices_.below(sizeOf(operations<StorePlay>));
     const std::string name = operations<StorePlay>[operation].name;
     const Path at = path();
     std::optional<Path> to = path();
@@ -362,7 +332,7 @@ std::string differenceInReading(std::string_view text) {
 
 std::string anyText(Choices& choices, int count) {
     std::string text;
-    while (count-- > 0) text += pieces[choices.below(static_cast<int>(std::size(pieces)))];
+    while (count-- > 0) text += pieces[choices.below(sizeOf(pieces))];
     return withoutEndlessLines(text);
 }
 

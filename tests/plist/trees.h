@@ -24,15 +24,6 @@ struct EmptyDocument {
     plistDict& root = *document.root;
 };
 
-class StoreTest : public testing::Test, protected EmptyDocument {
-  protected:
-    // What the latest operation must have reported, "" for no error.
-    void expectError(const std::string& message) const {
-        EXPECT_EQ(document.error, !message.empty()) << document.errorMessage;
-        EXPECT_EQ(document.errorMessage, message);
-    }
-};
-
 // The head of a file as this program and others write it, up to the root's opening tag.
 extern const std::string_view head;
 extern const std::string_view foot;
