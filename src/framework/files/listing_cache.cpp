@@ -55,8 +55,7 @@ class Kept {
         size_t bytes = path.size() + bytesOf(*contents);
         std::lock_guard guard(mutex_);
         if (holders_ == 0 || bytes_ + bytes > mostBytes) return;
-        bytes_ += bytes;
-        folders_[path] = contents;
+        if (folders_.insert_or_assign(path, contents).second) bytes_ += bytes;
     }
 
   private:
