@@ -18,6 +18,7 @@ import time
 
 RUNS = 5
 SAMPLED_NAMES = 5
+SCAN = "**this program's scan**"
 HERE = os.path.dirname(os.path.abspath(__file__))
 # One pass each, all of a file searched as bytes, no file left out.
 TOOLS = {
@@ -46,8 +47,13 @@ def told(command):
     return [json.loads(line) for line in out.splitlines()]
 
 
-def median(measure):
-    return statistics.median(measure() for _ in range(RUNS))
+def medians(measures):
+    """Of each by its name. They take turns, so that a slow moment of the machine hits all alike."""
+    figures = {name: [] for name in measures}
+    for _ in range(RUNS):
+        for name, measure in measures.items():
+            figures[name].append(measure())
+    return {name: statistics.median(taken) for name, taken in figures.items()}
 
 
 def one_by_one(tool, names, tree):
@@ -62,26 +68,29 @@ def compare(bin_folder, tree, names_file):
     facts = told([f"{bin_folder}/scan_bench", tree, names_file])[0]
     print(f"\n### {os.path.basename(tree)}: {facts['files_searched']:,} files, "
           f"{facts['bytes'] / 1e6:.0f} MB, {len(names):,} names, {facts['hits']:,} hits\n")
-    print("| | ms | times the scan |\n|---|---:|---:|")
-    scan = median(lambda: told([f"{bin_folder}/scan_bench", tree, names_file])[0]["milliseconds"])
-
-    def row(what, figure):
-        print(f"| {what} | {figure:,.0f} | {figure / scan:.2f} |", flush=True)
-
-    row("**this program's scan**", scan)
-    row("the same in its window",
-        median(lambda: told([f"{bin_folder}/window_bench", tree, names_file])[0]["milliseconds"]))
     cores = os.cpu_count()
-    for threads, what in [(0, "walking alone"), (1, "reading alone, one thread"),
-                          (cores, f"reading alone, {cores} threads")]:
-        command = [f"{bin_folder}/read_bench", tree, str(threads)]
-        row(what, median(lambda: told(command)[0]["milliseconds"]))
+
+    def bench(program, *arguments):
+        return lambda: told([f"{bin_folder}/{program}", tree, *arguments])[0]["milliseconds"]
+
+    measures = {
+        SCAN: bench("scan_bench", names_file),
+        "the same in its window": bench("window_bench", names_file),
+        "walking alone": bench("read_bench", "0"),
+        "reading alone, one thread": bench("read_bench", "1"),
+        f"reading alone, {cores} threads": bench("read_bench", str(cores)),
+    }
     for name, tool in TOOLS.items():
         command = tool + ["-f", names_file, tree]
-        row(f"{name}, one pass", median(lambda: wall_time(command)))
-        row(f"{name}, one pass, each pair once", median(lambda: wall_time(command, RELATION)))
-        row(f"{name}, a run for each name *", one_by_one(tool, names, tree))
-    print(f"\nPeak memory of the scan: {facts['peak_kib'] / 1024:.1f} MiB.")
+        measures[f"{name}, one pass"] = lambda it=command: wall_time(it)
+        measures[f"{name}, one pass, each pair once"] = lambda it=command: wall_time(it, RELATION)
+    times = medians(measures)
+    times |= {f"{name}, a run for each name *": one_by_one(tool, names, tree)
+              for name, tool in TOOLS.items()}
+    print("| | ms | times the scan |\n|---|---:|---:|")
+    for name, figure in times.items():
+        print(f"| {name} | {figure:,.0f} | {figure / times[SCAN]:.2f} |")
+    print(f"\nPeak memory of the scan: {facts['peak_kib'] / 1024:.1f} MiB.", flush=True)
 
 
 def matching(bin_folder, tree, names_file):
