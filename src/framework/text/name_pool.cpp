@@ -39,9 +39,16 @@ size_t place(uint64_t hash, size_t size) {
     return static_cast<size_t>((hash ^ (hash >> 32)) * hashBase >> 32) & (size - 1);
 }
 
-bool liesIn(std::string_view part, std::string_view whole) {
-    if (part.size() >= whole.size()) return false;
-    return memmem(whole.data(), whole.size(), part.data(), part.size()) != nullptr;
+// A bit for each pair of neighbouring bytes, shared by many pairs: a part has no bit that the whole
+// has not.
+uint64_t pairsOf(std::string_view name) {
+    uint64_t pairs = 0;
+    for (size_t i = 1; i < name.size(); i++) {
+        unsigned pair = static_cast<unsigned char>(name[i - 1]) * 37U +
+                        static_cast<unsigned char>(name[i]);
+        pairs |= uint64_t{1} << pair % 64;
+    }
+    return pairs;
 }
 
 // The last two bytes, or the only one.
@@ -68,6 +75,15 @@ const std::vector<uint32_t>& NamePool::inside(uint32_t number) const {
 const std::vector<uint32_t>& NamePool::around(uint32_t number) const {
     auto found = around_.find(number);
     return found == around_.end() ? none : found->second;
+}
+
+bool NamePool::liesIn(uint32_t part, uint32_t whole) const {
+    // Tells most apart, at a fraction of the search's cost.
+    if ((pairs_[part] & ~pairs_[whole]) != 0) return false;
+    std::string_view name = text(part);
+    std::string_view other = text(whole);
+    return name.size() < other.size() &&
+           memmem(other.data(), other.size(), name.data(), name.size()) != nullptr;
 }
 
 void NamePool::clear() {
@@ -97,6 +113,7 @@ uint32_t NamePool::numberOf(std::string_view name) {
     texts_ += lower;
     ends_.push_back(static_cast<uint32_t>(texts_.size()));
     texts_ += ',';
+    pairs_.push_back(pairsOf(lower));
     findInside(number);
     findAround(number);
     *slot = number + 1;
@@ -124,14 +141,13 @@ void NamePool::findInside(uint32_t number) {
 }
 
 void NamePool::findAround(uint32_t number) {
-    std::string_view name = text(number);
-    if (name.size() >= 4) {
+    if (text(number).size() >= 4) {
         findAroundByGroups(number);
         return;
     }
     std::vector<uint32_t> found;
     for (uint32_t other = 0; other < number; other++)
-        if (liesIn(name, text(other))) found.push_back(other);
+        if (liesIn(number, other)) found.push_back(other);
     if (!found.empty()) around_.emplace(number, std::move(found));
 }
 
@@ -140,7 +156,7 @@ void NamePool::findAroundByGroups(uint32_t number) {
     std::vector<uint32_t> found;
     for (size_t parity : {0U, 1U})
         for (uint32_t other : rarestGroup(name, parity))
-            if (liesIn(name, text(other))) found.push_back(other);
+            if (liesIn(number, other)) found.push_back(other);
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     if (!found.empty()) around_.emplace(number, std::move(found));

@@ -33,6 +33,7 @@ class NamePool {
     void findInside(uint32_t number);
     void findAround(uint32_t number);
     void findAroundByGroups(uint32_t number);
+    bool liesIn(uint32_t part, uint32_t whole) const;
     void growGroups();
     void addGroups(uint32_t number);
     // The groups of three bytes whose start has this parity: the one in the fewest names.
@@ -42,6 +43,8 @@ class NamePool {
     // All names in lower case, each followed by a comma; ends_[n] is the end of name n.
     std::string texts_;
     std::vector<uint32_t> ends_;
+    // Which pairs of neighbouring bytes a name has, by its number.
+    std::vector<uint64_t> pairs_;
     // Numbers plus one by hash, open addressing; 0 is free.
     std::vector<uint32_t> slots_;
     // Which lengths occur, up to the longest that a file system takes.
