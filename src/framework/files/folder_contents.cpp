@@ -78,9 +78,10 @@ std::shared_ptr<const FolderContents> FolderContents::read(const std::string& pa
     return contents;
 }
 
-bool FolderContents::holdsFor(const struct stat& facts) const {
-    return settled && inode == facts.st_ino && device == facts.st_dev &&
-           nanoseconds(changed) == nanoseconds(facts.st_ctim);
+bool FolderContents::holdFor(const std::string& path) const {
+    struct stat facts;
+    return settled && stat(path.c_str(), &facts) == 0 && inode == facts.st_ino &&
+           device == facts.st_dev && nanoseconds(changed) == nanoseconds(facts.st_ctim);
 }
 
 }  // namespace bracken

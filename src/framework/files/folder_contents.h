@@ -20,8 +20,8 @@ struct FolderContents {
 
     // Null for what can't be listed.
     static std::shared_ptr<const FolderContents> read(const std::string& path);
-    // Whether a folder with these facts still has these contents for sure.
-    bool holdsFor(const struct stat& facts) const;
+    // Whether that is still the folder at `path`, with these contents for sure.
+    bool holdFor(const std::string& path) const;
 
     dev_t device;
     ino_t inode;

@@ -36,15 +36,8 @@ bool FolderListing::isGone(size_t index) const {
 }
 
 void FolderListing::refresh() {
-    struct stat facts;
-    if (stat(path_.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode))
-        listable_ = false;
-    else if (!listable_ || !contents_->holdsFor(facts))
-        list(facts);
-}
-
-void FolderListing::list(const struct stat& facts) {
-    const auto contents = ListingCache::list(path_, facts);
+    if (listable_ && contents_->holdFor(path_)) return;
+    const auto contents = ListingCache::list(path_);
     listable_ = contents && !liesOn(above_.get(), *contents);
     if (!listable_) return;
     chain_ = std::make_shared<FolderChain>(FolderChain{contents->device, contents->inode, above_});

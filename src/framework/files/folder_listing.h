@@ -41,7 +41,6 @@ class FolderListing {
 
   private:
     void refresh();
-    void list(const struct stat& facts);
     void merge(const std::vector<Entry>& present);
     const std::vector<Entry>& numbered() const {
         return renumbered_ ? *renumbered_ : contents_->entries;

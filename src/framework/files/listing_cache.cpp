@@ -75,9 +75,9 @@ ListingCache::~ListingCache() {
     Kept::instance().release();
 }
 
-ContentsRef ListingCache::list(const std::string& path, const struct stat& facts) {
+ContentsRef ListingCache::list(const std::string& path) {
     ContentsRef contents = Kept::instance().find(path);
-    if (contents != nullptr && contents->holdsFor(facts)) return contents;
+    if (contents != nullptr && contents->holdFor(path)) return contents;
     contents = FolderContents::read(path);
     if (contents != nullptr && isKeepable(*contents)) Kept::instance().keep(path, contents);
     return contents;

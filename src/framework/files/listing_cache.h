@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/stat.h>
-
 #include <memory>
 #include <string>
 
@@ -18,9 +16,8 @@ class ListingCache {
     ListingCache(const ListingCache&) = delete;
     ListingCache& operator=(const ListingCache&) = delete;
 
-    // What stands in the folder, which has these facts at the moment; null if it can't be listed.
-    static std::shared_ptr<const FolderContents> list(const std::string& path,
-                                                      const struct stat& facts);
+    // What stands in the folder; null if it can't be listed.
+    static std::shared_ptr<const FolderContents> list(const std::string& path);
 };
 
 }  // namespace bracken
