@@ -1,5 +1,7 @@
 #include "scan/read_ahead.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
 
@@ -22,6 +24,10 @@ constexpr size_t batch = 16;
 
 // Waking the run costs as much as reading a small file: it is told of a batch, or after this time.
 constexpr std::chrono::milliseconds announceAfter{5};
+
+// How far the threads stand back behind the scan and the windows. Each of those two is one thread
+// that others wait for, and must not share its processor with work that can be done on any.
+constexpr int standBack = 5;
 
 unsigned threadCount() {
     return std::clamp(std::thread::hardware_concurrency(), 2U, 8U);
@@ -59,6 +65,7 @@ bool ReadAhead::cancelled() const {
 }
 
 void ReadAhead::work() {
+    [[maybe_unused]] int niceness = nice(standBack);
     FileSearch search;
     Matcher::Hits hits;
     for (std::vector<TaskRef> tasks = nextTasks(); !tasks.empty(); tasks = nextTasks()) {
