@@ -44,8 +44,8 @@ size_t place(uint64_t hash, size_t size) {
 uint64_t pairsOf(std::string_view name) {
     uint64_t pairs = 0;
     for (size_t i = 1; i < name.size(); i++) {
-        unsigned pair = static_cast<unsigned char>(name[i - 1]) * 37U +
-                        static_cast<unsigned char>(name[i]);
+        unsigned pair =
+            static_cast<unsigned char>(name[i - 1]) * 37U + static_cast<unsigned char>(name[i]);
         pairs |= uint64_t{1} << pair % 64;
     }
     return pairs;
