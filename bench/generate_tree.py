@@ -66,6 +66,8 @@ def text_pool(rng, names):
 
 
 def main():
+    if len(sys.argv) != 6:
+        sys.exit(__doc__)
     root, names_file, files, megabytes, name_count = sys.argv[1:]
     rng = random.Random(20)
     names = table_names(rng, int(name_count))

@@ -127,6 +127,8 @@ def names_of_schema(schema, names_file):
 
 
 def main():
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
     bin_folder, work = map(os.path.abspath, sys.argv[1:])
     packages = f"{work}/packages"
     trees = []
