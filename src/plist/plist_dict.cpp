@@ -69,9 +69,10 @@ Ref<plistDict> plistDict::child(std::string_view key) {
     if (known != nullptr) return Ref<plistDict>(*known);
     AddChild(key);
     const ChildList::Node* added = children.first(key);
-    // Asking again, and again, would give the same answer.
-    if (added == nullptr) throw StackOverflowException("No child: " + std::string(key));
-    return Ref<plistDict>(*added);
+    if (added != nullptr) return Ref<plistDict>(*added);
+    // The next try says that the key exists, and any more would say the same.
+    AddChild(key);
+    throw StackOverflowException("No child: " + std::string(key));
 }
 
 Ref<plistDict> plistDict::index(int32_t i) const {

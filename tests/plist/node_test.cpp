@@ -59,6 +59,15 @@ TEST(Node, KeepsItsHabits) {
              EXPECT_THROW(root.child("a"), StackOverflowException);
          },
          "{a:string=x}", "Child exists: a already exists"},
+        // With element 0 gone, the next child takes its place and is not found.
+        {[](plistDict& root) {
+             root.isArray = true;
+             root.AppendDict();
+             root.AddArray("-1");
+             for (int i = 0; i < 3; ++i) EXPECT_THROW(root.Remove(-1), KeyNotFoundException);
+             EXPECT_THROW(root.child("b"), StackOverflowException);
+         },
+         "[0:dict! -1:dict! b:dict!]", "Child exists: b already exists"},
         // The elements behind move down; the last one goes, and then once more.
         {[](plistDict& root) {
              root.SetList("a", {"p", "q", "r"}, 0, 2);
