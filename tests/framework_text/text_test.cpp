@@ -159,12 +159,13 @@ TEST(Numbers, FromText) {
         EXPECT_EQ(Val(c.text), c.start) << c.text;
         EXPECT_EQ(IsNumeric(c.text), c.numeric) << c.text;
     }
-    EXPECT_GT(CDbl("1e999"), 1e300);
-    EXPECT_LT(CDbl("-1e999"), -1e300);
     const std::string zeros(5000, '0');
+    EXPECT_EQ(Str(CDbl("1e999")), "1.7976931348623157e+308");
+    EXPECT_EQ(Str(CDbl("-1e999")), "-1.7976931348623157e+308");
+    EXPECT_EQ(CDbl(Str(CDbl("&h1" + zeros))), CDbl("1e999"));
     EXPECT_EQ(CDbl(zeros + "2"), 2);
     EXPECT_EQ(CDbl("0." + zeros + "1"), 0);
-    EXPECT_GT(CDbl("0." + zeros + "1e9999"), 1e300);
+    EXPECT_EQ(CDbl("0." + zeros + "1e9999"), CDbl("1e999"));
 }
 
 TEST(Numbers, SaturateAsInt32) {

@@ -45,18 +45,19 @@ size_t numberLength(std::string_view text) {
     return digits == 0 ? 0 : skipExponent(text, at);
 }
 
-// The value of a text that is a decimal number. What is beyond a double's range becomes infinity or
-// zero.
+constexpr double largest = std::numeric_limits<double>::max();
+
+// The value of a text that is a decimal number.
 double parseNumber(std::string_view text) {
     if (text[0] == '+') text.remove_prefix(1);
     double value = 0;
     const std::errc error = std::from_chars(text.data(), text.data() + text.size(), value).ec;
     if (error == std::errc()) return value;
-    // Too large or too small: a stream tells which.
+    // Too large or too small: a stream gives the end of the range.
     std::istringstream stream{std::string(text)};
     stream.imbue(std::locale::classic());
     stream >> value;
-    return stream.fail() ? std::copysign(std::numeric_limits<double>::infinity(), value) : value;
+    return value;
 }
 
 double parseHexadecimal(std::string_view digits) {
@@ -64,7 +65,7 @@ double parseHexadecimal(std::string_view digits) {
     for (const char c : digits) {
         int digit = 0;
         if (std::from_chars(&c, &c + 1, digit, 16).ec != std::errc()) return 0;
-        value = value * 16 + digit;
+        value = std::min(value * 16 + digit, largest);
     }
     return value;
 }

@@ -46,7 +46,8 @@ std::string Str(int64_t value);
 std::string Str(int value);
 std::string Str(double value);
 // The value of a text that is a decimal number as a whole (sign, digits, point, exponent), or of
-// "&h" and hexadecimal digits; 0 for anything else.
+// "&h" and hexadecimal digits; 0 for anything else. Saturated, so that Str's text of it is a
+// number.
 double CDbl(std::string_view text);
 // The value of the longest decimal number at the text's start, leading blanks skipped; else 0.
 double Val(std::string_view text);
