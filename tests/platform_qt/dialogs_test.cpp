@@ -98,6 +98,22 @@ TEST_F(Dialogs, KillingARunClosesItsBox) {
     EXPECT_EQ(run->answer, 0);
 }
 
+TEST_F(Dialogs, ARunsBoxOpensInsideNoOtherEvent) {
+    auto run = std::make_shared<Asking>();
+    form.button.Action = [&] {
+        run->Run();
+        while (!run->asking) Thread::Yield();
+    };
+    bool pressing = true;
+    onBox([&](QMessageBox& box) {
+        EXPECT_FALSE(pressing);
+        box.button(QMessageBox::Yes)->click();
+    });
+    press();
+    pressing = false;
+    waitFor([&] { return run->answer == BoxCode::yesPressed; });
+}
+
 TEST_F(Dialogs, AHandlersExceptionDoesNotPassThroughTheToolkit) {
     form.button.Action = form.closing = [] { throw UnwindSignal(); };
     auto behind = open<Behind>().shared_from_this();

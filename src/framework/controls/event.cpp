@@ -2,7 +2,6 @@
 
 #include "framework/controls/application.h"
 #include "framework/threads/baton.h"
-#include "framework/threads/main_calls.h"
 #include "framework/threads/thread.h"
 #include "framework/unhandled.h"
 
@@ -37,7 +36,6 @@ void handleEvent(const std::function<void()>& work) {
     baton::Hold hold;
     UnderWay mark;
     carryOut(work);
-    MainCalls::instance().run();
     // A handler that shows a box may yet open a window.
     if (underWay == 1) Application::current()->quitIfNothingIsLeft();
 }

@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <chrono>
 
+#include "framework/threads/main_calls.h"
+
 namespace bracken {
 
 namespace {
@@ -26,6 +28,7 @@ bool Waker::waitBriefly(const std::atomic<bool>& done) {
 
 void Waker::customEvent(QEvent* /*event*/) {
     posted_.store(false);
+    MainCalls::instance().run();
 }
 
 }  // namespace bracken

@@ -7,11 +7,12 @@
 
 namespace bracken {
 
-// Wakes the main thread, in its event loop or in a short wait.
+// Wakes the main thread, in its event loop or in a short wait, and carries out there what runs have
+// called. That has an event of its own: a box spins an event loop, and inside another event, such
+// as a change of the focus, the toolkit is not prepared for the windows that come and go in it.
 class Waker : public QObject {
   public:
-    // Any thread. The event that it sends does nothing by itself: what is waiting is carried out
-    // with each event.
+    // Any thread.
     void wake();
     // Waits without the event loop for `done`, which is followed by a wake, for about as long as
     // nobody can see; whether it came. Main thread.
