@@ -7,6 +7,15 @@
 
 namespace bracken {
 
+namespace {
+
+// The folder as a walk finds it: an entry that went before the walk is none of it.
+Ref<FolderItem> foundAnew(const Ref<FolderItem>& folder) {
+    return folder == nullptr ? folder : folder->another();
+}
+
+}  // namespace
+
 LongProcessThread::LongProcessThread(std::unique_ptr<RunContext> context)
     : context_(std::move(context)) {}
 
@@ -23,13 +32,13 @@ void LongProcessThread::countAndSearch() {
     FileEntry entry(*context_);
     entry_ = &entry;
     context_->lblProgress().Caption = "Gathering Files...";
-    Ref<FolderItem> folder = context_->folder();
+    Ref<FolderItem> folder = foundAnew(context_->folder());
     if (folder != nullptr) entry.enterFolder(folder, context_->peekExtensions());
     GetFileCount(folder);
     context_->ProgressBar1().Maximum = totalFiles;
     context_->pwInitializing().Visible = false;
     context_->ProgressBar1().Visible = true;
-    ProcessFolder(context_->folder());
+    ProcessFolder(foundAnew(context_->folder()));
 }
 
 void LongProcessThread::GetFileCount(const Ref<FolderItem>& folder) {

@@ -70,7 +70,9 @@ TEST_F(ResultsWindow, AnEmptyListEndsWithNothingFound) {
 
 TEST_F(ResultsWindow, ProcessRunsOverAnEmptyList) {
     writeTree();
+    folder.write("a.tmp", "gone by the second run");
     goToEnd({"users"});
+    std::filesystem::remove(folder.path("a.tmp"));
     winResults().lstResults.userSelected(0);
     program.platform.expectBox("Nothing was found");
     pressCancelRun();
