@@ -26,6 +26,8 @@ void callReportingUnhandled(const std::function<void()>& work) {
     try {
         work();
     } catch (const std::exception& error) {
+        // Its unwinding may have given up the baton.
+        Thread::leaveIfKilled();
         reportAndEnd(error.what());
     }
 }

@@ -20,12 +20,17 @@ const std::shared_ptr<const NameTable>& FileEntry::table() {
 
 void FileEntry::enterFolder(const Ref<FolderItem>& folder, const std::string& extensions) {
     if (ahead_ != nullptr && ahead_->covers(folder->AbsolutePath(), extensions)) return;
-    ahead_.reset();
+    stopReadingAhead();
     ahead_ = std::make_unique<ReadAhead>(folder, extensions, table());
 }
 
 void FileEntry::leaveFolder(const FolderItem& folder) {
-    if (ahead_ != nullptr && ahead_->root() == folder.AbsolutePath()) ahead_.reset();
+    if (ahead_ != nullptr && ahead_->root() == folder.AbsolutePath()) stopReadingAhead();
+}
+
+void FileEntry::stopReadingAhead() {
+    ahead_.reset();
+    Thread::leaveIfKilled();
 }
 
 FoundNames FileEntry::searchOpened(BinaryStream& stream, uint64_t length) {
@@ -56,7 +61,7 @@ void FileEntry::update(FoundNames& found, const FolderItem& file) {
         Ref<BinaryStream> stream = file.OpenAsBinaryFile(false);
         if (stream == nullptr) stream = make<BinaryStream>(-1);
         found = searchOpened(*stream, file.Length());
-        ahead_.reset();
+        stopReadingAhead();
     }
 }
 

@@ -30,6 +30,8 @@ class FileEntry {
     void enter(const FolderItem& file);
 
   private:
+    // A stopping point, since it waits without the baton.
+    void stopReadingAhead();
     FoundNames search(const FolderItem& file);
     // Piece by piece, hearing a stop between them.
     FoundNames searchOpened(BinaryStream& stream, uint64_t length);

@@ -155,6 +155,24 @@ TEST_F(ResultsWindow, AtNoMomentOfAStopDoTheResultColumnsDiffer) {
     }
 }
 
+// The last thing but one that a run does is to wait for the threads that read ahead.
+TEST_F(ResultsWindow, AStoppedRunDoesNotFinishWhereverItStands) {
+    folder.write("1.php", "users");
+    auto shown = [] { return winResults().lblProgress.Caption.get(); };
+    std::mt19937 random(20261125);
+    for (int stop = 0; stop < 200; stop++) {
+        go({"users"});
+        auto& run = *winResults().LongProcessThread1;
+        run.filesProcessed = 0;
+        stepUntil([&] { return run.filesProcessed == 1; });
+        for (auto turns = random() % 200; turns > 0; turns--) Thread::Yield();
+        const std::string before = shown();
+        run.Kill();
+        test::runUntil([&] { return run.weak_from_this().use_count() == 1; });
+        ASSERT_EQ(shown(), before) << stop;
+    }
+}
+
 TEST_F(ResultsWindow, ARunOutlivesItsWindowAndTakesTheNext) {
     writeTree();
     program.platform.expectBox("Nothing was found");
