@@ -119,7 +119,8 @@ uint32_t NamePool::numberOf(std::string_view name) {
     *slot = number + 1;
     growGroups();
     addGroups(number);
-    if (lower.size() < lengths_.size()) lengths_[lower.size()] = true;
+    if (lower.size() >= lengths_.size()) lengths_.resize(lower.size() + 1);
+    lengths_[lower.size()] = true;
     endings_[endingOf(lower)] = true;
     return number;
 }

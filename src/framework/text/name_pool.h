@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -47,8 +46,8 @@ class NamePool {
     std::vector<uint64_t> pairs_;
     // Numbers plus one by hash, open addressing; 0 is free.
     std::vector<uint32_t> slots_;
-    // Which lengths occur, up to the longest that a file system takes.
-    std::array<bool, 256> lengths_{};
+    // Which lengths occur.
+    std::vector<bool> lengths_;
     // Which pairs of bytes names end in: few, since most end in one of a few extensions.
     std::vector<bool> endings_ = std::vector<bool>(1U << 16);
     // Names by the hashes of the groups at their even places; about as many lists as names.
