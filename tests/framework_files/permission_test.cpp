@@ -70,6 +70,17 @@ TEST_F(Permission, AFolderThatCannotBeListedHasNoEntries) {
     EXPECT_EQ(item->Count(), 1);
 }
 
+TEST_F(Permission, ALinkToWhatCannotBeReachedIsNotPassedOver) {
+    folder_.write("in/file", "");
+    symlink("in/file", folder_.path("link").c_str());
+    setMode(folder_.path("in"), 0);
+    FolderItem item(folder_.path());
+    EXPECT_EQ(item.Count(), 2);
+    EXPECT_EQ(item.Item(2), nullptr);
+    setMode(folder_.path("in"), 0700);
+    EXPECT_EQ(item.Item(2)->Name(), "link");
+}
+
 TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {
     const std::string path = folder_.write("f", "old and long");
     setMode(folder_.path(), 0500);

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <ctime>
 #include <string_view>
@@ -31,10 +32,14 @@ bool isSettled(const struct timespec& changed, const struct timespec& listed) {
     return age > step || age < -step;
 }
 
-// False for a dangling link.
+// False for a dangling link. One whose target can't be reached is none: there may be a file behind
+// it.
 bool followType(int folder, FolderContents::Entry& entry) {
     struct stat facts;
-    if (fstatat(folder, entry.name.c_str(), &facts, 0) != 0) return !entry.link;
+    if (fstatat(folder, entry.name.c_str(), &facts, 0) != 0) {
+        const bool absent = errno == ENOENT || errno == ENOTDIR || errno == ELOOP;
+        return !entry.link || !absent;
+    }
     entry.directory = S_ISDIR(facts.st_mode);
     return true;
 }
