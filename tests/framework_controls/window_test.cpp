@@ -91,7 +91,9 @@ TEST_F(WindowTest, ResizedComesAfterTheLayoutOnceForEachChange) {
     window.userResized(120, 100);
     window.Height = 100;
     window.Height = 90;
-    EXPECT_EQ(window.events, "open resized:50 resized:50 ");
+    window.userResized(130, 110);
+    window.userResized(130, 110);
+    EXPECT_EQ(window.events, "open resized:50 resized:50 resized:60 ");
 }
 
 TEST_F(WindowTest, AContainerMovesWhatItContains) {

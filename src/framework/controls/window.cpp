@@ -133,8 +133,15 @@ void Window::userMoved(int left, int top) {
 
 void Window::userResized(int width, int height) {
     auto self = shared_from_this();
+    int dx = width - Width;
+    int dy = height - Height;
+    if (dx == 0 && dy == 0) return;
+    // Both sizes first: it is one event.
+    laidOut_ = false;
     Width = width;
     Height = height;
+    laidOut_ = true;
+    layOut(dx, dy);
 }
 
 void Window::userClosed() {
