@@ -17,7 +17,10 @@ void ControlView::takeOver(const QRect& content) {
     widget_.setGeometry(place);
     widget_.setEnabled(control_.Enabled);
     sync();
-    widget_.setVisible(control_.showing() && place.intersects(content));
+    // Outside the window the keyboard must not reach it. What only the mouse can reach stays:
+    // hidden, it would lose the drag that has led it there.
+    bool reachable = widget_.focusPolicy() == Qt::NoFocus || place.intersects(content);
+    widget_.setVisible(control_.showing() && reachable);
 }
 
 }  // namespace bracken
