@@ -35,6 +35,7 @@ class FakePlatform : public Platform {
     void closeMessageBox() override { boxClosed_ = true; }
     void beep() override { beeps++; }
     ScreenRect screen() override { return {0, 0, 1920, 1080}; }
+    ScreenRect workArea() override { return screen(); }
     bool offersEdit(const std::string& menuItemName) override { return menuItemName == offered; }
     void performEdit(const std::string& menuItemName) override {
         performed.push_back(menuItemName);

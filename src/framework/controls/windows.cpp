@@ -33,9 +33,9 @@ void Windows::add(const std::shared_ptr<Window>& window) {
     int step = cascade * static_cast<int>(all_.size());
     all_.insert(all_.begin(), window);
     window->Layout();
-    ScreenRect screen = Platform::current().screen();
-    window->Left = screen.left + (screen.width - window->Width) / 2 + step;
-    window->Top = screen.top + (screen.height - window->Height) / 3 + step;
+    ScreenRect area = Platform::current().workArea();
+    window->Left = area.left + (area.width - window->Width) / 2 + step;
+    window->Top = area.top + (area.height - window->Height) / 3 + step;
     window->open();
     announceChange();
 }

@@ -26,6 +26,7 @@ class NullPlatform : public Platform {
     void beep() override {}
     void launch(const std::string& /*path*/) override {}
     ScreenRect screen() override { return {}; }
+    ScreenRect workArea() override { return {}; }
     bool offersEdit(const std::string& /*menuItemName*/) override { return false; }
     void performEdit(const std::string& /*menuItemName*/) override {}
     void exitLoop(int /*status*/) override {}

@@ -64,8 +64,6 @@ class Platform {
     virtual void beep() = 0;
     // Opens an HTML file as Launch tells. Returns at once; a failure is silent.
     virtual void launch(const std::string& path) = 0;
-    // The part of the main screen that windows may use.
-    virtual ScreenRect screen() = 0;
     // Whether the control that has the focus offers the Edit menu's item of that name now, and
     // carrying it out.
     virtual bool offersEdit(const std::string& menuItemName) = 0;
@@ -83,6 +81,9 @@ class Platform {
     // Something in the model differs from what the screen shows: a frame is due. Called once until
     // the views have taken the changes over (Windows::takeChanged).
     virtual void modelChanged() = 0;
+    // The main screen, and the part of it that windows may use.
+    virtual ScreenRect screen() = 0;
+    virtual ScreenRect workArea() = 0;
     // Ends the process at once with this status, saving nothing.
     virtual void abort(int status) = 0;
 

@@ -25,6 +25,10 @@ namespace {
 // Milliseconds without an event before a statement lets events in that it need not wait for.
 constexpr qint64 longestFrame = 32;
 
+ScreenRect rectOf(const QRect& rect) {
+    return {rect.left(), rect.top(), rect.width(), rect.height()};
+}
+
 }  // namespace
 
 QtPlatform::QtPlatform(int& argc, char** argv) : application_(argc, argv) {
@@ -32,6 +36,9 @@ QtPlatform::QtPlatform(int& argc, char** argv) : application_(argc, argv) {
     application_.beforeShortcut = [this] { views_.refreshMenus(); };
     QObject::connect(&application_, &QApplication::focusChanged, &views_,
                      [this](QWidget* /*old*/, QWidget* now) { rememberFocus(now); });
+    QObject::connect(&application_, &QGuiApplication::primaryScreenChanged, &views_,
+                     [this] { watchScreen(); });
+    watchScreen();
     Platform::install(this);
 }
 
@@ -119,9 +126,20 @@ void QtPlatform::setClipboardText(const std::string& text) {
     QGuiApplication::clipboard()->setText(shown(text));
 }
 
-ScreenRect QtPlatform::screen() {
-    QRect usable = QGuiApplication::primaryScreen()->availableGeometry();
-    return {usable.left(), usable.top(), usable.width(), usable.height()};
+void QtPlatform::watchScreen() {
+    if (QScreen* screen = QGuiApplication::primaryScreen()) {
+        for (auto changed : {&QScreen::geometryChanged, &QScreen::availableGeometryChanged})
+            QObject::connect(screen, changed, &views_, [this] { measureScreen(); });
+    }
+    measureScreen();
+}
+
+void QtPlatform::measureScreen() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr) return;
+    baton::Hold hold;
+    screen_ = rectOf(screen->geometry());
+    workArea_ = rectOf(screen->availableGeometry());
 }
 
 void QtPlatform::rememberFocus(QWidget* focus) {

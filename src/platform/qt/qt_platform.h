@@ -31,7 +31,8 @@ class QtPlatform : public Platform {
     void closeMessageBox() override;
     void beep() override;
     void launch(const std::string& path) override;
-    ScreenRect screen() override;
+    ScreenRect screen() override { return screen_; }
+    ScreenRect workArea() override { return workArea_; }
     bool offersEdit(const std::string& menuItemName) override;
     void performEdit(const std::string& menuItemName) override;
     std::string clipboardText() override;
@@ -46,6 +47,9 @@ class QtPlatform : public Platform {
 
   private:
     void rememberFocus(QWidget* focus);
+    // Keeps the screen's measures, which runs ask for too.
+    void watchScreen();
+    void measureScreen();
     // What a box opens above: an open dialog, else the window in front by the model, whatever the
     // desktop has activated so far.
     QWidget* belowBox();
@@ -56,6 +60,9 @@ class QtPlatform : public Platform {
     std::vector<MessageBox*> boxes_;
     // The control that has the focus, or had it before the menu bar took it.
     QPointer<QWidget> focus_;
+    // With the baton.
+    ScreenRect screen_{};
+    ScreenRect workArea_{};
     bool exiting_ = false;
     int status_ = 0;
 };
