@@ -26,6 +26,9 @@ class FailingCalls : public FileCalls {
     int fallocate(int descriptor, off_t size) override {
         return fails("fallocate") ? -1 : FileCalls::fallocate(descriptor, size);
     }
+    int fchmod(int descriptor, mode_t mode) override {
+        return fails("fchmod") ? -1 : FileCalls::fchmod(descriptor, mode);
+    }
     int fsync(int descriptor) override {
         return fails("fsync") ? -1 : FileCalls::fsync(descriptor);
     }

@@ -66,8 +66,8 @@ TEST(Saving, SyncsBeforeAndAfterTheRename) {
     const auto file = ReplacingFile::open(folder.write("a", "old"), {}, calls);
     file->write("new");
     EXPECT_TRUE(file->commit());
-    EXPECT_EQ(calls.made(),
-              (std::vector<std::string>{"open", "write", "fsync", "rename", "open", "fsync"}));
+    EXPECT_EQ(calls.made(), (std::vector<std::string>{"open", "fchmod", "write", "fsync", "rename",
+                                                      "open", "fsync"}));
     EXPECT_EQ(folder.read("a"), "new");
 }
 
@@ -95,6 +95,19 @@ TEST(Saving, OldFileStandsWhateverFails) {
         EXPECT_EQ(folder.read("a"), "old") << c.call << c.nth;
         EXPECT_EQ(entriesOf(folder), 1u) << c.call << c.nth;
     }
+}
+
+TEST(Saving, AFileWhoseModeCannotBeKeptIsWrittenInPlace) {
+    const TempFolder folder;
+    const std::string path = folder.write("a", "old and long");
+    FailingCalls calls("fchmod", 1, EPERM);
+    const auto file = ReplacingFile::open(path, {}, calls);
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(entriesOf(folder), 1u);
+    file->write("new");
+    EXPECT_EQ(folder.read("a"), "old and long");
+    EXPECT_TRUE(file->commit());
+    EXPECT_EQ(folder.read("a"), "new");
 }
 
 TEST(Saving, NewFileStandsThoughItsFolderCannotBeSynced) {

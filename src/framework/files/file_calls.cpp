@@ -1,6 +1,7 @@
 #include "framework/files/file_calls.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -17,6 +18,10 @@ ssize_t FileCalls::write(int descriptor, const void* bytes, size_t count) {
 
 int FileCalls::fallocate(int descriptor, off_t size) {
     return ::fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, size);
+}
+
+int FileCalls::fchmod(int descriptor, mode_t mode) {
+    return ::fchmod(descriptor, mode);
 }
 
 int FileCalls::fsync(int descriptor) {

@@ -15,6 +15,7 @@ class FileCalls {
     virtual ssize_t write(int descriptor, const void* bytes, size_t count);
     // Without changing the file's size.
     virtual int fallocate(int descriptor, off_t size);
+    virtual int fchmod(int descriptor, mode_t mode);
     virtual int fsync(int descriptor);
     virtual int rename(const char* from, const char* to);
 

@@ -84,8 +84,13 @@ ReplacingFile::ReplacingFile(std::string target, FileCalls& calls)
     : target_(std::move(target)), calls_(calls) {}
 
 ReplacingFile::~ReplacingFile() {
+    dropTemporary();
+}
+
+void ReplacingFile::dropTemporary() {
     closeDescriptor();
     if (!temporary_.empty()) unlink(temporary_.c_str());
+    temporary_.clear();
 }
 
 bool ReplacingFile::openSpecial() {
@@ -103,7 +108,10 @@ bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
     if (!mayRenameOver(target_, present)) return openInPlace(mode);
     if (!openBeside(kOwnerOnly)) return isRefusal(errno) && openInPlace(mode);
     // A file system may have no modes to set; a private file is made as one.
-    return fchmod(descriptor_, keepOwner(present) ? mode : mode & 0777) == 0 || ownerOnly;
+    if (calls_.fchmod(descriptor_, keepOwner(present) ? mode : mode & 0777) == 0 || ownerOnly)
+        return true;
+    dropTemporary();
+    return openInPlace(mode);
 }
 
 // Somebody else's file stays theirs where the user may see to that, and else at least their
@@ -129,7 +137,7 @@ bool ReplacingFile::openInPlace(mode_t mode) {
     descriptor_ = calls_.open(target_.c_str(), O_WRONLY, 0);
     if (descriptor_ < 0) return false;
     // Changes nothing but where a file of the user's own has to become private.
-    fchmod(descriptor_, mode);
+    calls_.fchmod(descriptor_, mode);
     return true;
 }
 

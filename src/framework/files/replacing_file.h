@@ -51,6 +51,8 @@ class ReplacingFile {
     bool overwriteInPlace();
     bool renameOver();
     void syncFolder();
+    // With its descriptor.
+    void dropTemporary();
     bool closeDescriptor();
 
     std::string target_;
