@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QHeaderView>
 #include <QTableView>
 
@@ -75,6 +76,9 @@ TEST_F(List, SelectionGoesBothWays) {
     EXPECT_TRUE(view.selectionModel()->isRowSelected(0));
     click(0, Qt::ControlModifier);
     EXPECT_EQ(list.ListIndex, -1);
+    QGuiApplication::clipboard()->setText(QStringLiteral("kept"));
+    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("kept"));
 }
 
 TEST_F(List, AClickOnAHeadingSortsIfItMay) {

@@ -158,6 +158,14 @@ bool ListboxView::viewportEvent(QEvent* event) {
     return true;
 }
 
+void ListboxView::keyPressEvent(QKeyEvent* event) {
+    // That is the Edit menu's; where it has nothing to copy, the toolkit would copy a cell.
+    if (event->matches(QKeySequence::Copy))
+        event->ignore();
+    else
+        QTableView::keyPressEvent(event);
+}
+
 void ListboxView::showTip(const QPoint& at) {
     QModelIndex index = indexAt(at);
     QString text = rows_.longText(index);

@@ -20,6 +20,7 @@ class ListboxView : public QTableView, public ControlView {
     void sync() override;
     void resizeEvent(QResizeEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void setUpHeaders();
