@@ -39,8 +39,9 @@ const BrowserCase cases[] = {
       {"data/applications/term.desktop", entry("term %u", "Terminal=true\n")},
       {"data/applications/c/d.desktop", entry("\"c d\" %F")}},
      "c d /tmp/a b.html"},
-    {{{"data/applications/mimeinfo.cache", cache}, {"data/applications/b.desktop", entry("b %f")}},
-     "b /tmp/a b.html"}};
+    {{{"data/applications/mimeinfo.cache", cache},
+      {"data/applications/b.desktop", entry("b --open=%f %i")}},
+     "b --open=/tmp/a b.html"}};
 
 class WebBrowser : public QtTest {};
 

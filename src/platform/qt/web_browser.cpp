@@ -6,7 +6,6 @@
 #include <QStandardPaths>
 #include <QStringList>
 #include <QUrl>
-#include <optional>
 
 namespace bracken {
 
@@ -77,19 +76,28 @@ QString browserCommand() {
     return {};
 }
 
-// What the field codes of a command line stand for; nothing for those that say nothing of the file.
-std::optional<QString> filled(const QString& word, const QString& path) {
-    if (word == u"%f" || word == u"%F") return path;
-    if (word == u"%u" || word == u"%U")
+// What a field code of a command line stands for; nothing for those that say nothing of the file.
+QString meaning(QChar code, const QString& path) {
+    if (code == u'%') return code;
+    if (code == u'f' || code == u'F') return path;
+    if (code == u'u' || code == u'U')
         return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
-    if (word.size() == 2 && word.startsWith(u'%')) return std::nullopt;
-    return QString(word).replace(QStringLiteral("%%"), QStringLiteral("%"));
+    return {};
+}
+
+QString filled(const QString& word, const QString& path) {
+    QString text;
+    for (qsizetype i = 0; i < word.size(); i++) {
+        bool isCode = word[i] == u'%' && i + 1 < word.size();
+        text += isCode ? meaning(word[++i], path) : word[i];
+    }
+    return text;
 }
 
 bool start(const QString& command, const QString& path) {
     QStringList words;
     for (const QString& word : QProcess::splitCommand(command))
-        if (auto text = filled(word, path)) words += *text;
+        if (QString text = filled(word, path); !text.isEmpty()) words += text;
     if (words.isEmpty()) return false;
     QString program = words.takeFirst();
     return QProcess::startDetached(program, words);
