@@ -60,6 +60,8 @@ void winResults::init(const std::string& database, const Ref<FolderItem>& search
         }
     }
     searching = true;
+    // In a window that has had a run it reads "Process".
+    butCancelRun.Caption = "Stop";
     LongProcessThread1->Run();
 }
 

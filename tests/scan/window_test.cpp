@@ -90,7 +90,10 @@ TEST_F(ResultsWindow, ASecondGoAddsItsRowsBehindTheOld) {
     writeTree();
     goToEnd({"users"});
     folder.write("b/5.php", "users");
-    goToEnd({"users", "none"});
+    program.platform.expectBox("Finished");
+    go({"users", "none"});
+    EXPECT_EQ(winResults().butCancelRun.Caption.get(), "Stop");
+    finish();
     EXPECT_EQ(column(0), "users|users|none|");
     EXPECT_EQ(column(1),
               "1.php,2.php,3.php,4.php,5.php,|1.php,2.php,3.php,4.php,5.php,|"
