@@ -125,6 +125,8 @@ class Desktop:
     def set_clipboard(self, text):
         subprocess.run(["xclip", "-selection", "clipboard", "-in"], env=self.environment, input=text,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
+        # It asks for the clipboard in the background, and must not come after the next owner.
+        wait_for(lambda: self.clipboard() == text, "the text on the clipboard")
 
     def clipboard(self):
         return self.ask("xclip", "-selection", "clipboard", "-out", "-target", "UTF8_STRING")

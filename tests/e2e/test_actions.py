@@ -151,9 +151,7 @@ class ActionsTest(AfterARun):
             window = self.program.window(f"View Data for {table}")
             wait_for(lambda: self.desktop.frame(window)[2] == 1024, "the size of the data window")
             self.picture(f"data-{table}")
-            self.desktop.activate(window)
-            self.desktop.keys("ctrl+w")
-            self.gone(window)
+            self.actions.close(window)
 
 
 if __name__ == "__main__":
