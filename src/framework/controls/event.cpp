@@ -2,6 +2,7 @@
 
 #include "framework/controls/application.h"
 #include "framework/threads/baton.h"
+#include "framework/threads/main_calls.h"
 #include "framework/threads/thread.h"
 #include "framework/unhandled.h"
 
@@ -38,6 +39,12 @@ void handleEvent(const std::function<void()>& work) {
     carryOut(work);
     // A handler that shows a box may yet open a window.
     if (underWay == 1) Application::current()->quitIfNothingIsLeft();
+}
+
+void handleAction(const std::function<void()>& work) {
+    handleEvent([&] {
+        if (!MainCalls::instance().busy()) work();
+    });
 }
 
 }  // namespace bracken

@@ -60,6 +60,11 @@ void MainCalls::dropKilled() {
     for (Call* call : killed) baton::passTo(call->waiter);
 }
 
+bool MainCalls::busy() const {
+    return inStatement_ || current_ != nullptr ||
+           std::any_of(waiting_.begin(), waiting_.end(), [](Call* call) { return !*call->killed; });
+}
+
 void MainCalls::setInStatement(bool inStatement) {
     inStatement_ = inStatement;
     if (!inStatement && !waiting_.empty()) Platform::current().wake();

@@ -28,6 +28,9 @@ class MainCalls {
     // Closes the box of a killed run and releases the killed runs that wait; main thread only.
     void dropKilled();
 
+    // Whether a statement is under way, or a call of a run that is alive, or one waits.
+    bool busy() const;
+
     // Marks a statement under way on the main thread, during which run() does nothing.
     void setInStatement(bool inStatement);
 

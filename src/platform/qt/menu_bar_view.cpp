@@ -6,6 +6,7 @@
 #include "framework/controls/event.h"
 #include "framework/controls/windows.h"
 #include "framework/text/text.h"
+#include "framework/threads/main_calls.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_text.h"
 
@@ -58,6 +59,7 @@ void MenuBarView::choose(const MenuItem& item) {
         if (isQuit(item)) toolkit.quitStatement();
         return;
     }
+    if (MainCalls::instance().busy() && !isQuit(item)) return;
     Windows::open().toFront(window_);
     Application::current()->userChoseMenu(item.Name);
 }

@@ -17,7 +17,7 @@ PushButtonView::PushButtonView(PushButton& model, QWidget* parent)
     : QPushButton(parent), ControlView(model, *this), model_(model) {
     setAutoDefault(false);
     connect(this, &QPushButton::clicked, this,
-            [this] { handleEvent([this] { model_.userPressed(); }); });
+            [this] { handleAction([this] { model_.userPressed(); }); });
 }
 
 void PushButtonView::sync() {

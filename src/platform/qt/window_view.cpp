@@ -147,7 +147,7 @@ bool WindowView::eventFilter(QObject* watched, QEvent* event) {
 void WindowView::closeEvent(QCloseEvent* event) {
     // The view goes with the next frame, once the model has closed.
     event->ignore();
-    handleEvent([this] { window_->userClosed(); });
+    handleAction([this] { window_->userClosed(); });
 }
 
 void WindowView::resizeEvent(QResizeEvent* /*event*/) {
@@ -166,7 +166,7 @@ void WindowView::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
         return;
     }
-    handleEvent([this] { window_->userPressedReturn(); });
+    handleAction([this] { window_->userPressedReturn(); });
 }
 
 }  // namespace bracken
