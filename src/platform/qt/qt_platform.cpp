@@ -104,6 +104,9 @@ void QtPlatform::runModal(const Window& window) {
     application_.spin([&] {
         while (!closed()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     });
+    // Nor is it left there while the caller works.
+    baton::Hold hold;
+    views_.frame();
 }
 
 void QtPlatform::closeMessageBox() {
