@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 
 #include "framework/files/paths.h"
 #include "framework/threads/thread.h"
@@ -42,7 +43,12 @@ ReadAhead::ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
       table_(std::move(table)),
       runKilled_(Thread::killedFlag()),
       walk_(folder) {
-    for (unsigned i = 0; i < threadCount(); i++) threads_.emplace_back([this] { work(); });
+    try {
+        for (unsigned i = 0; i < threadCount(); i++) threads_.emplace_back([this] { work(); });
+    } catch (const std::system_error&) {
+        // The system gives no more: the run reads by itself what none of them reads.
+        walkEnded_ = walkEnded_ || threads_.empty();
+    }
 }
 
 ReadAhead::~ReadAhead() {
