@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "framework/files/listing_cache.h"
+#include "framework/threads/without_baton.h"
 
 namespace bracken {
 
@@ -36,8 +37,12 @@ bool FolderListing::isGone(size_t index) const {
 }
 
 void FolderListing::refresh() {
-    if (listable_ && contents_->holdFor(path_)) return;
-    const auto contents = ListingCache::list(path_);
+    // Some file systems take their time.
+    const auto contents = withoutBaton([&] {
+        const bool hold = listable_ && contents_->holdFor(path_);
+        return hold ? contents_ : ListingCache::list(path_);
+    });
+    if (listable_ && contents == contents_) return;
     listable_ = contents && !liesOn(above_.get(), *contents);
     if (!listable_) return;
     chain_ = std::make_shared<FolderChain>(FolderChain{contents->device, contents->inode, above_});
