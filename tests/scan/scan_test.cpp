@@ -176,6 +176,9 @@ TEST_F(Scan, AnUnreadableFileEndsTheProgramAndIsNamed) {
 TEST_F(Scan, AFilteredFileIsNeverOpened) {
     const std::string path = folder.write("b.js", "users");
     chmod(path.c_str(), 0);
+    std::filesystem::create_symlink("closed/in.js", folder.path("link.js"));
+    folder.write("closed/in.js", "users");
+    chmod(folder.path("closed").c_str(), 0);
     chmod(folder.path().c_str(), 0755);
     const bool root = geteuid() == 0;
     if (root) {

@@ -32,14 +32,11 @@ bool isSettled(const struct timespec& changed, const struct timespec& listed) {
     return age > step || age < -step;
 }
 
-// False for a dangling link. One whose target can't be reached is none: there may be a file behind
-// it.
+// False for a dangling link.
 bool followType(int folder, FolderContents::Entry& entry) {
     struct stat facts;
-    if (fstatat(folder, entry.name.c_str(), &facts, 0) != 0) {
-        const bool absent = errno == ENOENT || errno == ENOTDIR || errno == ELOOP;
-        return !entry.link || !absent;
-    }
+    if (fstatat(folder, entry.name.c_str(), &facts, 0) != 0)
+        return !entry.link || !isAbsence(errno);
     entry.directory = S_ISDIR(facts.st_mode);
     return true;
 }
@@ -67,6 +64,10 @@ std::vector<FolderContents::Entry> readEntries(DIR* folder) {
 }
 
 }  // namespace
+
+bool isAbsence(int error) {
+    return error == ENOENT || error == ENOTDIR || error == ELOOP;
+}
 
 std::shared_ptr<const FolderContents> FolderContents::read(const std::string& path) {
     struct timespec now;

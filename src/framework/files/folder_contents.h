@@ -8,6 +8,10 @@
 
 namespace bracken {
 
+// Whether the error of a system call says that there is nothing at a path, rather than that it
+// can't be reached.
+bool isAbsence(int error);
+
 // What stood in a folder when it was read.
 struct FolderContents {
     struct Entry {

@@ -98,10 +98,11 @@ Ref<FolderItem> FolderItem::Item(int i) {
     if (listing().isGone(index)) return Ref<FolderItem>::nilBecause(path + " has vanished");
     bool directory = entry->directory;
     if (entry->link) {
-        // Its target may go or change with no trace in this folder.
+        // Its target may go or change with no trace in this folder. What can't be reached is taken
+        // for a file, which then can't be opened.
         const auto facts = factsOf(path);
-        if (!facts) return Ref<FolderItem>::nilBecause(reason(path));
-        directory = S_ISDIR(facts->st_mode);
+        if (!facts && isAbsence(errno)) return Ref<FolderItem>::nilBecause(reason(path));
+        directory = facts && S_ISDIR(facts->st_mode);
     }
     return std::shared_ptr<FolderItem>(
         new FolderItem(std::move(path), directory, entry->file, listing().chain()));

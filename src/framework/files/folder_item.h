@@ -32,8 +32,8 @@ class FolderItem {
     // for as long as this item lives, and nothing of the entries' own entries.
     int Count();
     // The i-th entry, counted from 1, in byte order of names, hidden ones included, dangling links
-    // left out. Nil outside the range and for an entry that had vanished at the latest Count. A new
-    // item at each call.
+    // left out, and links to what can't be reached taken for files. Nil outside the range and for
+    // an entry that had vanished at the latest Count. A new item at each call.
     Ref<FolderItem> Item(int i);
 
     bool Exists() const;
