@@ -77,6 +77,44 @@ TEST_F(Binary, IdentifiersStayWhatTheyAre) {
     EXPECT_NE(folder.read("a b.plist").find("CF$UID"), std::string::npos);
 }
 
+// Text form it is then, with nothing lost.
+TEST_F(Binary, WhatThatFormCannotTellTurnsTheFileIntoText) {
+    struct Case {
+        const char* tag;
+        std::string value;
+        bool binary;
+    };
+    const Case cases[] = {
+        {"string", "caf\xe9/src", false},
+        {"string", "\xed\xa0\x80", false},
+        {"string", "\xf4\x90\x80\x80", false},
+        {"string", "\xc0\xaf", false},
+        {"string", "caf\u00e9 \U0001F600 \uFFFF", true},
+        {"string", "&#0; &#xD800; &#x110000;", true},
+        {"integer", "18446744073709551615", true},
+        {"integer", "-9223372036854775808", true},
+        {"integer", "18446744073709551616", false},
+        {"integer", "-9223372036854775809", false},
+        {"data", "QQ==", true},
+        {"data", "QQ", false},
+        {"data", "no base64!!!", false},
+        {"date", "2004-12-31T23:59:59Z", true},
+        {"date", "2004-13-09T00:00:00Z", false},
+        {"date", "2004-12-31", false},
+    };
+    for (const Case& c : cases) {
+        const auto file = binary("<key>a</key><true/>");
+        plist document(file, nullptr);
+        document.root->Remove("a");
+        document.root->values.Value("v", c.value);
+        document.root->types.Value("v", c.tag);
+        document.Save();
+        EXPECT_EQ(folder.read("a b.plist").starts_with("bplist00"), c.binary) << c.value;
+        plist again(file, nullptr);
+        EXPECT_EQ(again.root->values.Value("v"), c.value);
+    }
+}
+
 TEST_F(Binary, AnEmptyOneOpensToo) {
     plist document(binary(""), nullptr);
     EXPECT_FALSE(document.error);

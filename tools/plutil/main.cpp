@@ -4,6 +4,7 @@
 
 #include "framework/files/folder_item.h"
 #include "tools/plutil/conversion.h"
+#include "tools/plutil/representable.h"
 #include "tools/plutil/xml_shape.h"
 
 // Converts a property-list file in place between its binary and its XML form. The file is replaced
@@ -23,7 +24,10 @@ std::string readAll(const FolderItem& file) {
 std::string converted(const std::string& bytes, bool toXml) {
     using namespace bracken::plutil;
     const std::string parsable = isBinary(bytes) ? bytes : wellFormed(bytes);
-    return toXml ? toReadersShape(bracken::plutil::toXml(parsable)) : toBinary(parsable);
+    if (toXml) return toReadersShape(bracken::plutil::toXml(parsable));
+    if (!isBinary(bytes) && !isRepresentable(parsable))
+        throw std::runtime_error("has values of no such form");
+    return toBinary(parsable);
 }
 
 void convert(const std::string& form, const std::string& path) {

@@ -1,6 +1,7 @@
 #include "tools/plutil/xml_shape.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <regex>
 
 namespace bracken::plutil {
@@ -21,12 +22,23 @@ size_t behindOpeningTag(std::string_view xml, size_t from) {
 
 constexpr std::string_view ampersand = "&amp;";
 
+bool isCharacter(unsigned long number) {
+    const bool surrogate = number >= 0xD800 && number <= 0xDFFF;
+    return number > 0 && number <= 0x10FFFF && !surrogate;
+}
+
 // Whether an ampersand in front of the text begins an entity.
 bool isEntity(std::string_view text) {
     static const std::regex entity("(lt|gt|amp|quot|apos|#[0-9]+|#[xX][0-9a-fA-F]+);");
     const std::string_view start = text.substr(0, 11);
-    return std::regex_search(start.begin(), start.end(), entity,
-                             std::regex_constants::match_continuous);
+    std::match_results<std::string_view::const_iterator> found;
+    if (!std::regex_search(start.begin(), start.end(), found, entity,
+                           std::regex_constants::match_continuous))
+        return false;
+    if (start[0] != '#') return true;
+    const bool hexadecimal = start[1] == 'x' || start[1] == 'X';
+    return isCharacter(
+        std::strtoul(found.str(1).c_str() + (hexadecimal ? 2 : 1), nullptr, hexadecimal ? 16 : 10));
 }
 
 void appendShaped(std::string& shaped, std::string_view content) {
