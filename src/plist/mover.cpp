@@ -161,9 +161,10 @@ void Mover::copyLevels() {
 
 void plistDict::Move(const std::string& key, const Ref<plistDict>& destination, bool remove,
                      const std::string& newName) {
-    // The tree may hold the text itself, and lets it go as it changes.
+    // The tree may hold the texts themselves, and lets them go as it changes.
     const std::string from = key;
-    const bool copied = Mover().copy(*this, from, destination, newName.empty() ? from : newName);
+    const std::string to = newName.empty() ? from : newName;
+    const bool copied = Mover().copy(*this, from, destination, to);
     if (copied && remove) Remove(from);
 }
 
@@ -176,12 +177,14 @@ void plistDict::Copy(const std::string& key, const Ref<plistDict>& destination) 
 }
 
 void plistDict::Rename(const std::string& oldKey, const std::string& newKey) {
+    const std::string from = oldKey;
+    const std::string to = newKey;
     SetError(false, "");
-    if (Exists(newKey)) {
-        SetError(true, "Key " + newKey + " already exists.");
+    if (Exists(to)) {
+        SetError(true, "Key " + to + " already exists.");
         return;
     }
-    Move(oldKey, Ref<plistDict>(shared_from_this()), true, newKey);
+    Move(from, Ref<plistDict>(shared_from_this()), true, to);
 }
 
 }  // namespace bracken

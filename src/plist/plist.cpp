@@ -11,8 +11,9 @@ plist::plist(const Ref<FolderItem>& file, const Ref<FolderItem>& fallback) {
 
 void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& fallback) {
     root = make<plistDict>();
-    savePath = file;
+    // The fallback may be what was saved to so far.
     const Ref<FolderItem> source = !file->Exists() && fallback ? fallback : file;
+    savePath = file;
     if (!source->Exists()) {
         startNew(*source);
         return;
@@ -45,7 +46,7 @@ Ref<TextInputStream> plist::openText(const Ref<FolderItem>& source, std::string&
 Ref<TextInputStream> plist::openCopy(const Ref<FolderItem>& binary) {
     isBinary = true;
     const Ref<FolderItem> copy = binary->Parent()->Child(binary->Name() + " temp");
-    if (copy->Exists()) copy->Delete();
+    copy->Delete();
     binary->CopyFileTo(copy);
     Shell().Execute("plutil -convert xml1 " + copy->ShellPath());
     org = binary;

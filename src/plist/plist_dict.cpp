@@ -80,23 +80,26 @@ Ref<plistDict> plistDict::index(int32_t i) const {
     return known == nullptr ? Ref<plistDict>() : Ref<plistDict>(*known);
 }
 
-void plistDict::AddChild(std::string_view key) {
+void plistDict::AddChild(std::string_view keyText) {
+    // The tree may hold the text itself.
+    const std::string key(keyText);
     SetError(false, "");
     if (types.HasKey(key)) {
-        SetError(true, "Child exists: " + std::string(key) + " already exists");
+        SetError(true, "Child exists: " + key + " already exists");
         return;
     }
-    adopt(key, "dict", std::string(key));
+    adopt(key, "dict", key);
     searched.Value(key, false);
 }
 
-bool plistDict::AddArray(std::string_view key) {
+bool plistDict::AddArray(std::string_view keyText) {
+    const std::string key(keyText);
     SetError(false, "");
     if (types.HasKey(key)) {
-        SetError(true, "Array exists: " + std::string(key) + " already exists");
+        SetError(true, "Array exists: " + key + " already exists");
         return false;
     }
-    adopt(key, "array", std::string(key));
+    adopt(key, "array", key);
     searched.Value(key, false);
     return true;
 }

@@ -31,9 +31,10 @@ class Writer : public TreeLines {
 
 void plistDict::Load(const Ref<TextInputStream>& stream, const std::string& nodeName, bool array,
                      const std::weak_ptr<plistDict>& parentNode, plist* document, bool populate) {
+    // Ahead of the values, one of which may be that name.
+    name = nodeName;
     values.Clear();
     types.Clear();
-    name = nodeName;
     parent = parentNode;
     rootClass = document;
     isArray = array;

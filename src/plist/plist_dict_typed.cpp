@@ -30,11 +30,11 @@ void plistDict::SetReal(std::string_view key, double value) {
 }
 
 void plistDict::SetData(std::string_view key, const std::string& value) {
-    put(key, "data", value);
+    put(std::string(key), "data", value);
 }
 
 void plistDict::SetDate(std::string_view key, const Ref<Date>& date) {
-    if (CheckType(key, "date") != 0) put(key, "date", dateText(*date));
+    if (CheckType(key, "date") != 0) put(std::string(key), "date", dateText(*date));
 }
 
 std::string plistDict::dateText(const Date& date) const {

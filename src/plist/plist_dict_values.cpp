@@ -5,8 +5,10 @@ namespace bracken {
 
 bool plistDict::store(std::string_view key, std::string_view checked, std::string_view tag,
                       std::string value) {
-    if (CheckType(key, checked) == 0) return false;
-    put(key, tag, std::move(value));
+    // The tree, or its document's error, may hold the key's text itself, and let it go.
+    const std::string kept(key);
+    if (CheckType(kept, checked) == 0) return false;
+    put(kept, tag, std::move(value));
     return true;
 }
 

@@ -38,11 +38,13 @@ bool walk(const Ref<plistDict>& top, const Visit& visit) {
 }  // namespace
 
 bool plist::Find(const std::string& text) {
+    // The text may be one of the fields that are emptied.
+    const std::string sought = text;
     foundDict = nullptr;
     foundKey = foundValue = foundType = "";
     ClearSearch(root);
-    lastSearch = text;
-    return ReadStructure(root, text, "valueSearch");
+    lastSearch = sought;
+    return ReadStructure(root, sought, "valueSearch");
 }
 
 bool plist::FindNext(const std::string& text) {

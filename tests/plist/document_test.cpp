@@ -64,6 +64,10 @@ TEST_F(Document, ReadsTheFallbackAndSavesInTheFilesPlace) {
     document.Save(true);
     EXPECT_EQ(folder.read("a.plist"), text);
 
+    // So does a document that was saved already, from the file that it is.
+    document.Load(item("d.plist"), document.savePath);
+    EXPECT_EQ(picture(*document.root), "{a:boolean=true}");
+
     plist neither(item("b.plist"), item("c.plist"));
     EXPECT_EQ(neither.errorMessage, folder.path("c.plist") + " does not exist");
     EXPECT_EQ(neither.savePath->Name(), "b.plist");
@@ -123,6 +127,14 @@ TEST_F(Document, ReportsWhatItCannotSaveAndRaisesForWhatItCannotOpen) {
     document->debug = true;
     platform.expectBox("root is not an array");
     document->root->AppendString("x");
+}
+
+TEST_F(Document, FindsWhatItFoundBefore) {
+    const auto document = load("a.plist", std::string(head) + std::string(foot));
+    document->root->SetString("a", "needle");
+    EXPECT_TRUE(document->Find("needle"));
+    EXPECT_TRUE(document->Find(document->foundValue));
+    EXPECT_EQ(document->lastSearch, "needle");
 }
 
 TEST_F(Document, FindsTheKeysOfScalarsOnRequest) {

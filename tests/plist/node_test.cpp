@@ -127,6 +127,26 @@ TEST(Node, KeepsItsHabits) {
     }
 }
 
+TEST(Node, TakesTextsThatItHoldsItself) {
+    test::EmptyDocument empty;
+    plistDict& root = empty.root;
+    root.SetString("x", "x");
+    root.SetString(root.values.Value("x"), "a key much longer than a string keeps in itself");
+    root.SetString(root.values.Value("x"), "y");
+    root.SetList("l", {"p"}, 0, 0);
+    const auto list = root.child("l");
+    list->AppendDict();
+    list->Remove(0);
+    list->AddChild(list->childrenNames[1]);
+    root.GetDate("x");
+    root.Rename("x", empty.document.errorMessage);
+    EXPECT_EQ(
+        picture(root),
+        "{a key much longer than a string keeps in itself:string=y l:array[0:dict! 1:dict{}{}] "
+        "Could not create date object from x(a key much longer than a string keeps in "
+        "itself):string='a key much longer than a string keeps in itself'}");
+}
+
 TEST(Node, KeepsWhatSomebodyHolds) {
     test::EmptyDocument empty;
     const auto held = empty.root.child("a")->child("b");
