@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <cmath>
 #include <random>
 
@@ -129,6 +131,10 @@ TEST(Numbers, AsText) {
         EXPECT_EQ(CDbl(text), value);
     }
     EXPECT_EQ(Str(INT64_MIN), "-9223372036854775808");
+    constexpr double endless = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(Texts({Str(endless), Str(-endless), Str(endless - endless)}),
+              Texts({"1.7976931348623157e+308", "-1.7976931348623157e+308", "0"}));
+    EXPECT_EQ(CDbl(Format(endless, "-#")), std::numeric_limits<double>::max());
     EXPECT_EQ(Texts({Hex(0), Hex(255), Hex(-1)}), Texts({"0", "FF", "FFFFFFFFFFFFFFFF"}));
     EXPECT_EQ(Texts({Format(2.5, "-#"), Format(-2.5, "-#"), Format(0, "-#"), Format(-0.4, "-#"),
                      Format(1e20, "-#")}),

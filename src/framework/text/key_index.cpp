@@ -90,13 +90,17 @@ uint32_t KeyIndex::slotAt(int i) const {
 void KeyIndex::rebuild() {
     const size_t least = std::max<size_t>(8, slots_.size() * 2);
     table_.assign(std::bit_ceil(least), Entry());
-    for (uint32_t slot = 0; slot < slots_.size(); ++slot) enter(slot);
+    for (uint32_t slot = 0; slot < slots_.size(); ++slot)
+        if (slots_[slot].alive) enter(slot);
 }
 
 void KeyIndex::enter(uint32_t slot) {
     const size_t mask = table_.size() - 1;
     size_t at = slots_[slot].hash & mask;
-    while (table_[at].slot != none) at = (at + 1) & mask;
+    // A dead slot's entry is as good as a free one: else a key that comes and goes would leave one
+    // behind each time, for the next to step over.
+    while (table_[at].slot != none && (dead_ == 0 || slots_[table_[at].slot].alive))
+        at = (at + 1) & mask;
     table_[at] = {slots_[slot].hash, slot};
 }
 

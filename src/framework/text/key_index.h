@@ -65,8 +65,8 @@ class KeyIndex {
     void enter(uint32_t slot);
 
     std::vector<Slot> slots_;
-    // Open addressing by linear steps. Dead slots stay entered. The hash stands here too, so that a
-    // step over another key's entry doesn't reach for its slot.
+    // Open addressing by linear steps. Dead slots stay entered until another takes the place. The
+    // hash stands here too, so that a step over another key's entry doesn't reach for its slot.
     std::vector<Entry> table_;
     uint32_t dead_ = 0;
     // Kept only while there are dead slots.

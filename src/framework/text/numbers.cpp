@@ -70,6 +70,11 @@ double parseHexadecimal(std::string_view digits) {
     return value;
 }
 
+// What text can tell: there is none for what is no number or has no end.
+double inRange(double value) {
+    return std::isnan(value) ? 0 : std::clamp(value, -largest, largest);
+}
+
 template <class T, class... Form>
 std::string toText(T value, Form... form) {
     char buffer[longestNumber];
@@ -87,6 +92,7 @@ std::string Str(int value) {
 }
 
 std::string Str(double value) {
+    value = inRange(value);
     const bool plain = std::trunc(value) == value && std::abs(value) < 1e15;
     return plain ? toText(value, std::chars_format::fixed) : toText(value);
 }
@@ -115,7 +121,7 @@ std::string Hex(int64_t value) {
 }
 
 std::string Format(double value, std::string_view /*format*/) {
-    const double rounded = std::round(value);
+    const double rounded = std::round(inRange(value));
     return rounded == 0 ? "0" : toText(rounded, std::chars_format::fixed);
 }
 

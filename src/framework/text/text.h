@@ -41,7 +41,8 @@ std::string ReplaceAll(std::string_view source, std::string_view find, std::stri
 bool equal(std::string_view a, std::string_view b);
 
 // Decimal text. Of a double: the shortest text that reads back as the same value, with no exponent
-// for whole numbers below 1e15.
+// for whole numbers below 1e15; an infinite one gives the end of the range, and what is no number
+// "0".
 std::string Str(int64_t value);
 std::string Str(int value);
 std::string Str(double value);
