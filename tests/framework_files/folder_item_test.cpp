@@ -48,6 +48,7 @@ TEST(FolderItem, PathsAndTheirParts) {
     }
     EXPECT_EQ(GetFolderItem("", 0), nullptr);
     EXPECT_EQ(GetFolderItem("a/b", 0), nullptr);
+    EXPECT_EQ(GetFolderItem(std::string("/tmp\0x", 6), 0), nullptr);
     EXPECT_EQ(GetFolderItem("/", 0)->Parent(), nullptr);
     EXPECT_EQ(GetFolderItem("/a", 0)->Parent()->AbsolutePath(), "/");
     EXPECT_EQ(GetFolderItem("/a/b", 0)->Parent()->AbsolutePath(), "/a");

@@ -197,6 +197,8 @@ void FolderItem::CreateAsFolder() const {
 }
 
 Ref<FolderItem> GetFolderItem(const std::string& path, int /*pathForm*/) {
+    // The system would take it as ending at the NUL.
+    if (path.find('\0') != path.npos) return nullptr;
     if (path.empty() || path.front() != '/') return nullptr;
     return make<FolderItem>(path);
 }

@@ -1,6 +1,7 @@
 #include "framework/files/replacing_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -38,6 +39,13 @@ bool mayRenameOver(const std::string& target, const struct stat& present) {
     if (stat(parentPath(target).c_str(), &folder) != 0) return true;
     return (folder.st_mode & S_ISVTX) == 0 || user == 0 || user == folder.st_uid ||
            user == present.st_uid;
+}
+
+// Nothing can be renamed over a file that is mounted by itself, as containers do it.
+bool isMountPoint(const std::string& target) {
+    struct statx facts;
+    return statx(AT_FDCWD, target.c_str(), 0, STATX_TYPE, &facts) == 0 &&
+           (facts.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
 bool isRefusal(int error) {
@@ -105,7 +113,7 @@ bool ReplacingFile::openSpecial() {
 bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
     if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
     const mode_t mode = ownerOnly ? kOwnerOnly : present.st_mode & kPermissions;
-    if (!mayRenameOver(target_, present)) return openInPlace(mode);
+    if (!mayRenameOver(target_, present) || isMountPoint(target_)) return openInPlace(mode);
     if (!openBeside(kOwnerOnly)) return isRefusal(errno) && openInPlace(mode);
     // A file system may have no modes to set; a private file is made as one.
     if (calls_.fchmod(descriptor_, keepOwner(present) ? mode : mode & 0777) == 0 || ownerOnly)
