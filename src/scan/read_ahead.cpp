@@ -47,7 +47,7 @@ ReadAhead::ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
         for (unsigned i = 0; i < threadCount(); i++) threads_.emplace_back([this] { work(); });
     } catch (const std::system_error&) {
         // The system gives no more: the run reads by itself what none of them reads.
-        walkEnded_ = walkEnded_ || threads_.empty();
+        if (threads_.empty()) walkEnded_ = true;
     }
 }
 

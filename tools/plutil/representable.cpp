@@ -39,10 +39,9 @@ bool isUtf8(std::string_view text) {
 }
 
 bool isWhole(const std::string& number) {
-    static const std::regex decimal("-?[0-9]+");
-    if (!std::regex_match(number, decimal)) return false;
-    const bool negative = number.front() == '-';
+    const bool negative = number.starts_with('-');
     std::string digits = number.substr(negative ? 1 : 0);
+    if (digits.empty() || digits.find_first_not_of("0123456789") != digits.npos) return false;
     digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size()));
     const std::string largest = negative ? "9223372036854775808" : "18446744073709551615";
     return digits.size() < largest.size() || (digits.size() == largest.size() && digits <= largest);
