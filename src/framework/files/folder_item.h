@@ -87,8 +87,8 @@ class FolderItem {
 };
 
 // An item for an absolute path, existing or not; nil for an empty or a relative path and for one
-// with a NUL byte. The second
-// argument names the path's form and is always 0, the form that AbsolutePath gives.
+// with a NUL byte. The second argument names the path's form and is always 0, the form that
+// AbsolutePath gives.
 Ref<FolderItem> GetFolderItem(const std::string& path, int pathForm);
 
 }  // namespace bracken
