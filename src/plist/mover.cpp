@@ -177,14 +177,12 @@ void plistDict::Copy(const std::string& key, const Ref<plistDict>& destination) 
 }
 
 void plistDict::Rename(const std::string& oldKey, const std::string& newKey) {
-    const std::string from = oldKey;
-    const std::string to = newKey;
-    SetError(false, "");
-    if (Exists(to)) {
-        SetError(true, "Key " + to + " already exists.");
+    // An older error is cleared by Move: the new key may be its text.
+    if (Exists(newKey)) {
+        SetError(true, "Key " + newKey + " already exists.");
         return;
     }
-    Move(from, Ref<plistDict>(shared_from_this()), true, to);
+    Move(oldKey, Ref<plistDict>(shared_from_this()), true, newKey);
 }
 
 }  // namespace bracken

@@ -1,4 +1,5 @@
 #include <functional>
+#include <utility>
 
 #include "framework/text/text.h"
 #include "plist/plist.h"
@@ -39,12 +40,12 @@ bool walk(const Ref<plistDict>& top, const Visit& visit) {
 
 bool plist::Find(const std::string& text) {
     // The text may be one of the fields that are emptied.
-    const std::string sought = text;
+    std::string sought = text;
     foundDict = nullptr;
     foundKey = foundValue = foundType = "";
     ClearSearch(root);
-    lastSearch = sought;
-    return ReadStructure(root, sought, "valueSearch");
+    lastSearch = std::move(sought);
+    return ReadStructure(root, lastSearch, "valueSearch");
 }
 
 bool plist::FindNext(const std::string& text) {
