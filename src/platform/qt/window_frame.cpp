@@ -49,7 +49,7 @@ void WindowFrame::set(const QRect& frame) {
     view_.setGeometry(frame);
 }
 
-void WindowFrame::exposed() {
+void WindowFrame::customEvent(QEvent* /*event*/) {
     if (exposed_) return;
     exposed_ = true;
     if (view_.geometry() != known_) set(known_);

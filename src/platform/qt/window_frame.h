@@ -19,11 +19,13 @@ class WindowFrame : public QObject {
     void setMenuHeight(int height) { menuHeight_ = height; }
     // Gives the widget the model's frame and the bounds of the user's resizing, if they differ.
     void apply();
-    // The widget has been exposed: the frame is set once more, since window managers pull a new
-    // window onto the screen.
-    void exposed();
     // The widget was moved or resized, by the user or as an answer to apply.
     void geometryChanged();
+
+  protected:
+    // The widget has been exposed: the frame is set once more, since window managers pull a new
+    // window onto the screen.
+    void customEvent(QEvent* event) override;
 
   private:
     QRect wanted() const;

@@ -140,7 +140,7 @@ bool WindowView::event(QEvent* event) {
 
 bool WindowView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose && windowHandle()->isExposed())
-        QMetaObject::invokeMethod(frame_, &WindowFrame::exposed, Qt::QueuedConnection);
+        QCoreApplication::postEvent(frame_, new QEvent(QEvent::User));
     return QWidget::eventFilter(watched, event);
 }
 
