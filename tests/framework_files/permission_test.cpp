@@ -79,6 +79,7 @@ TEST_F(Permission, ALinkToWhatCannotBeReachedIsNotPassedOver) {
     EXPECT_EQ(item.Item(2)->Name(), "link");
     EXPECT_FALSE(item.Item(2)->Directory());
     EXPECT_EQ(item.Item(2)->OpenAsBinaryFile(false), nullptr);
+    setMode(folder_.path("in"), 0700);
 }
 
 TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {

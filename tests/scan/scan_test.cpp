@@ -190,6 +190,7 @@ TEST_F(Scan, AFilteredFileIsNeverOpened) {
         ASSERT_EQ(seteuid(0), 0);
     }
     EXPECT_EQ(column(1), "Not Found Yet|");
+    chmod(folder.path("closed").c_str(), 0700);
 }
 
 TEST_F(Scan, FoldersThatAreNotThere) {
