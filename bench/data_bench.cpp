@@ -17,12 +17,12 @@
 #include <fstream>
 #include <string>
 
-#include "actions/win_view_data.h"
-#include "app/app.h"
 #include "framework/threads/baton.h"
 #include "platform/mysql/mysql_database.h"
 #include "platform/qt/qt_platform.h"
-#include "scan/win_results.h"
+#include "program/actions/win_view_data.h"
+#include "program/app.h"
+#include "program/results/win_results.h"
 #include "tests/support/child.h"
 #include "tests/support/private_server.h"
 

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <functional>
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "framework/threads/baton.h"
 #include "platform/mysql/mysql_database.h"
 #include "tests/platform_mysql/loop_platform.h"

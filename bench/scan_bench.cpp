@@ -16,16 +16,16 @@
 #include <string>
 #include <vector>
 
-#include "framework/controls/window.h"
-#include "framework/controls/windows.h"
-#include "framework/dialogs/null_platform.h"
+#include "framework/platform/null_platform.h"
 #include "framework/text/text.h"
 #include "framework/threads/main_calls.h"
 #include "framework/threads/without_baton.h"
+#include "framework/windows/window.h"
+#include "framework/windows/windows.h"
+#include "program/results/long_process_thread.h"
+#include "program/results/results_list.h"
 #include "scan/extension_filter.h"
 #include "scan/file_search.h"
-#include "scan/found_in.h"
-#include "scan/long_process_thread.h"
 #include "scan/tree_walk.h"
 
 namespace {
@@ -59,7 +59,7 @@ Options parse(int argc, char** argv) {
 // The controls of a run on a window that is never shown.
 class BenchWindow : public Window {
   public:
-    Listbox lstResults{*this, "lstResults"};
+    ResultsList lstResults{*this, "lstResults"};
     StaticText lblProgress{*this, "lblProgress"};
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
     ProgressWheel pwInitializing{*this, "pwInitializing"};
@@ -73,7 +73,7 @@ class BenchContext : public RunContext {
           extensions_(options.extensions) {}
 
     Ref<FolderItem> folder() override { return folder_; }
-    Listbox& lstResults() override { return window_.lstResults; }
+    ResultsList& lstResults() override { return window_.lstResults; }
     StaticText& lblProgress() override { return window_.lblProgress; }
     class ProgressBar& ProgressBar1() override {
         return window_.ProgressBar1;

@@ -7,9 +7,9 @@
 #include <memory>
 #include <vector>
 
-#include "framework/controls/windows.h"
-#include "framework/dialogs/null_platform.h"
+#include "framework/platform/null_platform.h"
 #include "framework/threads/baton.h"
+#include "framework/windows/windows.h"
 #include "splitter/smart_splitter.h"
 
 namespace {

@@ -3,8 +3,8 @@
 //     splitter_gallery
 
 #include "bench/splitter_window.h"
-#include "framework/controls/application.h"
-#include "framework/controls/windows.h"
+#include "framework/windows/application.h"
+#include "framework/windows/windows.h"
 #include "platform/qt/qt_platform.h"
 
 int main(int argc, char** argv) {

@@ -11,7 +11,7 @@
 #include "framework/controls/radio_button.h"
 #include "framework/controls/static_text.h"
 #include "framework/controls/tab_panel.h"
-#include "framework/controls/window.h"
+#include "framework/windows/window.h"
 #include "splitter/canvas_smart_splitter_debugger.h"
 #include "splitter/smart_splitter.h"
 

@@ -11,10 +11,10 @@
 #include <cstdlib>
 #include <string>
 
-#include "framework/controls/application.h"
 #include "framework/controls/edit_field.h"
-#include "framework/controls/windows.h"
 #include "framework/text/text.h"
+#include "framework/windows/application.h"
+#include "framework/windows/windows.h"
 #include "platform/qt/qt_platform.h"
 
 namespace {

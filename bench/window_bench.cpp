@@ -23,11 +23,11 @@
 #include <utility>
 #include <vector>
 
-#include "app/app.h"
-#include "framework/controls/application.h"
 #include "framework/threads/main_calls.h"
+#include "framework/windows/application.h"
 #include "platform/qt/qt_platform.h"
-#include "scan/win_results.h"
+#include "program/app.h"
+#include "program/results/win_results.h"
 
 namespace {
 

@@ -1,36 +1,53 @@
 #!/usr/bin/env python3
 """Checks that includes go along the arrows of docs/architecture.md, and nowhere else.
 
-Each folder of src/ may include itself and the folders listed here. Headers of the toolkit and of
-the database client stay in the one binding that knows them.
+Each folder of src/ may include itself and the folders listed here; a folder of the framework may
+also include those above it in the list, which begins at the ground floor. Headers of the toolkit and
+of the database client stay in the one binding that knows them. Libraries may not need each other in
+a ring.
 """
 
 import pathlib
 import re
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent / "src"
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+
+FRAMEWORK = [
+    "framework/platform",
+    "framework/containers",
+    "framework/text",
+    "framework/values",
+    "framework/threads",
+    "framework/files",
+    "framework/dialogs",
+    "framework/database",
+    "framework/graphics",
+    "framework/controls",
+    "framework/windows",
+]
+CONTROLS = FRAMEWORK.index("framework/controls")
 
 ALLOWED = {
-    "framework": set(),
-    "plist": {"framework"},
-    "splitter": {"framework"},
-    "app": {"framework", "plist"},
-    "scan": {"framework", "plist", "app"},
-    "login": {"framework", "plist", "app", "scan"},
-    "actions": {"framework", "plist", "splitter", "app", "scan"},
-    "platform/qt": {"framework"},
-    "platform/mysql": {"framework"},
+    **{folder: {"framework", *FRAMEWORK[:floor]} for floor, folder in enumerate(FRAMEWORK)},
+    "framework": set(),  # exceptions and references, which everything uses
+    "plist": {"framework", *FRAMEWORK},
+    "splitter": {"framework", *FRAMEWORK},
+    "scan": {"framework", *FRAMEWORK[:CONTROLS]},
+    "program": {"framework", *FRAMEWORK, "plist", "splitter", "scan"},
+    "platform/qt": {"framework", *FRAMEWORK},
+    "platform/mysql": {"framework", *FRAMEWORK},
     "start": None,  # the one place that knows everything
 }
 
 # Headers of a library, and the only folders that may include them.
 LIBRARIES = {
-    re.compile(r"Q[A-Z]\w*(/\w+)?|qt\w+\.h"): {"platform/qt", "start"},
+    re.compile(r"Q[A-Z]\w*(/\w+)?|qt\w+\.h|gio/.*"): {"platform/qt", "start"},
     re.compile(r"(mysql|mariadb)[\w./]*\.h"): {"platform/mysql"},
 }
 
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]+)[>"]')
+LIBRARY = re.compile(r"^bracken_library\((\w+)([^)]*)\)", re.M)
 
 
 def folder_of(path):
@@ -52,11 +69,12 @@ def complaint(folder, quote, header):
     return None
 
 
-def complaints():
-    for path in sorted(ROOT.rglob("*")):
+def include_complaints():
+    source = ROOT / "src"
+    for path in sorted(source.rglob("*")):
         if path.suffix not in (".h", ".cpp"):
             continue
-        relative = path.relative_to(ROOT).as_posix()
+        relative = path.relative_to(source).as_posix()
         folder = folder_of(relative)
         if folder is None:
             yield f"src/{relative}: lies in no known folder"
@@ -68,8 +86,24 @@ def complaints():
                 yield f"src/{relative}:{number}: {why}"
 
 
+def library_complaints():
+    needs = {}
+    for lists in (ROOT / "src").rglob("CMakeLists.txt"):
+        for name, libraries in LIBRARY.findall(lists.read_text()):
+            needs[name] = re.findall(r"bracken_(\w+)", libraries)
+    for start in sorted(needs):
+        reached, waiting = set(), list(needs[start])
+        while waiting:
+            name = waiting.pop()
+            if name not in reached:
+                reached.add(name)
+                waiting += needs.get(name, [])
+        if start in reached:
+            yield f"bracken_{start}: needs itself by way of its libraries"
+
+
 def main():
-    found = list(complaints())
+    found = [*include_complaints(), *library_complaints()]
     print("\n".join(found) if found else "All includes go along the arrows.")
     return 1 if found else 0
 

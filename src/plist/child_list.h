@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/text/dictionary.h"
-#include "framework/text/rank_tree.h"
+#include "framework/containers/dictionary.h"
+#include "framework/containers/rank_tree.h"
 
 namespace bracken {
 

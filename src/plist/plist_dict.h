@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "framework/containers/dictionary.h"
 #include "framework/files/text_input_stream.h"
 #include "framework/files/text_output_stream.h"
 #include "framework/graphics/color.h"
 #include "framework/ref.h"
-#include "framework/text/dictionary.h"
 #include "framework/text/variant.h"
 #include "framework/values/date.h"
 #include "plist/child_list.h"

@@ -1,6 +1,6 @@
 #include "framework/checked.h"
-#include "framework/controls/window.h"
 #include "framework/text/text.h"
+#include "framework/windows/window.h"
 #include "plist/plist_dict.h"
 
 namespace bracken {

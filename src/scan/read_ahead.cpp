@@ -37,7 +37,7 @@ unsigned threadCount() {
 }  // namespace
 
 ReadAhead::ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
-                     std::shared_ptr<const NameTable> table)
+                     std::shared_ptr<const TableNames> table)
     : root_(folder->AbsolutePath()),
       extensions_(std::move(extensions)),
       table_(std::move(table)),

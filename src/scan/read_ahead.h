@@ -14,15 +14,15 @@
 #include "framework/files/folder_item.h"
 #include "framework/ref.h"
 #include "scan/file_search.h"
-#include "scan/name_table.h"
 #include "scan/open_folder.h"
+#include "scan/table_names.h"
 #include "scan/tree_walk.h"
 
 namespace bracken {
 
 // Names found in a file, by their numbers in the table that was searched for.
 struct FoundNames {
-    std::shared_ptr<const NameTable> table;
+    std::shared_ptr<const TableNames> table;
     std::vector<uint32_t> names;
 };
 
@@ -34,7 +34,7 @@ class ReadAhead {
     // `extensions` is a guess at what the scan will use in every folder from here on; files that it
     // keeps out are not opened.
     ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
-              std::shared_ptr<const NameTable> table);
+              std::shared_ptr<const TableNames> table);
     // Stops the threads; gives the baton up while it waits for them.
     ~ReadAhead();
     ReadAhead(const ReadAhead&) = delete;
@@ -75,7 +75,7 @@ class ReadAhead {
 
     const std::string root_;
     const std::string extensions_;
-    const std::shared_ptr<const NameTable> table_;
+    const std::shared_ptr<const TableNames> table_;
     const std::atomic<bool>* const runKilled_;
     std::atomic<bool> stopped_{false};
 

@@ -9,7 +9,7 @@ const Axis& Axis::across() {
         made.extent_ = &RectControl::Width;
         made.nearLock_ = &RectControl::LockLeft;
         made.farLock_ = &RectControl::LockRight;
-        made.size_ = &Window::Width;
+        made.size_ = &WindowContent::Width;
         return made;
     }();
     return axis;
@@ -22,7 +22,7 @@ const Axis& Axis::down() {
         made.extent_ = &RectControl::Height;
         made.nearLock_ = &RectControl::LockTop;
         made.farLock_ = &RectControl::LockBottom;
-        made.size_ = &Window::Height;
+        made.size_ = &WindowContent::Height;
         return made;
     }();
     return axis;

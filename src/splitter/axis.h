@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "framework/controls/control.h"
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 
 namespace bracken {
 
@@ -23,7 +23,7 @@ class Axis {
     int64_t farEdge(const RectControl& control) const {
         return position(control) + extent(control);
     }
-    int64_t size(const Window& window) const { return window.*size_; }
+    int64_t size(const WindowContent& window) const { return window.*size_; }
     bool farLock(const RectControl& control) const { return control.*farLock_; }
     bool lockedAtBothEnds(const RectControl& control) const {
         return control.*nearLock_ && control.*farLock_;
@@ -43,7 +43,7 @@ class Axis {
     Property<int> RectControl::*extent_ = nullptr;
     bool RectControl::*nearLock_ = nullptr;
     bool RectControl::*farLock_ = nullptr;
-    Property<int> Window::*size_ = nullptr;
+    Property<int> WindowContent::*size_ = nullptr;
 };
 
 }  // namespace bracken

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 #include "framework/dialogs/dialogs.h"
 #include "framework/graphics/screen.h"
 #include "framework/text/text.h"
@@ -19,7 +19,7 @@ const Color hidden = RGB(0xff, 0xff, 0xff);
 
 }  // namespace
 
-CanvasSmartSplitterDebugger::CanvasSmartSplitterDebugger(Window& window, std::string name)
+CanvasSmartSplitterDebugger::CanvasSmartSplitterDebugger(WindowContent& window, std::string name)
     : Canvas(window, std::move(name)) {
     TakesMouse = false;
 }
@@ -121,7 +121,7 @@ void CanvasSmartSplitterDebugger::markControl(const RectControl& c) {
     if (p == nullptr) return;
     picture().ForeColor = RGB(200, 0, 0);
     drawBox(c);
-    markChanged();
+    markDirty();
 }
 
 }  // namespace bracken

@@ -15,7 +15,7 @@ class SmartSplitter;
 // Put one into a window, created last so that it lies on top, and call setDebug on a splitter.
 class CanvasSmartSplitterDebugger : public Canvas {
   public:
-    CanvasSmartSplitterDebugger(Window& window, std::string name);
+    CanvasSmartSplitterDebugger(WindowContent& window, std::string name);
 
     // Whether a splitter uses it.
     bool debug = false;

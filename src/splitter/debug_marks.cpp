@@ -21,7 +21,7 @@ void CanvasSmartSplitterDebugger::markSplitter(const SmartSplitter& s, int minLi
         markUpright(s, minLimit, maxLimit);
     else
         markLying(s, minLimit, maxLimit);
-    markChanged();
+    markDirty();
 }
 
 void CanvasSmartSplitterDebugger::markUpright(const SmartSplitter& s, int minLimit, int maxLimit) {

@@ -1,4 +1,4 @@
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 #include "framework/dialogs/dialogs.h"
 #include "framework/exception.h"
 #include "splitter/canvas_smart_splitter_debugger.h"

@@ -1,7 +1,7 @@
-#include "app/app.h"
-#include "login/win_login.h"
 #include "platform/mysql/mysql_database.h"
 #include "platform/qt/qt_platform.h"
+#include "program/app.h"
+#include "program/login/win_login.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "actions/win_confirm.h"
 #include "framework/files/special_folder.h"
+#include "program/actions/win_confirm.h"
 #include "tests/actions/opened_results.h"
 #include "tests/support/temp_folder.h"
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "framework/controls/windows.h"
-#include "scan/win_results.h"
+#include "framework/windows/windows.h"
+#include "program/results/win_results.h"
 #include "tests/support/program.h"
 
 namespace bracken::test {

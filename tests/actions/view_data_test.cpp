@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "actions/win_view_data.h"
-#include "app/menu_bar1.h"
 #include "framework/text/text.h"
+#include "program/actions/win_view_data.h"
+#include "program/menu_bar1.h"
 #include "tests/actions/opened_results.h"
 
 namespace bracken {

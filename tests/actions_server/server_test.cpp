@@ -2,11 +2,11 @@
 
 #include <filesystem>
 
-#include "actions/win_view_data.h"
-#include "app/app.h"
 #include "framework/text/text.h"
 #include "platform/mysql/mysql_database.h"
-#include "scan/win_results.h"
+#include "program/actions/win_view_data.h"
+#include "program/app.h"
+#include "program/results/win_results.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/private_server.h"
 

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "actions/win_view_script.h"
-#include "app/app.h"
-#include "framework/controls/windows.h"
 #include "framework/exception.h"
-#include "scan/win_results.h"
+#include "framework/windows/windows.h"
+#include "program/actions/win_view_script.h"
+#include "program/app.h"
+#include "program/results/win_results.h"
 #include "tests/support/fake_database.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/temp_folder.h"

@@ -1,12 +1,12 @@
-#include "app/app.h"
+#include "program/app.h"
 
 #include <gtest/gtest.h>
 
-#include "actions/win_preferences.h"
-#include "framework/controls/event.h"
-#include "framework/controls/windows.h"
 #include "framework/exception.h"
-#include "login/win_login.h"
+#include "framework/windows/event.h"
+#include "framework/windows/windows.h"
+#include "program/actions/win_preferences.h"
+#include "program/login/win_login.h"
 #include "tests/support/program.h"
 
 namespace bracken {

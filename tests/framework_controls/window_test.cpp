@@ -1,11 +1,11 @@
-#include "framework/controls/window.h"
+#include "framework/windows/window.h"
 
 #include <gtest/gtest.h>
 
 #include "framework/controls/control.h"
 #include "framework/controls/push_button.h"
 #include "framework/controls/static_text.h"
-#include "framework/controls/windows.h"
+#include "framework/windows/windows.h"
 #include "tests/support/fake_platform.h"
 
 namespace bracken {
@@ -148,7 +148,7 @@ TEST_F(WindowTest, ReturnPressesTheDefaultButtonIfItCanBePressed) {
 
 TEST_F(WindowTest, AWindowLivesUntilTheHandlerThatClosesItHasEnded) {
     Probe& window = open();
-    std::weak_ptr<Window> alive = window.weak_from_this();
+    std::weak_ptr<WindowContent> alive = window.weak_from_this();
     window.first.Action = [&] {
         window.Close();
         window.Close();
@@ -181,9 +181,9 @@ TEST_F(WindowTest, OneInstanceAndAnOrderFromFrontToBack) {
 TEST_F(WindowTest, ManyChangesAskForOneFrame) {
     Probe& window = open();
     auto takeAll = [&] {
-        Windows::open().takeChanged();
-        window.takeChanged();
-        for (Control* control : window.controls()) control->takeChanged();
+        beginFrame();
+        window.takeDirty();
+        for (Control* control : window.controls()) control->takeDirty();
     };
     takeAll();
     const int before = platform.frames;
@@ -192,7 +192,7 @@ TEST_F(WindowTest, ManyChangesAskForOneFrame) {
         window.box.Left = i;
     }
     EXPECT_EQ(platform.frames, before + 1);
-    EXPECT_TRUE(window.label.takeChanged());
+    EXPECT_TRUE(window.label.takeDirty());
     takeAll();
     window.label.Caption = "99";
     EXPECT_EQ(platform.frames, before + 1) << "nothing differs";

@@ -1,4 +1,4 @@
-#include "framework/text/dictionary.h"
+#include "framework/containers/dictionary.h"
 
 #include <gtest/gtest.h>
 

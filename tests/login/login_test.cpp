@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "login/win_login.h"
-#include "scan/win_results.h"
+#include "program/login/win_login.h"
+#include "program/results/win_results.h"
 #include "tests/support/program.h"
 #include "tests/support/temp_folder.h"
 

@@ -4,7 +4,7 @@
 #include <mutex>
 #include <string>
 
-#include "framework/dialogs/null_platform.h"
+#include "framework/platform/null_platform.h"
 
 namespace bracken::test {
 

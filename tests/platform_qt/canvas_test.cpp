@@ -30,7 +30,7 @@ class Other : public Window {};
 class CanvasWidget : public QtTest {
   protected:
     static void showsThePixels(Canvas& canvas) {
-        showFrame(canvas.window());
+        showFrame(dynamic_cast<Window&>(canvas.window()));
         QWidget& shown = widget(canvas);
         QRect place(shown.mapTo(shown.window(), QPoint()), shown.size());
         QImage seen = shown.window()->grab(place).toImage().convertToFormat(QImage::Format_ARGB32);

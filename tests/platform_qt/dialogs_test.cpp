@@ -5,12 +5,12 @@
 #include <atomic>
 #include <thread>
 
-#include "framework/controls/event.h"
 #include "framework/dialogs/dialogs.h"
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "framework/threads/blocking.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
+#include "framework/windows/event.h"
 #include "platform/qt/qt_application.h"
 #include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"

@@ -9,7 +9,7 @@
 #include "framework/controls/progress.h"
 #include "framework/controls/push_button.h"
 #include "framework/controls/static_text.h"
-#include "framework/controls/window.h"
+#include "framework/windows/window.h"
 
 namespace bracken::test {
 

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QMenu>
 
-#include "app/menu_bar1.h"
+#include "program/menu_bar1.h"
 #include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
 

@@ -3,11 +3,11 @@
 #include <cstdlib>
 #include <memory>
 
-#include "app/menu_bar1.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/window_view.h"
+#include "program/menu_bar1.h"
 
 namespace bracken::test {
 
@@ -81,7 +81,7 @@ void QtTest::showFrame(Window& window) {
     waitFor([&] { return viewOf(window)->windowTitle().toStdString() == window.Title.get(); });
 }
 
-QWidget* QtTest::viewOf(const Window& window) {
+QWidget* QtTest::viewOf(const WindowContent& window) {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* view = dynamic_cast<WindowView*>(widget);
         if (view != nullptr && &view->model() == &window) return view;

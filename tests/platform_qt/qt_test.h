@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <functional>
 
-#include "framework/controls/application.h"
-#include "framework/controls/windows.h"
+#include "framework/windows/application.h"
+#include "framework/windows/windows.h"
 
 namespace bracken::test {
 
@@ -30,7 +30,7 @@ class QtTest : public testing::Test {
         waitFor([&] { return viewOf(window) != nullptr && viewOf(window)->isVisible(); });
         return window;
     }
-    static QWidget* viewOf(const Window& window);
+    static QWidget* viewOf(const WindowContent& window);
 
     // The widget of a control.
     template <class Widget = QWidget>

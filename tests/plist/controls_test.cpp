@@ -6,9 +6,9 @@
 #include "framework/controls/popup_menu.h"
 #include "framework/controls/radio_button.h"
 #include "framework/controls/static_text.h"
-#include "framework/controls/window.h"
 #include "framework/text/text.h"
 #include "framework/threads/baton.h"
+#include "framework/windows/window.h"
 #include "tests/plist/trees.h"
 #include "tests/support/fake_platform.h"
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "framework/threads/main_calls.h"
-#include "scan/win_results.h"
+#include "program/results/win_results.h"
 #include "tests/support/program.h"
 #include "tests/support/temp_folder.h"
 

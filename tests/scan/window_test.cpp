@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "framework/controls/windows.h"
+#include "framework/windows/windows.h"
 #include "tests/scan/results.h"
 
 namespace bracken {
@@ -181,7 +181,7 @@ TEST_F(ResultsWindow, ARunOutlivesItsWindowAndTakesTheNext) {
     program.platform.expectBox("Nothing was found");
     go({"users"});
     stepUntil([&] { return processing(folder.path("a")); });
-    std::weak_ptr<Window> first = winResults().weak_from_this();
+    std::weak_ptr<WindowContent> first = winResults().weak_from_this();
     winResults().userClosed();
     EXPECT_TRUE(first.expired());
     stepUntil([&] { return !Windows::open().all().empty(); });

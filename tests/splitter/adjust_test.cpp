@@ -171,13 +171,13 @@ TEST(AdjustOrder, AControlIsHiddenBeforeItsSizeIsNothing) {
     platform.look = [&] {
         std::pair<bool, int> state(control.Visible, control.Width);
         if (states.empty() || states.back() != state) states.push_back(state);
-        control.takeChanged();
-        splitter.takeChanged();
-        Windows::open().takeChanged();
+        control.takeDirty();
+        splitter.takeDirty();
+        beginFrame();
     };
-    control.takeChanged();
-    splitter.takeChanged();
-    Windows::open().takeChanged();
+    control.takeDirty();
+    splitter.takeDirty();
+    beginFrame();
     splitter.moveDistance(-130, false);
     EXPECT_EQ(states, (std::vector<std::pair<bool, int>>{{true, 100}, {false, 100}, {false, -30}}));
 }

@@ -220,7 +220,7 @@ class Walk {
     // Ahead of a move: what it must leave as it is.
     void remember() {
         before_ = places();
-        for (RectControl* control : controls_) control->takeChanged();
+        for (RectControl* control : controls_) control->takeDirty();
         gaps_.clear();
         for (auto& role : Probe::attached(*splitter_)) {
             bool usual = role.shouldResize && role.shouldMove != role.behind && !role.shouldCenter;
@@ -234,7 +234,7 @@ class Walk {
         for (size_t i = 0; i < controls_.size(); ++i) {
             // What lies in a container is marked along with it.
             if (after[i] != before_[i] || controls_[i]->Parent != nullptr) continue;
-            EXPECT_FALSE(controls_[i]->takeChanged()) << controls_[i]->name() << " set for nothing";
+            EXPECT_FALSE(controls_[i]->takeDirty()) << controls_[i]->name() << " set for nothing";
         }
         if (splitter_->DisableLiveDrag) return;
         for (const Gap& gap : gaps_) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/controls/windows.h"
+#include "framework/windows/windows.h"
 #include "splitter/canvas_smart_splitter_debugger.h"
 #include "splitter/smart_splitter.h"
 #include "tests/support/fake_platform.h"

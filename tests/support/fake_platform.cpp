@@ -4,10 +4,10 @@
 
 #include <thread>
 
-#include "framework/controls/windows.h"
 #include "framework/threads/main_calls.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
+#include "framework/windows/windows.h"
 
 namespace bracken::test {
 

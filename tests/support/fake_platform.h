@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 
 namespace bracken::test {
 

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "app/app.h"
+#include "program/app.h"
 #include "tests/support/fake_database.h"
 #include "tests/support/fake_platform.h"
 

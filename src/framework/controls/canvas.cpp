@@ -4,7 +4,7 @@
 
 namespace bracken {
 
-Canvas::Canvas(Window& window, std::string name)
+Canvas::Canvas(WindowContent& window, std::string name)
     : RectControl(window, std::move(name)),
       Active(*this, true),
       MouseCursor(*this, Cursor::standard),

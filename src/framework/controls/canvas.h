@@ -13,7 +13,7 @@ enum class Cursor { standard, splitterEastWest, splitterNorthSouth };
 // Coordinates of its events are its own.
 class Canvas : public RectControl {
   public:
-    Canvas(Window& window, std::string name);
+    Canvas(WindowContent& window, std::string name);
 
     // False while its window is not the one that the user works in.
     Property<bool> Active;

@@ -9,7 +9,7 @@ namespace bracken {
 // A box with a caption, ticked or not.
 class CheckBox : public RectControl {
   public:
-    CheckBox(Window& window, std::string name)
+    CheckBox(WindowContent& window, std::string name)
         : RectControl(window, std::move(name)), Caption(*this, ""), Value(*this, false) {}
 
     Property<std::string> Caption;

@@ -1,14 +1,15 @@
 #include "framework/controls/control.h"
 
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 
 namespace bracken {
 
-Control::Control(Window& window, std::string name) : window_(window), name_(std::move(name)) {
-    window.enrol(*this);
+Control::Control(WindowContent& window, std::string name)
+    : window_(window), name_(std::move(name)) {
+    window.controls_.push_back(this);
 }
 
-RectControl::RectControl(Window& window, std::string name)
+RectControl::RectControl(WindowContent& window, std::string name)
     : Control(window, std::move(name)),
       Left(*this, 0, [this](int old) { moveContents(Left - old, 0); }),
       Top(*this, 0, [this](int old) { moveContents(0, Top - old); }),
@@ -33,7 +34,7 @@ void RectControl::place(int left, int top, int width, int height) {
 }
 
 void RectControl::Refresh(bool /*eraseBackground*/) {
-    markChanged();
+    markDirty();
 }
 
 bool RectControl::showing() const {
@@ -43,7 +44,7 @@ bool RectControl::showing() const {
 
 void RectControl::markContents() {
     for (RectControl* inner : contents_) {
-        inner->markChanged();
+        inner->markDirty();
         inner->markContents();
     }
 }

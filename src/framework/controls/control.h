@@ -8,17 +8,17 @@
 
 namespace bracken {
 
-class Window;
+class WindowContent;
 
 // Base of all controls: plain objects, members of their window, that hold the whole state and run
 // with no window system. Coordinates are pixels of the window's content area.
-class Control : public Mirrored {
+class Control : public Observable {
   public:
-    // Enrols the control in `window`, which must outlive it; the order of creation is the tab
+    // Adds the control to `window`, which must outlive it; the order of creation is the tab
     // order.
-    Control(Window& window, std::string name);
+    Control(WindowContent& window, std::string name);
 
-    Window& window() const { return window_; }
+    WindowContent& window() const { return window_; }
     const std::string& name() const { return name_; }
 
     // Its window has opened, before the window's own event; its window closes, after that.
@@ -29,7 +29,7 @@ class Control : public Mirrored {
     int32_t Index = INT32_MIN;
 
   private:
-    Window& window_;
+    WindowContent& window_;
     std::string name_;
 };
 
@@ -51,7 +51,7 @@ class RectControl : public Control {
         RectControl* parent_ = nullptr;
     };
 
-    RectControl(Window& window, std::string name);
+    RectControl(WindowContent& window, std::string name);
 
     Property<int> Left;
     Property<int> Top;

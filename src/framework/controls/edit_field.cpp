@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 
 namespace bracken {
 
@@ -15,7 +15,7 @@ EditField::FieldText& EditField::FieldText::operator=(std::string text) {
     return *this;
 }
 
-EditField::EditField(Window& window, std::string name)
+EditField::EditField(WindowContent& window, std::string name)
     : RectControl(window, std::move(name)),
       Text(*this,
            [this](const std::string&) {
@@ -37,7 +37,7 @@ void EditField::forgetLooks() {
     ++textVersion_;
     SelStart = 0;
     SelLength = 0;
-    markChanged();
+    markDirty();
 }
 
 void EditField::styleSelection(const std::function<void(TextStyle&)>& change) {
@@ -46,7 +46,7 @@ void EditField::styleSelection(const std::function<void(TextStyle&)>& change) {
     int64_t end = std::clamp<int64_t>(int64_t{SelStart} + SelLength, from, length);
     styles_.apply(from, end - from, change);
     ++styleVersion_;
-    markChanged();
+    markDirty();
 }
 
 }  // namespace bracken

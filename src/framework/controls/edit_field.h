@@ -40,7 +40,7 @@ class EditField : public RectControl {
         Setter setter_;
     };
 
-    EditField(Window& window, std::string name);
+    EditField(WindowContent& window, std::string name);
 
     FieldText Text;
     // Shows dots in place of the text.

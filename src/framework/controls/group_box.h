@@ -7,7 +7,7 @@ namespace bracken {
 // A frame with a caption around the controls that it holds.
 class GroupBox : public RectControl {
   public:
-    GroupBox(Window& window, std::string name)
+    GroupBox(WindowContent& window, std::string name)
         : RectControl(window, std::move(name)), Caption(*this, "") {}
 
     Property<std::string> Caption;

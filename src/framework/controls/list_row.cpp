@@ -6,7 +6,7 @@
 #include <cstring>
 #include <utility>
 
-#include "framework/text/byte_buffer.h"
+#include "framework/containers/byte_buffer.h"
 
 namespace bracken {
 
@@ -56,7 +56,6 @@ struct Packed {
 
 struct ListRow::Cell {
     ByteBuffer bytes;
-    std::unique_ptr<CellNames> names;
 
     Cell() = default;
     explicit Cell(std::string_view text) : bytes(text) {}
@@ -121,11 +120,6 @@ void ListRow::unpack() {
     block_[0] = 0;
     Cells* pointer = own.release();
     std::memcpy(&block_[1], &pointer, pointerSize);
-}
-
-std::unique_ptr<CellNames>& ListRow::names(size_t column) {
-    if (cells() == nullptr) unpack();
-    return cell(column).names;
 }
 
 ListRow::Cell& ListRow::cell(size_t column) {

@@ -5,12 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/controls/cell_names.h"
-
 namespace bracken {
 
 // A list's row, small however many there are: one pointer. As added, its cells lie end to end in
-// one block, with no byte to spare; once a cell is appended to or gets an index, each cell has a
+// one block, with no byte to spare; once a cell is appended to, each cell has a
 // buffer of its own.
 class ListRow {
   public:
@@ -24,8 +22,6 @@ class ListRow {
     // `text` may lie in this row.
     void set(size_t column, std::string_view text);
     void append(size_t column, std::string_view text);
-    // The cell's index of names, null until one is made; dropped by set.
-    std::unique_ptr<CellNames>& names(size_t column);
 
   private:
     struct Cell;

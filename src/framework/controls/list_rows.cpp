@@ -12,10 +12,6 @@ void ListRows::append(int row, int column, std::string_view text) {
     rows_[static_cast<size_t>(row)].append(static_cast<size_t>(column), text);
 }
 
-std::unique_ptr<CellNames>& ListRows::names(int row, int column) {
-    return rows_[static_cast<size_t>(row)].names(static_cast<size_t>(column));
-}
-
 void ListRows::add(const std::vector<std::string_view>& cells) {
     rows_.emplace_back(cells);
 }

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <memory>
 #include <string_view>
 #include <vector>
 
-#include "framework/controls/cell_names.h"
 #include "framework/controls/list_row.h"
 
 namespace bracken {
@@ -28,10 +26,6 @@ class ListRows {
     void clear();
     // Puts the rows into the given order of their present numbers.
     void reorder(const std::vector<int>& order);
-
-    // The cell's index of names, empty until one is made; it moves with its row and is dropped by
-    // every write to the cell but an append.
-    std::unique_ptr<CellNames>& names(int row, int column);
 
   private:
     const ListRow& at(int row) const { return rows_[static_cast<size_t>(row)]; }

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "framework/controls/list_sort.h"
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 #include "framework/exception.h"
 #include "framework/text/text.h"
 
@@ -18,7 +18,7 @@ uint64_t nextVersion() {
 
 }  // namespace
 
-Listbox::Listbox(Window& window, std::string name)
+Listbox::Listbox(WindowContent& window, std::string name)
     : RectControl(window, std::move(name)),
       ColumnCount(*this, 1),
       ColumnWidths(*this, ""),
@@ -34,7 +34,7 @@ Listbox::Listbox(Window& window, std::string name)
 
 void Listbox::structureChanged() {
     structureVersion_ = nextVersion();
-    markChanged();
+    markDirty();
 }
 
 void Listbox::checkCell(int row, int column) const {
@@ -45,7 +45,7 @@ void Listbox::checkCell(int row, int column) const {
 
 void Listbox::setInitialValue(std::string_view headings) {
     headings_ = Split(headings, "\t");
-    markChanged();
+    markDirty();
 }
 
 std::string Listbox::Heading(int column) const {
@@ -58,7 +58,7 @@ void Listbox::setHeading(int column, const std::string& text) {
     auto at = static_cast<size_t>(column);
     if (at >= headings_.size()) headings_.resize(at + 1);
     headings_[at] = text;
-    markChanged();
+    markDirty();
 }
 
 std::string Listbox::Text() const {
@@ -95,8 +95,6 @@ void Listbox::RemoveRow(int row) {
 void Listbox::DeleteAllRows() {
     baton::assertHeld();
     rows_.clear();
-    names_.clear();
-    lastName_.clear();
     lastIndex_ = -1;
     structureChanged();
     ListIndex = -1;
@@ -113,40 +111,16 @@ void Listbox::setCell(int row, int column, std::string_view text) {
     if (column == 0)
         structureChanged();
     else
-        markChanged();
+        markDirty();
 }
 
-uint32_t Listbox::numberOf(std::string_view name) {
-    if (name != lastName_) {
-        lastNumber_ = names_.numberOf(name);
-        lastName_ = name;
-    }
-    return lastNumber_;
-}
-
-bool Listbox::cellContains(int row, int column, std::string_view name) {
-    if (name.empty() || cellText(row, column).empty()) return false;
-    if (name.find(',') != std::string_view::npos) return InStr(0, cellText(row, column), name) > 0;
-    // Asking for the index may move the cell's bytes.
-    auto& names = rows_.names(row, column);
-    if (names == nullptr) names = std::make_unique<CellNames>(cellText(row, column), names_);
-    return names->contains(numberOf(name), names_);
-}
-
-void Listbox::appendNameToCell(int row, int column, std::string_view name) {
+void Listbox::appendToCell(int row, int column, std::string_view text) {
     checkCell(row, column);
-    auto& names = rows_.names(row, column);
-    bool plain = !name.empty() && name.find(',') == std::string_view::npos;
-    if (names != nullptr && plain && names->complete())
-        names->add(numberOf(name), names_);
-    else
-        names = nullptr;
-    rows_.append(row, column, name);
-    rows_.append(row, column, ",");
+    rows_.append(row, column, text);
     if (column == 0)
         structureChanged();
     else
-        markChanged();
+        markDirty();
 }
 
 std::string Listbox::selectedRowText() const {

@@ -29,7 +29,7 @@ class Listbox : public RectControl {
         int column_;
     };
 
-    Listbox(Window& window, std::string name);
+    Listbox(WindowContent& window, std::string name);
 
     Property<int> ColumnCount;
     // Widths by column, separated by commas: "75" pixels, "20%" of the list's width, "0" hides the
@@ -69,12 +69,9 @@ class Listbox : public RectControl {
 
     // A cell's bytes without a copy, valid until the list changes.
     std::string_view cellText(int row, int column) const;
-    void setCell(int row, int column, std::string_view text);
-    // InStr of the cell's text and `name` being above 0, found by an index of the cell's names in
-    // near-constant time, unless the name holds a comma.
-    bool cellContains(int row, int column, std::string_view name);
-    // Appends a name and a comma in amortised constant time; keeps the index.
-    void appendNameToCell(int row, int column, std::string_view name);
+    virtual void setCell(int row, int column, std::string_view text);
+    // Amortised constant for each byte.
+    void appendToCell(int row, int column, std::string_view text);
     // Changes with everything that adds, removes or moves rows or writes to column 0; unique in the
     // process.
     uint64_t structureVersion() const { return structureVersion_; }
@@ -98,13 +95,7 @@ class Listbox : public RectControl {
     // Sets the selection without firing.
     void moveSelection(int row);
 
-    uint32_t numberOf(std::string_view name);
-
     ListRows rows_;
-    NamePool names_;
-    // The name asked for last and its number: one file is entered into many rows.
-    std::string lastName_;
-    uint32_t lastNumber_ = 0;
     std::vector<std::string> headings_;
     int lastIndex_ = -1;
     bool silent_ = false;

@@ -8,7 +8,7 @@ namespace bracken {
 // TabPanelIndex names.
 class PagePanel : public RectControl {
   public:
-    PagePanel(Window& window, std::string name)
+    PagePanel(WindowContent& window, std::string name)
         : RectControl(window, std::move(name)),
           Value(*this, 0, [this](int /*old*/) { markContents(); }) {}
 

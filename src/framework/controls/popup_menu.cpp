@@ -1,17 +1,17 @@
 #include "framework/controls/popup_menu.h"
 
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 #include "framework/exception.h"
 
 namespace bracken {
 
-PopupMenu::PopupMenu(Window& window, std::string name)
+PopupMenu::PopupMenu(WindowContent& window, std::string name)
     : RectControl(window, std::move(name)), ListIndex(*this) {}
 
 PopupMenu::Index& PopupMenu::Index::operator=(int row) {
     baton::assertHeld();
     menu_.index_ = row;
-    menu_.markChanged();
+    menu_.markDirty();
     auto keep = menu_.window().weak_from_this().lock();
     if (menu_.Change) menu_.Change();
     return *this;
@@ -19,13 +19,13 @@ PopupMenu::Index& PopupMenu::Index::operator=(int row) {
 
 void PopupMenu::AddRow(const std::string& text) {
     rows_.push_back(text);
-    markChanged();
+    markDirty();
 }
 
 void PopupMenu::DeleteAllRows() {
     rows_.clear();
     index_ = -1;
-    markChanged();
+    markDirty();
 }
 
 const std::string& PopupMenu::List(int row) const {

@@ -23,7 +23,7 @@ class PopupMenu : public RectControl {
         PopupMenu& menu_;
     };
 
-    PopupMenu(Window& window, std::string name);
+    PopupMenu(WindowContent& window, std::string name);
 
     void AddRow(const std::string& text);
     // Drops the rows and, silently, the selection.

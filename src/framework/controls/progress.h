@@ -8,7 +8,7 @@ namespace bracken {
 // of 0 the bar is empty.
 class ProgressBar : public RectControl {
   public:
-    ProgressBar(Window& window, std::string name)
+    ProgressBar(WindowContent& window, std::string name)
         : RectControl(window, std::move(name)), Value(*this, 0), Maximum(*this, 0) {}
 
     Property<int> Value;

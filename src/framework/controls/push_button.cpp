@@ -1,10 +1,10 @@
 #include "framework/controls/push_button.h"
 
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 
 namespace bracken {
 
-PushButton::PushButton(Window& window, std::string name)
+PushButton::PushButton(WindowContent& window, std::string name)
     : RectControl(window, std::move(name)), Caption(*this, ""), Default(*this, false) {}
 
 void PushButton::userPressed() {

@@ -9,7 +9,7 @@ namespace bracken {
 // A button.
 class PushButton : public RectControl {
   public:
-    PushButton(Window& window, std::string name);
+    PushButton(WindowContent& window, std::string name);
 
     Property<std::string> Caption;
     // Whether Return presses it.

@@ -1,10 +1,10 @@
 #include "framework/controls/radio_button.h"
 
-#include "framework/controls/window.h"
+#include "framework/controls/window_content.h"
 
 namespace bracken {
 
-RadioButton::RadioButton(Window& window, std::string name)
+RadioButton::RadioButton(WindowContent& window, std::string name)
     : RectControl(window, std::move(name)),
       Caption(*this, ""),
       Value(*this, false, [this](bool /*old*/) {

@@ -7,7 +7,7 @@ namespace bracken {
 // One choice of the several that share its container.
 class RadioButton : public RectControl {
   public:
-    RadioButton(Window& window, std::string name);
+    RadioButton(WindowContent& window, std::string name);
 
     Property<std::string> Caption;
     // Setting it takes the choice from the others.

@@ -7,7 +7,7 @@ namespace bracken {
 // A label.
 class StaticText : public RectControl {
   public:
-    StaticText(Window& window, std::string name)
+    StaticText(WindowContent& window, std::string name)
         : RectControl(window, std::move(name)), Caption(*this, "") {}
 
     Property<std::string> Caption;

@@ -11,7 +11,7 @@ namespace bracken {
 // names.
 class TabPanel : public RectControl {
   public:
-    TabPanel(Window& window, std::string name)
+    TabPanel(WindowContent& window, std::string name)
         : RectControl(window, std::move(name)),
           Value(*this, 0, [this](int /*old*/) { markContents(); }) {}
 

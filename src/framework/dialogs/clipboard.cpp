@@ -1,6 +1,6 @@
 #include "framework/dialogs/clipboard.h"
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 
 namespace bracken {
 

@@ -1,32 +1,13 @@
 #include "framework/dialogs/dialogs.h"
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "framework/threads/main_calls.h"
 #include "framework/threads/without_baton.h"
 
 namespace bracken {
 
-namespace {
-
-Platform* installed = nullptr;
-
-}  // namespace
-
-Platform& Platform::current() {
-    if (installed == nullptr) throw NilObjectException("no platform is installed");
-    return *installed;
-}
-
-void Platform::install(Platform* platform) {
-    installed = platform;
-}
-
 int MsgBox(const std::string& text, int code, const std::string& title) {
-    int answer = 0;
-    MainCalls::instance().call([&] {
-        answer = withoutBaton([&] { return Platform::current().messageBox(text, code, title); });
-    });
-    return answer;
+    return messageBox(text, code, title);
 }
 
 void Beep() {

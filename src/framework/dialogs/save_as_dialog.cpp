@@ -1,6 +1,6 @@
 #include "framework/dialogs/save_as_dialog.h"
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "framework/threads/without_baton.h"
 
 namespace bracken {

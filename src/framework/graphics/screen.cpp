@@ -1,7 +1,7 @@
 #include "framework/graphics/screen.h"
 
-#include "framework/dialogs/platform.h"
 #include "framework/exception.h"
+#include "framework/platform/platform.h"
 
 namespace bracken {
 

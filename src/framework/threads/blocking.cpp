@@ -4,7 +4,7 @@
 #include <exception>
 #include <thread>
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "framework/threads/main_calls.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <thread>
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "framework/threads/thread.h"
+#include "framework/threads/without_baton.h"
 
 namespace bracken {
 
@@ -58,6 +59,14 @@ void MainCalls::dropKilled() {
     std::deque<Call*> killed(firstKilled, waiting_.end());
     waiting_.erase(firstKilled, waiting_.end());
     for (Call* call : killed) baton::passTo(call->waiter);
+}
+
+int messageBox(const std::string& text, int code, const std::string& title) {
+    int answer = 0;
+    MainCalls::instance().call([&] {
+        answer = withoutBaton([&] { return Platform::current().messageBox(text, code, title); });
+    });
+    return answer;
 }
 
 bool MainCalls::busy() const {

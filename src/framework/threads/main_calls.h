@@ -4,6 +4,7 @@
 #include <deque>
 #include <exception>
 #include <functional>
+#include <string>
 
 #include "framework/threads/baton.h"
 
@@ -46,5 +47,9 @@ class MainCalls {
     Call* current_ = nullptr;
     bool inStatement_ = false;
 };
+
+// Shows a message box on the main thread, see Platform::messageBox, while the caller waits without
+// the baton. Holding the baton, any thread.
+int messageBox(const std::string& text, int code, const std::string& title);
 
 }  // namespace bracken

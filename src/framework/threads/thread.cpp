@@ -8,7 +8,7 @@
 #include "framework/exception.h"
 #include "framework/threads/baton.h"
 #include "framework/threads/main_calls.h"
-#include "framework/unhandled.h"
+#include "framework/threads/unhandled.h"
 
 namespace bracken {
 

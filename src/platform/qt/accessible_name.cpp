@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "framework/controls/static_text.h"
-#include "framework/controls/window.h"
+#include "framework/windows/window.h"
 #include "platform/qt/qt_text.h"
 
 namespace bracken {
@@ -39,10 +39,10 @@ const StaticText* findLabel(const RectControl& control, Fits fits) {
 
 }  // namespace
 
-QString accessibleNameOf(const RectControl& control) {
+QString accessibleNameOf(const Window& window, const RectControl& control) {
     const StaticText* label = findLabel(control, isBeside);
     if (label == nullptr) label = findLabel(control, isAbove);
-    return shown(label != nullptr ? label->Caption.get() : control.window().Title.get());
+    return shown(label != nullptr ? label->Caption.get() : window.Title.get());
 }
 
 }  // namespace bracken

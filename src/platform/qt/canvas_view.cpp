@@ -3,7 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 
 namespace bracken {
 

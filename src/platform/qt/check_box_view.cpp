@@ -2,7 +2,7 @@
 
 #include <QStyleOptionButton>
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 #include "platform/qt/fitted_font.h"
 #include "platform/qt/qt_text.h"
 

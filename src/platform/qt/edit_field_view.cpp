@@ -3,7 +3,7 @@
 #include <QSignalBlocker>
 #include <limits>
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 #include "platform/qt/qt_text.h"
 
 namespace bracken {

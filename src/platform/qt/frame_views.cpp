@@ -1,6 +1,6 @@
 #include "platform/qt/frame_views.h"
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 #include "platform/qt/qt_text.h"
 
 namespace bracken {

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 
 namespace bracken {
 

@@ -2,11 +2,11 @@
 
 #include <QKeySequence>
 
-#include "framework/controls/application.h"
-#include "framework/controls/event.h"
-#include "framework/controls/windows.h"
 #include "framework/text/text.h"
 #include "framework/threads/main_calls.h"
+#include "framework/windows/application.h"
+#include "framework/windows/event.h"
+#include "framework/windows/windows.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_text.h"
 

@@ -5,8 +5,8 @@
 #include <QMenuBar>
 #include <vector>
 
-#include "framework/controls/menu.h"
-#include "framework/controls/window.h"
+#include "framework/windows/menu.h"
+#include "framework/windows/window.h"
 
 namespace bracken {
 

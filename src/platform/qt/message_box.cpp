@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QStringList>
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "platform/qt/qt_text.h"
 
 namespace bracken {

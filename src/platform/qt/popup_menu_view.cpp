@@ -3,7 +3,7 @@
 #include <QSignalBlocker>
 #include <QStringList>
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 #include "platform/qt/qt_text.h"
 
 namespace bracken {

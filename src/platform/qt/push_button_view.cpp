@@ -1,6 +1,6 @@
 #include "platform/qt/push_button_view.h"
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 #include "platform/qt/fitted_font.h"
 #include "platform/qt/qt_text.h"
 

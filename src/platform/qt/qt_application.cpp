@@ -3,8 +3,8 @@
 #include <QScopedValueRollback>
 #include <QThread>
 
-#include "framework/controls/application.h"
-#include "framework/controls/event.h"
+#include "framework/windows/application.h"
+#include "framework/windows/event.h"
 #include "platform/qt/input_events.h"
 
 namespace bracken {

@@ -10,9 +10,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "framework/controls/event.h"
 #include "framework/threads/baton.h"
 #include "framework/threads/thread.h"
+#include "framework/windows/event.h"
 #include "platform/qt/edit_commands.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/save_dialog.h"

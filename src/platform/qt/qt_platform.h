@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/views.h"

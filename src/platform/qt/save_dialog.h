@@ -3,7 +3,7 @@
 #include <QFileDialog>
 #include <string>
 
-#include "framework/dialogs/platform.h"
+#include "framework/platform/platform.h"
 
 namespace bracken {
 

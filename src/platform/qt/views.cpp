@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "framework/controls/windows.h"
+#include "framework/windows/windows.h"
 
 namespace bracken {
 
@@ -24,7 +24,7 @@ void Views::requestFrame() {
 }
 
 void Views::bringToFront(Window& window) {
-    toFront_.push_back(window.weak_from_this());
+    toFront_.push_back(std::static_pointer_cast<Window>(window.shared_from_this()));
     requestFrame();
 }
 
@@ -50,7 +50,7 @@ void Views::timerEvent(QTimerEvent* /*event*/) {
 
 void Views::frame() {
     sinceFrame_.start();
-    Windows::open().takeChanged();
+    beginFrame();
     dropClosed();
     addOpened();
     for (auto& view : views_) view->sync();

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "framework/controls/window.h"
+#include "framework/windows/window.h"
 #include "platform/qt/window_view.h"
 
 namespace bracken {

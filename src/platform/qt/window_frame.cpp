@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/controls/event.h"
+#include "framework/windows/event.h"
 
 namespace bracken {
 

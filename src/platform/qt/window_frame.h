@@ -4,7 +4,7 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "framework/controls/window.h"
+#include "framework/windows/window.h"
 
 namespace bracken {
 

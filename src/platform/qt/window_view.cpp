@@ -6,9 +6,9 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "framework/controls/application.h"
-#include "framework/controls/event.h"
-#include "framework/controls/windows.h"
+#include "framework/windows/application.h"
+#include "framework/windows/event.h"
+#include "framework/windows/windows.h"
 #include "platform/qt/accessible_name.h"
 #include "platform/qt/fitted_font.h"
 #include "platform/qt/qt_text.h"
@@ -85,11 +85,11 @@ int WindowView::menuHeight() const {
 }
 
 void WindowView::sync() {
-    bool windowChanged = window_->takeChanged() || fresh_;
+    bool windowChanged = window_->takeDirty() || fresh_;
     if (windowChanged) syncWindow();
     QRect content(0, 0, window_->Width, window_->Height);
     for (ControlView* view : controls_)
-        if (view->control().takeChanged() || windowChanged) view->takeOver(content);
+        if (view->control().takeDirty() || windowChanged) view->takeOver(content);
     if (fresh_) refreshMenus();
     fresh_ = false;
     if (windowChanged) showAsModel();
@@ -103,7 +103,7 @@ void WindowView::syncWindow() {
         QWidget& widget = view->widget();
         bool captioned = dynamic_cast<QAbstractButton*>(&widget) != nullptr;
         if (widget.focusPolicy() != Qt::NoFocus && !captioned)
-            widget.setAccessibleName(accessibleNameOf(view->control()));
+            widget.setAccessibleName(accessibleNameOf(*window_, view->control()));
     }
 }
 

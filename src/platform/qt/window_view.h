@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "framework/controls/window.h"
+#include "framework/windows/window.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/menu_bar_view.h"
 #include "platform/qt/window_frame.h"

@@ -1,0 +1,66 @@
+#include "framework/windows/windows.h"
+
+#include <algorithm>
+
+#include "framework/platform/platform.h"
+
+namespace bracken {
+
+namespace {
+
+// A new window's distance from the one opened before it, right and down.
+constexpr int cascade = 24;
+
+auto position(std::vector<std::shared_ptr<Window>>& all, const Window& window) {
+    return std::find_if(all.begin(), all.end(),
+                        [&](auto& candidate) { return candidate.get() == &window; });
+}
+
+}  // namespace
+
+Windows& Windows::open() {
+    static Windows windows;
+    return windows;
+}
+
+Window* Windows::front() const {
+    for (auto& window : all_)
+        if (window->Visible) return window.get();
+    return nullptr;
+}
+
+void Windows::add(const std::shared_ptr<Window>& window) {
+    int step = cascade * static_cast<int>(all_.size());
+    all_.insert(all_.begin(), window);
+    window->Layout();
+    ScreenRect area = Platform::current().workArea();
+    window->Left = area.left + (area.width - window->Width) / 2 + step;
+    window->Top = area.top + (area.height - window->Height) / 3 + step;
+    window->open();
+    requestFrame();
+}
+
+void Windows::toFront(Window& window) {
+    auto at = position(all_, window);
+    if (at != all_.end()) std::rotate(all_.begin(), at, at + 1);
+}
+
+void Windows::remove(Window& window) {
+    auto at = position(all_, window);
+    if (at != all_.end()) all_.erase(at);
+    requestFrame();
+}
+
+void Windows::closeAll() {
+    quitting_ = true;
+    auto windows = all_;
+    for (auto& window : windows) window->Close();
+}
+
+void Windows::reset() {
+    all_.clear();
+    quitting_ = false;
+    beginFrame();
+}
+
+}  // namespace bracken

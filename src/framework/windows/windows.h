@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "framework/threads/thread.h"
+#include "framework/windows/window.h"
+
+namespace bracken {
+
+// The open windows, front first; owns them. Holding the baton.
+class Windows {
+  public:
+    static Windows& open();
+
+    // The open window of class W: each class has one instance at most. Makes and opens one if there
+    // is none, so a window that has closed comes up anew. While the process is quitting no window
+    // is made any more: the caller is left by an UnwindSignal.
+    template <class W>
+    W& instance() {
+        for (auto& window : all_)
+            if (auto* found = dynamic_cast<W*>(window.get())) return *found;
+        if (quitting_) throw UnwindSignal();
+        auto window = std::make_shared<W>();
+        add(window);
+        return *window;
+    }
+
+    const std::vector<std::shared_ptr<Window>>& all() const { return all_; }
+    // The window in front, null with none.
+    Window* front() const;
+    void toFront(Window& window);
+    void remove(Window& window);
+
+    // Closes all, so that each one's Event_Close runs, and lets none be made from then on.
+    void closeAll();
+    bool quitting() const { return quitting_; }
+    // Forgets a quit, for the next test in the same process.
+    void reset();
+
+  private:
+    void add(const std::shared_ptr<Window>& window);
+
+    std::vector<std::shared_ptr<Window>> all_;
+    bool quitting_ = false;
+};
+
+}  // namespace bracken

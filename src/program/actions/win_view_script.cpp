@@ -1,0 +1,84 @@
+#include "program/actions/win_view_script.h"
+
+#include <cstdint>
+#include <vector>
+
+#include "framework/exception.h"
+#include "framework/files/folder_item.h"
+#include "framework/text/text.h"
+#include "framework/windows/windows.h"
+#include "program/app.h"
+#include "program/results/win_results.h"
+
+namespace bracken {
+
+namespace {
+
+// The frame's key in the settings; not quite the window's name.
+constexpr const char* frameKey = "winViewScripts";
+
+// The one that all paths are cut at, told by the first of them.
+std::string separatorOf(const std::vector<std::string>& paths) {
+    if (paths.empty()) throw IndexOutOfRangeException("the row names no file");
+    for (const char* separator : {":", "\\"})
+        if (InStr(paths.front(), separator) > 0) return separator;
+    return "/";
+}
+
+}  // namespace
+
+class winViewScript& winViewScript() {
+    return Windows::open().instance<class winViewScript>();
+}
+
+void winViewScript::init(int row) {
+    table = bracken::winResults().lstResults.Cell(row, 0);
+    std::string text = bracken::winResults().lstResults.Cell(row, 2);
+    std::vector<std::string> paths = Split(text, ",");
+    std::string separator = separatorOf(paths);
+    for (const std::string& path : paths) {
+        lstScipts.AddRow(NthField(path, separator, CountFields(path, separator)));
+        lstScipts.Cell(lstScipts.LastIndex(), 1) = path;
+    }
+    App().prefs->root->GetWindow(frameKey, this);
+    // Behind GetWindow, which brings back the title of the table before.
+    Title = "View Scripts for " + table;
+}
+
+void winViewScript::lstScipts_Change() {
+    if (lstScipts.ListIndex < 0) return;
+    Ref<FolderItem> file = GetFolderItem(lstScipts.Cell(lstScipts.ListIndex, 1), 0);
+    Ref<BinaryStream> stream = file->OpenAsBinaryFile(false);
+    std::string text = stream->Read(static_cast<int32_t>(file->Length()), nullptr);
+    stream->Close();
+    EditField1.Text = std::move(text);
+    markOccurrences();
+}
+
+// Each occurrence, also one that overlaps the one before; the last stays selected.
+void winViewScript::markOccurrences() {
+    int64_t found = InStr(0, EditField1.Text.get(), table);
+    while (found > 0) {
+        EditField1.SelStart = static_cast<int>(found - 1);
+        EditField1.SelLength = static_cast<int>(Len(table));
+        EditField1.SelBold = true;
+        EditField1.SelOutline = true;
+        EditField1.SelTextColor = RGB(0xff, 0, 0);
+        found = InStr(found + 1, EditField1.Text.get(), table);
+    }
+}
+
+void winViewScript::PushButton1_Action() {
+    Close();
+}
+
+void winViewScript::Event_Resized() {
+    splitter.behave();
+}
+
+void winViewScript::Event_Close() {
+    App().prefs->root->SetWindow(frameKey, this);
+    App().prefs->Save();
+}
+
+}  // namespace bracken

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "framework/files/binary_stream.h"
+#include "framework/files/folder_item.h"
+#include "framework/files/listing_cache.h"
+#include "framework/ref.h"
+#include "program/results/row_index.h"
+#include "program/results/run_context.h"
+#include "scan/read_ahead.h"
+
+namespace bracken {
+
+// Enters the files of one run into the rows of the list that name them. Lives on the run's thread,
+// holding the baton.
+class FileEntry {
+  public:
+    explicit FileEntry(RunContext& context) : context_(context) {}
+
+    // Begins to read ahead from the folder, if nothing is being read ahead there with these
+    // extensions.
+    void enterFolder(const Ref<FolderItem>& folder, const std::string& extensions);
+    void leaveFolder(const FolderItem& folder);
+
+    // Searches the file for the names of the list's rows and enters it into those hit, yielding
+    // after each. A file that can't be opened raises NilObjectException.
+    void enter(const FolderItem& file);
+
+  private:
+    // A stopping point, since it waits without the baton.
+    void stopReadingAhead();
+    FoundNames search(const FolderItem& file);
+    // Piece by piece, hearing a stop between them.
+    FoundNames searchOpened(BinaryStream& stream, uint64_t length);
+    // Brings the row index up to the list; searches anew if rows have come with names that nothing
+    // was searched for.
+    void update(FoundNames& found, const FolderItem& file);
+    const std::shared_ptr<const TableNames>& table();
+
+    RunContext& context_;
+    // The tree is walked three times.
+    ListingCache listings_;
+    std::shared_ptr<const TableNames> table_;
+    RowIndex rows_;
+    std::unique_ptr<ReadAhead> ahead_;
+};
+
+}  // namespace bracken
