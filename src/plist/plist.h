@@ -17,6 +17,8 @@ namespace bracken {
 //
 // The first operation of the tree clears what loading left in the error state, as a rule. Holding
 // the baton; loading and saving never give it up.
+//
+// Loading and saving stand in plist.cpp, the searches in plist_search.cpp, Dump in plist_dump.cpp.
 class plist {
   public:
     // Loads, see Load.

@@ -36,6 +36,18 @@ class Window;
 //
 // A node owns its children. It is always held by a shared pointer and is used only while its
 // document lives. Holding the baton; never given up here.
+//
+// Where the operations stand:
+//   plist_dict.cpp           keys, children, cursor, errors
+//   plist_dict_values.cpp    texts, whole numbers, booleans; what all setters share
+//   plist_dict_typed.cpp     dates, data, reals, colours; Append of scalars
+//   plist_dict_edits.cpp     AppendDict, AppendArray, Remove, AbsolutePath
+//   mover.cpp                Move, Copy, Rename
+//   plist_dict_text.cpp      Load, Write, StripAll, brackets; by reader.cpp and tree_lines.cpp
+//   plist_dump.cpp           Dump
+//   plist_dict_window.cpp    frames of windows
+//   plist_dict_lists.cpp     lists, popups, lists of strings
+//   plist_dict_controls.cpp  fields, labels, boxes, radio buttons
 class plistDict : public std::enable_shared_from_this<plistDict> {
   public:
     plistDict() = default;

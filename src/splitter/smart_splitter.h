@@ -24,6 +24,16 @@ class CanvasSmartSplitterDebugger;
 //
 // Operations may be called before the window opens: the first one sets the splitter up. Main
 // thread, holding the baton.
+//
+// Where the operations stand:
+//   smart_splitter.cpp  set-up, behave, setConceal, events of mouse and window
+//   attaching.cpp       attach and unAttach, the controls that bound the ends
+//   suggestions.cpp     what a control's class, locks and scroll bars make of it
+//   roles.cpp           the setAttachedControl... operations, warnings
+//   limits.cpp          limits, offsets, moves, proportion
+//   adjusting.cpp       what a move does to the attached controls
+//   painting.cpp        handle types, drawing; dimple.cpp has the pixels of a large dimple
+//   debugging.cpp       setDebug, the overlay's refresh
 class SmartSplitter : public Canvas {
   public:
     using Canvas::Canvas;
