@@ -4,7 +4,7 @@
 
 namespace bracken::plutil {
 
-// What is converted in less than a second, with the library's recursion on a small stack. Settings
+// What is converted in less than a second, with the library's recursion on 1 MB of stack. Settings
 // are a thousand times smaller.
 constexpr int kMostDepth = 1000;
 // Of XML, which the library compares each with a share of the others to make the binary form.
