@@ -18,6 +18,8 @@ class App& App() {
 
 void App::Event_Open() {
     Ref<FolderItem> file = SpecialFolder::Preferences()->Child("com.tallowmere.brackenlens.plist");
+    // They hold the password.
+    file->removeLeftOvers();
     prefs = make<plist>(file, nullptr);
     db = makeDatabase_();
 }

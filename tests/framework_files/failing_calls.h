@@ -32,6 +32,7 @@ class FailingCalls : public FileCalls {
     int fsync(int descriptor) override {
         return fails("fsync") ? -1 : FileCalls::fsync(descriptor);
     }
+    int lock(int descriptor) override { return fails("lock") ? -1 : FileCalls::lock(descriptor); }
     int rename(const char* from, const char* to) override {
         return fails("rename") ? -1 : FileCalls::rename(from, to);
     }

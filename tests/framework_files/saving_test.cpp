@@ -4,9 +4,12 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 #include "framework/files/folder_item.h"
 #include "framework/files/special_folder.h"
+#include "framework/files/temporary_files.h"
 #include "tests/framework_files/failing_calls.h"
 #include "tests/support/temp_folder.h"
 
@@ -66,8 +69,8 @@ TEST(Saving, SyncsBeforeAndAfterTheRename) {
     const auto file = ReplacingFile::open(folder.write("a", "old"), {}, calls);
     file->write("new");
     EXPECT_TRUE(file->commit());
-    EXPECT_EQ(calls.made(), (std::vector<std::string>{"open", "fchmod", "write", "fsync", "rename",
-                                                      "open", "fsync"}));
+    EXPECT_EQ(calls.made(), (std::vector<std::string>{"open", "lock", "fchmod", "write", "fsync",
+                                                      "rename", "open", "fsync"}));
     EXPECT_EQ(folder.read("a"), "new");
 }
 
@@ -142,6 +145,79 @@ TEST(Saving, KeepsTheModeAndPrivateOnesPrivate) {
     EXPECT_EQ(modeOf(settings->AbsolutePath()), 0600u);
     settings->Delete();
     umask(mask);
+}
+
+// Whatever comes to the folder between the making or finding of a temporary file and its lock.
+struct Interrupted : FileCalls {
+    std::function<void()> between;
+    int lock(int descriptor) override {
+        if (between) std::exchange(between, nullptr)();
+        return FileCalls::lock(descriptor);
+    }
+};
+
+class LeftOvers : public testing::Test {
+  protected:
+    void put() const { folder.write(name, "password"); }
+    bool present() const { return fs::exists(folder.path(name)); }
+
+    static constexpr const char* name = ".bracken-lens-7-1";
+    const TempFolder folder;
+};
+
+TEST_F(LeftOvers, GoWhenTheyHaveNoWriter) {
+    for (const char* other : {".bracken-lens-", ".bracken-lens-7", ".bracken-lens-7-",
+                              ".bracken-lens-7-1x", ".bracken-lens--1", "x.bracken-lens-7-1"})
+        folder.write(other, "made by somebody else");
+    folder.makeFolder(".bracken-lens-1-1");
+    folder.write("elsewhere/target", "");
+    fs::create_symlink(folder.path("saved"), folder.path("elsewhere/link"));
+    folder.write("saved", "");
+    const auto living = ReplacingFile::open(folder.path("living"), {}, FileCalls::system());
+    const size_t others = entriesOf(folder);
+    const auto target = make<FolderItem>(folder.path("elsewhere/target"));
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"save", [&] { save(folder.path("saved"), "x"); }},
+        {"copy", [&] { target->CopyFileTo(make<FolderItem>(folder.path("saved"))); }},
+        {"start", [&] { make<FolderItem>(folder.path("none"))->removeLeftOvers(); }},
+        {"link", [&] { make<FolderItem>(folder.path("elsewhere/link"))->removeLeftOvers(); }},
+    };
+    for (const auto& [way, act] : cases) {
+        put();
+        act();
+        EXPECT_FALSE(present()) << way;
+        EXPECT_EQ(entriesOf(folder), others) << way;
+    }
+    living->write("whole");
+    EXPECT_TRUE(living->commit());
+    EXPECT_EQ(folder.read("living"), "whole");
+}
+
+TEST_F(LeftOvers, AreNeverTheFilesOfWhoComesInBetween) {
+    Interrupted calls;
+    // One that somebody removed ahead of the lock, and a living writer has its name now.
+    put();
+    calls.between = [&] {
+        fs::rename(folder.path(name), folder.path("removed"));
+        put();
+    };
+    removeLeftOvers(folder.path(), calls);
+    EXPECT_TRUE(present());
+    fs::remove(folder.path(name));
+    // A writer whose file is removed ahead of its lock.
+    calls.between = [&] { removeLeftOvers(folder.path(), FileCalls::system()); };
+    const auto file = ReplacingFile::open(folder.path("saved"), {}, calls);
+    file->write("whole");
+    EXPECT_TRUE(file->commit());
+    EXPECT_EQ(folder.read("saved"), "whole");
+    // Where there are no locks saving works, and none is known to have no writer.
+    put();
+    FailingCalls none("lock", 1, ENOLCK);
+    const auto unlocked = ReplacingFile::open(folder.path("saved"), {}, none);
+    unlocked->write("new");
+    EXPECT_TRUE(unlocked->commit());
+    EXPECT_EQ(folder.read("saved"), "new");
+    EXPECT_TRUE(present());
 }
 
 TEST(Saving, ResolvesLinks) {

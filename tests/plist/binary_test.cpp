@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
 
 #include "framework/files/shell.h"
 #include "tests/plist/trees.h"
@@ -126,6 +129,105 @@ TEST_F(Binary, WhatTheConverterRefusesIsNoPropertyList) {
     plist document(GetFolderItem(folder.path("x"), 0), nullptr);
     EXPECT_EQ(document.errorMessage, "Not a plist file");
     EXPECT_EQ(folder.read("x temp"), "bplist00 and nothing good\n");
+}
+
+std::string bigEndian(size_t number) {
+    std::string bytes;
+    for (const int shift : {24, 16, 8, 0}) bytes += static_cast<char>(number >> shift);
+    return bytes;
+}
+
+// An array of these objects, as many as one byte counts.
+std::string arrayOf(const std::vector<size_t>& elements) {
+    std::string bytes(1, static_cast<char>(0xA0 + elements.size()));
+    for (const size_t element : elements) bytes += bigEndian(element);
+    return bytes;
+}
+
+// In binary form, by itself: a dictionary, its one key and its one value, which is object 2.
+std::string binaryFile(const std::vector<std::string>& values) {
+    std::vector<std::string> objects = {"\xD1" + bigEndian(1) + bigEndian(2), "\x51k"};
+    objects.insert(objects.end(), values.begin(), values.end());
+    std::string bytes = "bplist00";
+    std::string offsets;
+    for (const std::string& object : objects) {
+        offsets += bigEndian(bytes.size());
+        bytes += object;
+    }
+    const std::string zeros(4, '\0');
+    return bytes + offsets + zeros + std::string("\0\0\4\4", 4) + zeros +
+           bigEndian(objects.size()) + zeros + zeros + zeros + bigEndian(bytes.size());
+}
+
+// Arrays in each other, the next one `width` times in each.
+std::string nested(size_t depth, size_t width) {
+    std::vector<std::string> values;
+    for (size_t i = 0; i < depth; ++i)
+        values.push_back(arrayOf(std::vector<size_t>(width, values.size() + 3)));
+    values.push_back(arrayOf({}));
+    return binaryFile(values);
+}
+
+std::string nestedText(size_t depth) {
+    std::string text = std::string(head) + "\t<key>k</key>\n";
+    for (size_t i = 0; i < depth; ++i) text += "<array>\n";
+    for (size_t i = 0; i < depth; ++i) text += "</array>\n";
+    return text + std::string(foot);
+}
+
+std::string ampersands(const char* before, const char* after) {
+    std::string text = std::string(head) + before;
+    return text + std::string(1'000'000, '&') + after + std::string(foot);
+}
+
+TEST_F(Binary, TheConverterAnswersOrRefusesWhateverTheSizeOfItsWork) {
+    struct Case {
+        std::string bytes;
+        const char* form;
+        // "" for an answer.
+        const char* refusal;
+    };
+    const Case cases[] = {
+        {nested(900, 1), "xml1", ""},
+        {nested(3, 10), "xml1", ""},
+        {nested(100'000, 1), "xml1", "is nested too deeply"},
+        {nested(9, 10), "xml1", "is too large"},
+        {binaryFile({arrayOf({0})}), "xml1", "not a property list"},
+        {binaryFile({arrayOf({3})}), "xml1", "not a property list"},
+        {nestedText(900), "binary1", ""},
+        {nestedText(100'000), "binary1", "is nested too deeply"},
+        {nestedText(1'000'000), "xml1", "is nested too deeply"},
+        {ampersands("\t<key>k</key>\n\t<string>", "]]>&lt;&#10;</string>\n"), "binary1", ""},
+        {ampersands("\t<key>", "</key>\n\t<true/>\n"), "binary1", ""},
+    };
+    for (const Case& c : cases) {
+        folder.write("x", c.bytes);
+        const auto path = GetFolderItem(folder.path("x"), 0)->ShellPath();
+        const auto convert = [&](const std::string& form) {
+            Shell().Execute("cd " + GetFolderItem(folder.path(), 0)->ShellPath() +
+                            " && plutil -convert " + form + " x 2>said");
+        };
+        convert(c.form);
+        const std::string refusal = *c.refusal ? std::string("x: ") + c.refusal + "\n" : "";
+        EXPECT_EQ(folder.read("said"), refusal);
+        EXPECT_EQ(folder.read("x") == c.bytes, *c.refusal != '\0') << c.form << c.refusal;
+        if (*c.refusal) continue;
+        const plist before(GetFolderItem(folder.write("before", c.bytes), 0), nullptr);
+        const plist after(GetFolderItem(folder.path("x"), 0), nullptr);
+        EXPECT_TRUE(picture(*before.root) == picture(*after.root)) << c.form;
+        EXPECT_FALSE(after.error);
+    }
+}
+
+TEST_F(Binary, ACommandThatNeverEndsIsEndedWithAllThatItStarted) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    Shell(std::chrono::milliseconds(100)).Execute("sleep infinity & sleep infinity; echo");
+    close(ends[1]);
+    // At its end when nobody is left to write.
+    char byte;
+    EXPECT_EQ(read(ends[0], &byte, 1), 0);
+    close(ends[0]);
 }
 
 TEST_F(Binary, TheConverterFailsWhenItCannotWrite) {

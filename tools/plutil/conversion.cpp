@@ -18,7 +18,6 @@ using Tree = std::unique_ptr<void, FreeTree>;
 
 Tree parse(const std::string& bytes) {
     const auto size = static_cast<uint32_t>(bytes.size());
-    if (size != bytes.size()) throw std::runtime_error("too large");
     plist_t tree = nullptr;
     (isBinary(bytes) ? plist_from_bin : plist_from_xml)(bytes.data(), size, &tree);
     if (tree == nullptr) throw std::runtime_error("not a property list");

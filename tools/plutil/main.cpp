@@ -4,7 +4,10 @@
 
 #include "framework/files/folder_item.h"
 #include "tools/plutil/conversion.h"
+#include "tools/plutil/expansion.h"
+#include "tools/plutil/limits.h"
 #include "tools/plutil/representable.h"
+#include "tools/plutil/well_formed.h"
 #include "tools/plutil/xml_shape.h"
 
 // Converts a property-list file in place between its binary and its XML form. The file is replaced
@@ -23,11 +26,16 @@ std::string readAll(const FolderItem& file) {
 
 std::string converted(const std::string& bytes, bool toXml) {
     using namespace bracken::plutil;
+    if (bytes.size() > kMostBytes) throw std::runtime_error("is too large");
+    if (isBinary(bytes)) checkExpansion(bytes);
+    if (!toXml && !isBinary(bytes) && !isRepresentable(bytes))
+        throw std::runtime_error("has values of no such form");
     const std::string parsable = isBinary(bytes) ? bytes : wellFormed(bytes);
     if (toXml) return toReadersShape(bracken::plutil::toXml(parsable));
-    if (!isBinary(bytes) && !isRepresentable(parsable))
-        throw std::runtime_error("has values of no such form");
-    return toBinary(parsable);
+    const std::string binary = toBinary(parsable);
+    // Or else it would never be read again.
+    checkExpansion(binary);
+    return binary;
 }
 
 void convert(const std::string& form, const std::string& path) {

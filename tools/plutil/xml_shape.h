@@ -10,7 +10,4 @@ namespace bracken::plutil {
 // become numeric references, so that each text stays on its line; an empty root gets two tags.
 std::string toReadersShape(std::string_view xml);
 
-// XML as the program writes it, made well-formed: an ampersand that begins no entity is encoded.
-std::string wellFormed(std::string_view xml);
-
 }  // namespace bracken::plutil

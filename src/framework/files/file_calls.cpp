@@ -1,6 +1,7 @@
 #include "framework/files/file_calls.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,6 +27,10 @@ int FileCalls::fchmod(int descriptor, mode_t mode) {
 
 int FileCalls::fsync(int descriptor) {
     return ::fsync(descriptor);
+}
+
+int FileCalls::lock(int descriptor) {
+    return ::flock(descriptor, LOCK_EX | LOCK_NB);
 }
 
 int FileCalls::rename(const char* from, const char* to) {

@@ -17,6 +17,8 @@ class FileCalls {
     virtual int fallocate(int descriptor, off_t size);
     virtual int fchmod(int descriptor, mode_t mode);
     virtual int fsync(int descriptor);
+    // Exclusively and without waiting, for as long as the descriptor or a duplicate is open.
+    virtual int lock(int descriptor);
     virtual int rename(const char* from, const char* to);
 
     // The real ones.

@@ -177,6 +177,10 @@ Ref<TextOutputStream> FolderItem::CreateTextFile() const {
     return make<TextOutputStream>(std::move(file));
 }
 
+void FolderItem::removeLeftOvers() const {
+    ReplacingFile::removeLeftOvers(path_);
+}
+
 void FolderItem::Delete() const {
     std::remove(path_.c_str());
 }

@@ -65,6 +65,11 @@ class FolderItem {
     // the preferences folder gets mode 0600, whatever it had.
     Ref<TextOutputStream> CreateTextFile() const;
 
+    // Removes the temporary files that programs killed while they wrote this file have left in its
+    // folder; those of programs that still write stay. Every CreateTextFile and CopyFileTo does so
+    // too. A failure is silent.
+    void removeLeftOvers() const;
+
     // Removes a file, a link (not its target) or an empty folder; a failure is silent.
     void Delete() const;
     // Copies the file's bytes and mode to `destination`, a file's path or, if it is an existing

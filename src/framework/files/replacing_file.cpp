@@ -4,12 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <utility>
 
 #include "framework/files/paths.h"
+#include "framework/files/temporary_files.h"
 
 namespace bracken {
 
@@ -17,6 +17,7 @@ namespace {
 
 constexpr size_t kFlushAt = size_t{64} * 1024;
 constexpr int kMostLinks = 40;
+constexpr int kMostNames = 1000;
 constexpr mode_t kPermissions = 07777;
 constexpr mode_t kOwnerOnly = 0600;
 
@@ -56,11 +57,6 @@ bool isWantOfRoom(int error) {
     return error == ENOSPC || error == EDQUOT;
 }
 
-std::string temporaryName() {
-    static std::atomic<unsigned> counter{0};
-    return ".bracken-lens-" + std::to_string(getpid()) + "-" + std::to_string(++counter);
-}
-
 bool writeAll(FileCalls& calls, int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = calls.write(descriptor, bytes.data(), bytes.size());
@@ -88,6 +84,11 @@ std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Mo
     return file;
 }
 
+void ReplacingFile::removeLeftOvers(const std::string& target) {
+    for (const std::string& file : {target, resolveLinks(target)})
+        bracken::removeLeftOvers(parentPath(file), FileCalls::system());
+}
+
 ReplacingFile::ReplacingFile(std::string target, FileCalls& calls)
     : target_(std::move(target)), calls_(calls) {}
 
@@ -96,9 +97,10 @@ ReplacingFile::~ReplacingFile() {
 }
 
 void ReplacingFile::dropTemporary() {
-    closeDescriptor();
+    // Ahead of the lock, while the name is this file's for sure.
     if (!temporary_.empty()) unlink(temporary_.c_str());
     temporary_.clear();
+    closeDescriptor();
 }
 
 bool ReplacingFile::openSpecial() {
@@ -132,12 +134,20 @@ bool ReplacingFile::keepOwner(const struct stat& present) {
 }
 
 bool ReplacingFile::openBeside(mode_t mode) {
-    do {
-        temporary_ = joinPath(parentPath(target_), temporaryName());
-        descriptor_ = calls_.open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL, mode);
-    } while (descriptor_ < 0 && errno == EEXIST);
-    if (descriptor_ < 0) temporary_.clear();
-    return descriptor_ >= 0;
+    const std::string folder = parentPath(target_);
+    bracken::removeLeftOvers(folder, calls_);
+    for (int i = 0; i < kMostNames; ++i) {
+        std::string name = joinPath(folder, temporaryName());
+        descriptor_ = calls_.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL, mode);
+        if (descriptor_ < 0 && errno != EEXIST) return false;
+        if (descriptor_ >= 0 && claimTemporary(name, descriptor_, calls_)) {
+            temporary_ = std::move(name);
+            return true;
+        }
+        closeDescriptor();
+    }
+    errno = EEXIST;
+    return false;
 }
 
 bool ReplacingFile::openInPlace(mode_t mode) {
@@ -172,9 +182,13 @@ bool ReplacingFile::overwriteInPlace() {
 }
 
 bool ReplacingFile::renameOver() {
-    if (calls_.fsync(descriptor_) != 0 || !closeDescriptor()) return false;
+    // Some file systems say no earlier than at a closing that the bytes did not arrive; the
+    // descriptor itself stays open for the lock.
+    if (calls_.fsync(descriptor_) != 0) return false;
+    if (::close(fcntl(descriptor_, F_DUPFD_CLOEXEC, 0)) != 0) return false;
     if (calls_.rename(temporary_.c_str(), target_.c_str()) != 0) return false;
     temporary_.clear();
+    closeDescriptor();
     syncFolder();
     return true;
 }

@@ -11,9 +11,9 @@
 namespace bracken {
 
 // A file's new content on its way. In the usual case the bytes go to a temporary file beside the
-// target, which commit() syncs and renames over it. Two kinds of target are written in place:
-// special files, as the bytes come; and regular files whose folder allows no neighbour or no
-// rename, at commit, so that a content given up before leaves them as they were.
+// target, which commit() syncs and renames over it, see temporary_files.h. Two kinds of target are
+// written in place: special files, as the bytes come; and regular files whose folder allows no
+// neighbour or no rename, at commit, so that a content given up before leaves them as they were.
 class ReplacingFile {
   public:
     // Modes of the file that results.
@@ -28,6 +28,9 @@ class ReplacingFile {
     // are resolved first. `calls` outlives the result.
     static std::unique_ptr<ReplacingFile> open(const std::string& target, Modes modes,
                                                FileCalls& calls);
+    // Removes what saves of that file that were killed have left beside it, and beside what it is a
+    // link to. Opening does so too.
+    static void removeLeftOvers(const std::string& target);
     // Gives the content up unless it was committed.
     ~ReplacingFile();
     ReplacingFile(const ReplacingFile&) = delete;

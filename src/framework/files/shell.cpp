@@ -1,12 +1,16 @@
 #include "framework/files/shell.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 
 #include "framework/files/paths.h"
 
@@ -21,6 +25,24 @@ int openProgramFolder() {
     if (length <= 0) return -1;
     const std::string folder = parentPath(std::string(path, static_cast<size_t>(length)));
     return open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+}
+
+// True also where the system has no way to wait with a limit.
+bool endsWithin(std::chrono::milliseconds limit, pid_t child) {
+    using std::chrono::steady_clock;
+    pollfd end = {};
+    end.fd = static_cast<int>(syscall(SYS_pidfd_open, child, 0));
+    end.events = POLLIN;
+    if (end.fd < 0) return true;
+    const auto deadline = steady_clock::now() + limit;
+    int ready = 0;
+    do {
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
+        ready = poll(&end, 1, static_cast<int>(std::max<int64_t>(left.count(), 0)));
+    } while (ready < 0 && errno == EINTR);
+    close(end.fd);
+    return ready != 0;
 }
 
 }  // namespace
@@ -39,11 +61,18 @@ void Shell::Execute(const std::string& command) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     if (folder >= 0) posix_spawn_file_actions_adddup2(&actions, folder, descriptor);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
     pid_t child = 0;
-    const bool spawned = posix_spawn(&child, "/bin/sh", &actions, nullptr, arguments, environ) == 0;
+    const bool spawned =
+        posix_spawn(&child, "/bin/sh", &actions, &attributes, arguments, environ) == 0;
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     if (folder >= 0) close(folder);
-    while (spawned && waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
+    if (!spawned) return;
+    if (!endsWithin(limit_, child)) kill(-child, SIGKILL);
+    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
 }
 
 }  // namespace bracken

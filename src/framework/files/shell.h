@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 
 namespace bracken {
@@ -7,9 +8,16 @@ namespace bracken {
 // Runs shell commands. Commands installed beside the program are found ahead of those on the path.
 class Shell {
   public:
-    // Runs `command` by /bin/sh and returns when it has finished; how it ended is not told. Never
-    // gives up the baton: its only use lies within loading and saving of the settings.
+    // A command that takes longer than the limit is ended.
+    explicit Shell(std::chrono::milliseconds limit = std::chrono::minutes(1)) : limit_(limit) {}
+
+    // Runs `command` by /bin/sh, in a process group of its own, and returns when it has finished or
+    // the group has been killed at the limit; how it ended is not reported. Never gives up the
+    // baton: its only use lies within loading and saving of the settings.
     void Execute(const std::string& command);
+
+  private:
+    std::chrono::milliseconds limit_;
 };
 
 }  // namespace bracken

@@ -1,0 +1,84 @@
+#include "tools/plutil/expansion.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <stdexcept>
+#include <vector>
+
+#include "tools/plutil/limits.h"
+#include "tools/plutil/object_table.h"
+
+namespace bracken::plutil {
+
+namespace {
+
+// Bytes that a line of XML counts for: its tags, and the library's node.
+constexpr uint64_t kLine = 64;
+
+// What an object comes to as XML, with all below it.
+struct Extent {
+    enum class State { New, Open, Done } state = State::New;
+    int depth = 1;
+    uint64_t lines = 1;
+    uint64_t bytes = 0;
+};
+
+class Measuring {
+  public:
+    explicit Measuring(std::string_view binary) : table_(binary), extents_(table_.count()) {}
+
+    // Visits each object once, its parts first. Without recursion, whatever the depth.
+    void run() {
+        std::vector<uint64_t> pending = {table_.root()};
+        while (!pending.empty()) {
+            const uint64_t index = pending.back();
+            const ObjectTable::Object object = table_.object(index);
+            Extent& extent = extents_[index];
+            if (extent.state == Extent::State::New) {
+                extent.state = Extent::State::Open;
+                appendParts(object, pending);
+            } else {
+                pending.pop_back();
+                if (extent.state == Extent::State::Open) measure(object, extent);
+            }
+        }
+    }
+
+  private:
+    void appendParts(const ObjectTable::Object& object, std::vector<uint64_t>& pending) {
+        references_ += object.children.size();
+        if (references_ * kLine > kMostBytes) throw std::runtime_error("is too large");
+        for (const uint64_t child : object.children) {
+            if (child >= extents_.size() || extents_[child].state == Extent::State::Open)
+                throw std::runtime_error("not a property list");
+            if (extents_[child].state == Extent::State::New) pending.push_back(child);
+        }
+    }
+
+    void measure(const ObjectTable::Object& object, Extent& extent) {
+        extent.state = Extent::State::Done;
+        extent.lines = object.container ? 2 : 1;
+        extent.bytes = object.content + extent.lines * kLine;
+        for (const uint64_t child : object.children) {
+            const Extent& part = extents_[child];
+            extent.depth = std::max(extent.depth, part.depth + 1);
+            extent.lines += part.lines;
+            // Each line of it has one more tab here.
+            extent.bytes += part.bytes + part.lines;
+        }
+        if (extent.depth > kMostDepth) throw std::runtime_error("is nested too deeply");
+        if (extent.bytes > kMostBytes) throw std::runtime_error("is too large");
+    }
+
+    ObjectTable table_;
+    std::vector<Extent> extents_;
+    uint64_t references_ = 0;
+};
+
+}  // namespace
+
+void checkExpansion(std::string_view binary) {
+    Measuring(binary).run();
+}
+
+}  // namespace bracken::plutil
