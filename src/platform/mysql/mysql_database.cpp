@@ -32,16 +32,20 @@ void MySQLDatabase::DatabaseName(const std::string& name) {
 }
 
 bool MySQLDatabase::Connect() {
-    connection_ = nullptr;
     if (auto refusal = refusalOfHost(Host)) {
         setOutcome(refusal);
         return false;
     }
     auto attempt = std::make_shared<ConnectAttempt>(Host, UserName, Password, connectTimeout_);
-    blocking([&] { connection_ = attempt->run(); }, [&] { attempt->abandon(); });
-    bool connected = connection_ != nullptr;
-    setOutcome(connected ? std::nullopt : std::optional(attempt->error()));
-    return connected;
+    std::shared_ptr<Connection> connection;
+    blocking([&] { connection = attempt->run(); }, [&] { attempt->abandon(); });
+    if (connection == nullptr) {
+        setOutcome(attempt->error());
+        return false;
+    }
+    connection_ = std::move(connection);
+    setOutcome(std::nullopt);
+    return true;
 }
 
 Ref<DatabaseCursor> MySQLDatabase::SQLSelect(const std::string& statement) {
