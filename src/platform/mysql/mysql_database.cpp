@@ -5,6 +5,7 @@
 #include "platform/mysql/connect_attempt.h"
 #include "platform/mysql/handle_settings.h"
 #include "platform/mysql/mysql_cursor.h"
+#include "platform/mysql/sha2_guard.h"
 
 namespace bracken {
 
@@ -19,6 +20,7 @@ bool comesWhole(const std::string& statement) {
 
 void MySQLDatabase::prepareLibrary() {
     mysql_library_init(0, nullptr, nullptr);
+    guardSha2Methods();
 }
 
 MySQLDatabase::MySQLDatabase(std::chrono::milliseconds connectTimeout)
