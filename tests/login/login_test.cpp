@@ -76,9 +76,7 @@ TEST_F(Login, OpensWithWhatIsStored) {
         EXPECT_EQ(window.butGo.Enabled, one.go) << one.settings;
         EXPECT_EQ(window.Height, 185);
         EXPECT_TRUE(window.butConnect.Default);
-        if (one.settings.empty()) {
-            EXPECT_EQ(Program::saved("remember"), "none");
-        }
+        if (one.settings.empty()) EXPECT_EQ(Program::saved("remember"), "none");
         program.reset();
     }
 }
@@ -226,22 +224,6 @@ TEST_F(Launch, APathThatIsNoneEndsTheProgram) {
                     "NilObjectException"});
     EXPECT_EQ(program->platform.abortStatus, 1);
     EXPECT_EQ(Program::saved("database"), "shop");
-}
-
-TEST_F(Login, AccessorsGiveTheItemsOfItsMenuBar) {
-    auto& window = start();
-    const std::pair<MenuItem*, const char*> items[] = {
-        {window.EditMenu(), "EditMenu"},           {window.Preferences(), "Preferences"},
-        {window.EditSelectAll(), "EditSelectAll"}, {window.UntitledMenu0(), "UntitledMenu0"},
-        {window.EditClear(), "EditClear"},         {window.EditPaste(), "EditPaste"},
-        {window.EditCopy(), "EditCopy"},           {window.EditCut(), "EditCut"},
-        {window.UntitledMenu1(), "UntitledMenu1"}, {window.EditUndo(), "EditUndo"},
-        {window.FileMenu(), "FileMenu"},           {window.FileQuit(), "FileQuit"},
-        {window.FileClose(), "FileClose"}};
-    for (auto& [item, name] : items) {
-        ASSERT_NE(item, nullptr) << name;
-        EXPECT_EQ(item->Name, name);
-    }
 }
 
 }  // namespace

@@ -3,10 +3,12 @@
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <system_error>
 
 #include "tests/platform_mysql/mysql_test.h"
@@ -25,17 +27,20 @@ std::string counted(std::string_view text) {
     return number(text.size(), 1) + std::string(text);
 }
 
-int listenOn(const char* host, int port) {
-    int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+// On an address of its own, or on the real server's socket, which steps aside.
+int listenOn(bool local) {
+    sockaddr_in port{AF_INET, htons(static_cast<uint16_t>(server().port())), {}, {}};
+    inet_pton(AF_INET, LyingServer::host, &port.sin_addr);
+    sockaddr_un path{AF_UNIX, {}};
+    server().socket().copy(path.sun_path, sizeof path.sun_path - 1);
+    if (local) std::filesystem::rename(path.sun_path, server().socket() + "-real");
+    int listener = socket(local ? AF_UNIX : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     int yes = 1;
     setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<uint16_t>(port));
-    inet_pton(AF_INET, host, &address.sin_addr);
-    if (bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
+    const void* address = local ? static_cast<const void*>(&path) : &port;
+    if (bind(listener, static_cast<const sockaddr*>(address), local ? sizeof path : sizeof port) ||
         listen(listener, 1) != 0) {
-        throw std::system_error(errno, std::generic_category(), host);
+        throw std::system_error(errno, std::generic_category());
     }
     return listener;
 }
@@ -44,6 +49,10 @@ int listenOn(const char* host, int port) {
 
 void Peer::sendRaw(std::string_view bytes) {
     // A client that has gone is seen by receive.
+    if (tls_) {
+        SSL_write(tls_.get(), bytes.data(), static_cast<int>(bytes.size()));
+        return;
+    }
     (void)::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
 }
 
@@ -73,7 +82,9 @@ void Peer::awaitEnd() {
 bool Peer::receiveExactly(size_t count, std::string& bytes) {
     char buffer[4096];
     while (bytes.size() < count) {
-        ssize_t got = recv(socket_, buffer, std::min(sizeof buffer, count - bytes.size()), 0);
+        size_t wanted = std::min(sizeof buffer, count - bytes.size());
+        ssize_t got = tls_ ? SSL_read(tls_.get(), buffer, static_cast<int>(wanted))
+                           : recv(socket_, buffer, wanted, 0);
         if (got <= 0) return false;
         bytes.append(buffer, static_cast<size_t>(got));
         received_.append(buffer, static_cast<size_t>(got));
@@ -81,16 +92,31 @@ bool Peer::receiveExactly(size_t count, std::string& bytes) {
     return true;
 }
 
-void Peer::greet(std::string_view plugin) {
+void Peer::greet(std::string_view plugin, bool offersTls) {
     using namespace std::string_literals;
-    // Protocol 4.1, proof by plug-in, local files; no encryption.
-    constexpr size_t abilities = 0x8a3ff & ~size_t{0x800};
+    // Protocol 4.1, proof by plug-in, local files.
+    const size_t abilities = 0x8a3ff | (offersTls ? 0x800 : 0);
     send(
         "\x0a"
         "8.0.0\0"s +
         number(1, 4) + "saltsalt\0"s + number(abilities & 0xffff, 2) + "\x2d" + number(2, 2) +
         number(abilities >> 16, 2) + "\x15" + std::string(10, '\0') + "saltsaltsalt\0"s +
         std::string(plugin) + "\0"s);
+}
+
+void Peer::switchTo(std::string_view plugin) {
+    using namespace std::string_literals;
+    send("\xfe" + std::string(plugin) + "\0saltsaltsaltsaltsalt\0"s);
+}
+
+void Peer::encrypt() {
+    SSL_CTX* context = SSL_CTX_new(TLS_server_method());
+    SSL_CTX_use_PrivateKey_file(context, serverKey().c_str(), SSL_FILETYPE_PEM);
+    SSL_CTX_use_certificate_file(context, serverKey().c_str(), SSL_FILETYPE_PEM);
+    tls_.reset(SSL_new(context));
+    SSL_CTX_free(context);
+    SSL_set_fd(tls_.get(), socket_);
+    SSL_accept(tls_.get());
 }
 
 void Peer::sendOk() {
@@ -122,14 +148,15 @@ void Peer::admitAndAwaitStatement() {
     receive();
 }
 
-LyingServer::LyingServer(std::function<void(Peer&)> script)
-    : listener_(listenOn(host, server().port())) {
+LyingServer::LyingServer(std::function<void(Peer&)> script, const std::string& name)
+    : local_(name == "localhost"), listener_(listenOn(local_)) {
     thread_ = std::thread([this, script = std::move(script)] { serve(script); });
 }
 
 LyingServer::~LyingServer() {
     received();
     close(listener_);
+    if (local_) std::filesystem::rename(server().socket() + "-real", server().socket());
 }
 
 std::string LyingServer::received() {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <openssl/ssl.h>
+
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -21,7 +24,11 @@ class Peer {
     void awaitEnd();
 
     // Greets as an ordinary server that proposes this way of proving the password.
-    void greet(std::string_view plugin = "mysql_native_password");
+    void greet(std::string_view plugin = "mysql_native_password", bool offersTls = false);
+    // Has the client prove the password in another way.
+    void switchTo(std::string_view plugin);
+    // Takes the server's part in TLS; what comes and goes from now on is inside.
+    void encrypt();
     void sendOk();
     void sendError(int number, std::string_view text);
     // The start of a result: columns of text by the names a, b and so on.
@@ -30,24 +37,26 @@ class Peer {
     // Lets the client in, whoever it is, and takes its first statement.
     void admitAndAwaitStatement();
 
-    // All that has come so far, as it came.
+    // All that has come so far, as it came, or as it came out of TLS.
     const std::string& received() const { return received_; }
 
   private:
     bool receiveExactly(size_t count, std::string& bytes);
 
     int socket_;
+    std::unique_ptr<SSL, void (*)(SSL*)> tls_{nullptr, SSL_free};
     unsigned char number_ = 0;
     std::string received_;
 };
 
 // A server that plays one connection by a script and then closes it. It has an address of its own,
-// since the client library knows but one port.
+// since the client library knows but one port; under the name "localhost" it takes the place of the
+// real server's socket while it lives.
 class LyingServer {
   public:
     static constexpr const char* host = "127.0.0.2";
 
-    explicit LyingServer(std::function<void(Peer&)> script);
+    explicit LyingServer(std::function<void(Peer&)> script, const std::string& name = host);
     // Waits for the script's end.
     ~LyingServer();
     LyingServer(const LyingServer&) = delete;
@@ -59,6 +68,7 @@ class LyingServer {
   private:
     void serve(const std::function<void(Peer&)>& script);
 
+    const bool local_;
     int listener_;
     std::string received_;
     std::thread thread_;

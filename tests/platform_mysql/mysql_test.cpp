@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "tests/support/child.h"
+
 namespace bracken::test {
 
 namespace {
@@ -14,6 +16,8 @@ class ServerEnvironment : public testing::Environment {
         theServer = std::make_unique<PrivateServer>();
         theServer->publish();
         MySQLDatabase::prepareLibrary();
+        outputOf({"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj",
+                  "/CN=someone", "-keyout", serverKey(), "-out", serverKey()});
     }
     void TearDown() override { theServer = nullptr; }
 };
@@ -24,6 +28,10 @@ const auto* const environment = testing::AddGlobalTestEnvironment(new ServerEnvi
 
 PrivateServer& server() {
     return *theServer;
+}
+
+std::string serverKey() {
+    return server().folder() + "/key.pem";
 }
 
 std::vector<Row> rowsOf(DatabaseCursor& cursor) {

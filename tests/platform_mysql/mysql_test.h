@@ -16,6 +16,8 @@ using Row = std::vector<std::string>;
 
 // The one real server of this test program. A test may leave it with other options, but running.
 PrivateServer& server();
+// A file with an RSA key and a certificate that vouches for nobody, for servers that encrypt.
+std::string serverKey();
 
 // What is left of the cursor, by the fields' texts; closes it.
 std::vector<Row> rowsOf(DatabaseCursor& cursor);

@@ -100,52 +100,6 @@ TEST_F(RowsTest, FieldsByNumberAndByName) {
     EXPECT_TRUE(cursor->EOF_());
 }
 
-struct Typed {
-    const char* type;
-    const char* literal;
-    std::string text;
-};
-
-TEST_F(RowsTest, TextOfEveryColumnType) {
-    using namespace std::string_literals;
-    const Typed cases[] = {
-        {"bit(10)", "b'1000000001'", "\x02\x01"s},
-        {"tinyint", "-128", "-128"},
-        {"boolean", "true", "1"},
-        {"bigint unsigned", "18446744073709551615", "18446744073709551615"},
-        {"int(5) zerofill", "42", "00042"},
-        {"decimal(20, 5)", "-1.5", "-1.50000"},
-        {"float", "1.5", "1.5"},
-        {"double", "1e300", "1e300"},
-        {"date", "'2024-02-29'", "2024-02-29"},
-        {"date", "'0000-00-00'", "0000-00-00"},
-        {"time(3)", "'-838:59:59.5'", "-838:59:59.500"},
-        {"datetime", "'2024-02-29 23:59:59'", "2024-02-29 23:59:59"},
-        {"timestamp null", "null", ""},
-        {"year", "1999", "1999"},
-        {"char(5)", "'a'", "a"},
-        {"varchar(20) character set utf8mb4", "'\u00e4\u20ac\U0001F600'", "\u00e4\u20ac\U0001F600"},
-        {"binary(3)", "'a'", "a\0\0"s},
-        {"varbinary(300)", "x'00ff27223b0a'", "\0\xff'\";\n"s},
-        {"mediumblob", "repeat(x'00', 70000)", std::string(70000, '\0')},
-        {"longtext", "repeat('aa', 1000000)", std::string(2'000'000, 'a')},
-        {"enum('no', 'yes')", "'yes'", "yes"},
-        {"set('a', 'b', 'c')", "'a,c'", "a,c"},
-        {"json", "'{\"a\": null}'", "{\"a\": null}"},
-        {"uuid", "'123e4567-e89b-12d3-a456-426655440000'", "123e4567-e89b-12d3-a456-426655440000"},
-        {"inet6", "'::1'", "::1"},
-        {"point", "point(1, 2)", "\0\0\0\0\x01\x01\0\0\0\0\0\0\0\0\0\xf0?\0\0\0\0\0\0\0@"s},
-    };
-    execute(database, "set sql_mode = ''");
-    for (const Typed& type : cases) {
-        execute(database, "create or replace table typed (v "s + type.type + ", after_it int)");
-        execute(database, "insert into typed values ("s + type.literal + ", 7)");
-        const std::vector<Row> expected = {{type.text, "7"}};
-        // Too long to be shown.
-        EXPECT_TRUE(select(database, "select * from typed") == expected) << type.type;
-    }
-}
-
 TEST_F(RowsTest, EmptyResultAndStatementWithoutRows) {
     execute(database, "create or replace table empty_one (a int)");
     auto cursor = database.SQLSelect("select * from empty_one");
@@ -168,17 +122,6 @@ TEST_F(RowsTest, FailedStatementGivesTheServersWordsUntilTheNext) {
     EXPECT_EQ(database.ErrorMessage, "Unknown table 'data.<b>\u00e4'");
     EXPECT_EQ(select(database, "select 1"), (std::vector<Row>{{"1"}}));
     EXPECT_EQ(database.ErrorMessage, "");
-}
-
-TEST_F(RowsTest, NamesThatNeedQuoting) {
-    execute(database, "create or replace database `odd-name`");
-    execute(database, "create or replace table `odd-name`.`a``b` (`c``d` int)");
-    EXPECT_EQ(database.SQLSelect("show tables in odd-name"), nullptr);
-    EXPECT_TRUE(database.Error);
-    EXPECT_EQ(select(database, "show tables in `odd-name`"), (std::vector<Row>{{"a`b"}}));
-    auto cursor = database.SQLSelect("describe `odd-name`.`a``b`");
-    ASSERT_FALSE(database.Error) << database.ErrorMessage;
-    EXPECT_EQ(cursor->Field("Field")->StringValue, "c`d");
 }
 
 TEST_F(RowsTest, OneStatementAtATime) {

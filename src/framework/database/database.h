@@ -26,7 +26,8 @@ class Database {
     virtual void DatabaseName(const std::string& name) = 0;
 
     // Opens a connection with the properties set, in place of the one that this object had; cursors
-    // of the old one stay usable. False on failure, with Error and ErrorMessage set.
+    // of the old one stay usable. False on failure, with Error and ErrorMessage set; the old one
+    // then stays.
     virtual bool Connect() = 0;
     // Runs a query. On failure sets Error and ErrorMessage and gives nil. Older cursors stay
     // usable. A statement that succeeds but has no rows to give, gives nil too.

@@ -9,7 +9,8 @@ namespace bracken {
 
 namespace {
 
-// Neither of them sends the password in clear over a connection that is not encrypted.
+// None of them sends the password in clear over a connection that is not encrypted, the sha2 ones
+// by our own guard.
 constexpr const char* allowedPlugins =
     "mysql_native_password,caching_sha2_password,sha256_password,client_ed25519";
 

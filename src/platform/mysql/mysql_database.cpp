@@ -5,6 +5,7 @@
 #include "platform/mysql/connect_attempt.h"
 #include "platform/mysql/handle_settings.h"
 #include "platform/mysql/mysql_cursor.h"
+#include "platform/mysql/sha2_guard.h"
 
 namespace bracken {
 
@@ -19,6 +20,7 @@ bool comesWhole(const std::string& statement) {
 
 void MySQLDatabase::prepareLibrary() {
     mysql_library_init(0, nullptr, nullptr);
+    guardSha2Methods();
 }
 
 MySQLDatabase::MySQLDatabase(std::chrono::milliseconds connectTimeout)
@@ -32,16 +34,20 @@ void MySQLDatabase::DatabaseName(const std::string& name) {
 }
 
 bool MySQLDatabase::Connect() {
-    connection_ = nullptr;
     if (auto refusal = refusalOfHost(Host)) {
         setOutcome(refusal);
         return false;
     }
     auto attempt = std::make_shared<ConnectAttempt>(Host, UserName, Password, connectTimeout_);
-    blocking([&] { connection_ = attempt->run(); }, [&] { attempt->abandon(); });
-    bool connected = connection_ != nullptr;
-    setOutcome(connected ? std::nullopt : std::optional(attempt->error()));
-    return connected;
+    std::shared_ptr<Connection> connection;
+    blocking([&] { connection = attempt->run(); }, [&] { attempt->abandon(); });
+    if (connection == nullptr) {
+        setOutcome(attempt->error());
+        return false;
+    }
+    connection_ = std::move(connection);
+    setOutcome(std::nullopt);
+    return true;
 }
 
 Ref<DatabaseCursor> MySQLDatabase::SQLSelect(const std::string& statement) {

@@ -11,8 +11,9 @@ namespace bracken {
 class Connection;
 
 // A connection to a MySQL or MariaDB server, encrypted if the server can, though without a check of
-// its identity. Port and socket are the client library's: MYSQL_TCP_PORT and MYSQL_UNIX_PORT of the
-// environment, else its defaults.
+// its identity; without encryption no server gets the password itself but over the local socket.
+// Port and socket are the client library's: MYSQL_TCP_PORT and MYSQL_UNIX_PORT of the environment,
+// else its defaults.
 class MySQLDatabase : public Database {
   public:
     // Prepares the client library; once, before the process has threads.
