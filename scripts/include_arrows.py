@@ -28,6 +28,7 @@ ALLOWED = {
 LIBRARIES = {
     re.compile(r"Q[A-Z]\w*(/\w+)?|qt\w+\.h"): {"platform/qt", "start"},
     re.compile(r"(mysql|mariadb)[\w./]*\.h"): {"platform/mysql"},
+    re.compile(r"g(io|lib|object)/.*\.h"): {"platform/qt"},
 }
 
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]+)[>"]')
