@@ -22,7 +22,6 @@ void SplitterWindow::Layout() {
 
 void SplitterWindow::CreateControls() {
     placeUpperRow();
-    placeGroup();
     placeLowerRow();
     placeSwitches();
     placeSplitters();
@@ -32,32 +31,11 @@ void SplitterWindow::placeUpperRow() {
     list.place(10, 50, 200, 300);
     lock(list, true, true, false, false);
     list.AddRow("a list");
-    group.place(220, 50, 330, 300);
-    lock(group, true, true, false, false);
-    group.Caption = "A group box";
-    tabs.place(560, 50, 330, 300);
-    lock(tabs, true, true, true, false);
-    tabs.Captions = {"A tab panel"};
-    inner.place(575, 90, 300, 245);
-    lock(inner, true, true, true, false);
-    inner.Parent = &tabs;
-    inner.AddRow("a list on its page");
-}
-
-void SplitterWindow::placeGroup() {
-    field.place(235, 80, 300, 24);
-    popup.place(235, 115, 200, 24);
-    first.place(235, 150, 180, 20);
-    second.place(235, 175, 180, 20);
-    for (RectControl* control :
-         std::initializer_list<RectControl*>{&field, &popup, &first, &second})
-        control->Parent = &group;
-    field.Text = "a field";
-    popup.AddRow("a popup menu");
-    popup.ListIndex = 0;
-    first.Caption = "one choice";
-    second.Caption = "another";
-    first.Value = true;
+    notes.place(220, 50, 330, 300);
+    lock(notes, true, true, false, false);
+    notes.MultiLine = true;
+    names.place(560, 50, 330, 300);
+    lock(names, true, true, true, false);
 }
 
 void SplitterWindow::placeLowerRow() {
@@ -65,13 +43,11 @@ void SplitterWindow::placeLowerRow() {
     lock(text, true, true, false, true);
     text.MultiLine = text.ScrollBarVertical = true;
     text.Text = "Text of several lines.\nDrag the dividers.";
-    well.place(626, 366, 264, 264);
-    lock(well, true, true, true, true);
+    rest.place(626, 366, 264, 264);
+    lock(rest, true, true, true, true);
 }
 
 void SplitterWindow::placeSwitches() {
-    strip.place(0, 0, 900, 40);
-    lock(strip, true, true, true, false);
     debug.place(10, 10, 160, 20);
     debug.Caption = "Show what they do";
     live.place(190, 10, 160, 20);

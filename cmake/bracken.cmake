@@ -20,13 +20,7 @@ endif()
 # bracken_library(NAME LIBRARY...): one static library of all sources of this folder, bracken_NAME.
 function(bracken_library name)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
-    if(NOT sources)
-        add_library(bracken_${name} INTERFACE)
-        target_link_libraries(bracken_${name} INTERFACE bracken_options ${ARGN})
-        return()
-    endif()
     add_library(bracken_${name} STATIC ${sources})
-    set_target_properties(bracken_${name} PROPERTIES LINKER_LANGUAGE CXX)
     target_link_libraries(bracken_${name} PUBLIC bracken_options ${ARGN})
 endfunction()
 

@@ -15,8 +15,8 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 FRAMEWORK = [
     "framework/platform",
-    "framework/containers",
     "framework/text",
+    "framework/containers",
     "framework/values",
     "framework/threads",
     "framework/files",
@@ -44,6 +44,7 @@ ALLOWED = {
 LIBRARIES = {
     re.compile(r"Q[A-Z]\w*(/\w+)?|qt\w+\.h|gio/.*"): {"platform/qt", "start"},
     re.compile(r"(mysql|mariadb)[\w./]*\.h"): {"platform/mysql"},
+    re.compile(r"g(io|lib|object)/.*\.h"): {"platform/qt"},
 }
 
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]+)[>"]')

@@ -4,10 +4,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 #include "framework/containers/dictionary.h"
-#include "framework/containers/rank_tree.h"
 
 namespace bracken {
 
@@ -15,70 +14,46 @@ class plistDict;
 
 // The container children of a node and their names, two arrays side by side whose element 0 is
 // never used: children stand at positions 1 to the upper bound. Names may occur more than once.
-// Look-up by name or position and removal take near-constant time.
 class ChildList {
-    static constexpr uint32_t none = UINT32_MAX;
-
   public:
     using Node = std::shared_ptr<plistDict>;
 
-    // Walks the children of one name in order of their positions.
-    class Walk {
-      public:
-        // A walk that has ended.
-        Walk() = default;
-        // Null at the end.
-        const Node* next();
-
-      private:
-        friend class ChildList;
-        Walk(const ChildList& list, uint32_t slot) : list_(&list), slot_(slot) {}
-        const ChildList* list_ = nullptr;
-        uint32_t slot_ = none;
-    };
-
-    int upperBound() const { return static_cast<int>(slots_.size() - dead_); }
+    int upperBound() const { return nodes_.Count(); }
     // IndexOutOfRangeException outside 1 to the upper bound.
-    const Node& node(int position) const { return slots_[slotAt(position)].node; }
-    const std::string& name(int position) const { return slots_[slotAt(position)].name; }
+    const Node& node(int position) const { return nodes_.ValueAt(index(position)); }
+    const std::string& name(int position) const { return nodes_.Key(index(position)); }
     // The first child of that name, null for none.
-    const Node* first(std::string_view name) const { return all(name).next(); }
-    Walk all(std::string_view name) const;
+    const Node* first(std::string_view name) const { return nodes_.find(name); }
+    // The position of the first child of that name, and that of the next one of the same name;
+    // 0 for none.
+    int position(std::string_view name) const { return nodes_.position(name) + 1; }
+    int nextPosition(int position) const { return nodes_.nextPosition(index(position)) + 1; }
 
-    void append(std::string_view name, Node node);
+    void append(std::string_view name, Node node) {
+        if (hasElementZero_) nodes_.add(name, std::move(node));
+        hasElementZero_ = true;
+    }
     // Removes the last child of that name, if there is one.
-    void removeLast(std::string_view name);
+    void removeLast(std::string_view name) {
+        if (nodes_.HasKey(name)) nodes_.Remove(name);
+    }
     // Removes a position of both arrays; IndexOutOfRangeException. Removing position 0 leaves the
     // first child, or else the next one appended, as the element that is never used.
-    void removeAt(int64_t position);
-    // Moves all children out.
-    void drainInto(std::vector<Node>& nodes);
+    void removeAt(int64_t position) {
+        if (position == 0 && upperBound() == 0 && hasElementZero_) {
+            hasElementZero_ = false;
+        } else {
+            nodes_.RemoveAt(index(position == 0 ? 1 : position));
+        }
+    }
 
   private:
-    // Children of one name form a chain in order.
-    struct Slot {
-        std::string name;
-        Node node;
-        uint32_t previous = none;
-        uint32_t next = none;
-    };
-    struct Chain {
-        uint32_t first = none;
-        uint32_t last = none;
-    };
+    int index(int64_t position) const {
+        if (position >= 1 && position <= upperBound()) return static_cast<int>(position) - 1;
+        throw IndexOutOfRangeException("Child " + Str(position));
+    }
 
-    uint32_t slotAt(int64_t position) const;
-    void link(uint32_t slot);
-    void unlink(uint32_t slot);
-    void remove(uint32_t slot);
-    void compact();
-
-    // A slot with no node is dead.
-    std::vector<Slot> slots_;
-    Dictionary<Chain> chains_;
-    uint32_t dead_ = 0;
-    // Kept only while there are dead slots.
-    RankTree ranks_;
+    Dictionary<Node> nodes_;
     bool hasElementZero_ = true;
 };
 

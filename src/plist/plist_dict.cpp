@@ -7,15 +7,24 @@
 
 namespace bracken {
 
+namespace {
+
+void drain(ChildList& children, std::vector<ChildList::Node>& nodes) {
+    for (int i = 1; i <= children.upperBound(); ++i) nodes.push_back(children.node(i));
+    children = ChildList();
+}
+
+}  // namespace
+
 // Takes the tree apart level by level: its depth is the file's, and must not be the stack's. Nodes
 // that somebody else holds keep their children.
 plistDict::~plistDict() {
     std::vector<ChildList::Node> pending;
-    children.drainInto(pending);
+    drain(children, pending);
     while (!pending.empty()) {
         const ChildList::Node node = std::move(pending.back());
         pending.pop_back();
-        if (node.use_count() == 1) node->children.drainInto(pending);
+        if (node.use_count() == 1) drain(node->children, pending);
     }
 }
 

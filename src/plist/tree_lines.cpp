@@ -12,8 +12,10 @@ void TreeLines::run(const plistDict& node, int32_t level) {
     begin(node);
     while (!levels_.empty()) {
         Level& top = levels_.top();
-        if (const ChildList::Node* next = top.children.next()) {
-            child(**next);
+        if (top.nextChild > 0) {
+            const plistDict& next = *top.node.children.node(top.nextChild);
+            top.nextChild = top.node.children.nextPosition(top.nextChild);
+            child(next);
         } else if (top.nextKey < top.node.types.Count()) {
             key(top);
         } else {
@@ -55,7 +57,7 @@ void TreeLines::key(Level& level) {
     }
     if (isContainer) {
         level.containerTag = isArray ? "array" : "dict";
-        level.children = level.node.children.all(key);
+        level.nextChild = level.node.children.position(key);
     } else {
         scalar(tag, value);
     }

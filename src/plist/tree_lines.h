@@ -32,7 +32,7 @@ class TreeLines {
     virtual void nodeEnds() {}
 
   private:
-    // How far one node has come, and the rest of the children of the key in hand.
+    // How far one node has come, and the next child of the key in hand.
     struct Level {
         explicit Level(const plistDict& levelNode) : node(levelNode) {}
 
@@ -41,7 +41,8 @@ class TreeLines {
         // Where the next value stands if values have come in the order of their keys, as is usual.
         int nextValue = 0;
         const char* containerTag = "";
-        ChildList::Walk children;
+        // The position of the next one, 0 for none.
+        int nextChild = 0;
     };
 
     void begin(const plistDict& node);

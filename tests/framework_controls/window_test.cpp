@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "framework/controls/control.h"
+#include "framework/controls/group_box.h"
+#include "framework/controls/page_panel.h"
 #include "framework/controls/push_button.h"
 #include "framework/controls/static_text.h"
+#include "framework/controls/tab_panel.h"
 #include "framework/windows/windows.h"
 #include "tests/support/fake_platform.h"
 
@@ -105,6 +108,39 @@ TEST_F(WindowTest, AContainerMovesWhatItContains) {
     window.inner.Parent = nullptr;
     window.outer.Left = 0;
     EXPECT_EQ(place(window.inner), "25,13 20x20");
+}
+
+TEST_F(WindowTest, AContainerShowsOnlyThePageInFront) {
+    class Pages : public Window {
+      public:
+        TabPanel tabs{*this, "tabs"};
+        PushButton first{*this, "first"};
+        GroupBox box{*this, "box"};
+        PagePanel panel{*this, "panel"};
+        PushButton onPage{*this, "onPage"};
+    };
+    const auto pages = std::make_shared<Pages>();
+    pages->first.Parent = &pages->tabs;
+    pages->box.Parent = &pages->tabs;
+    pages->panel.Parent = &pages->box;
+    pages->onPage.Parent = &pages->panel;
+    pages->box.TabPanelIndex = 1;
+    pages->onPage.TabPanelIndex = 3;
+    const auto shown = [&] {
+        std::string names;
+        for (Control* control : pages->controls())
+            if (dynamic_cast<RectControl&>(*control).showing()) names += control->name() + " ";
+        return names;
+    };
+    EXPECT_EQ(shown(), "tabs first ");
+    pages->tabs.Value = 1;
+    EXPECT_EQ(shown(), "tabs box panel ");
+    static_cast<void>(pages->onPage.takeDirty());
+    pages->panel.Value = 3;
+    EXPECT_TRUE(pages->onPage.takeDirty());
+    EXPECT_EQ(shown(), "tabs box panel onPage ");
+    pages->box.Visible = false;
+    EXPECT_EQ(shown(), "tabs ") << "a container that is hidden hides what it holds";
 }
 
 TEST_F(WindowTest, LocksOfAContainedControlAreTheWindowsEdgesToo) {

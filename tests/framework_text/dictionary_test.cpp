@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 
 #include "framework/text/text.h"
@@ -11,31 +10,23 @@ namespace bracken {
 namespace {
 
 // The plainest dictionary there is.
-class Model {
-  public:
-    std::vector<std::pair<std::string, int>> rows;
+using Rows = std::vector<std::pair<std::string, int>>;
 
-    auto find(std::string_view key) {
-        return std::find_if(rows.begin(), rows.end(),
-                            [&](const auto& row) { return equal(row.first, key); });
-    }
-    void set(const std::string& key, int value) {
-        const auto row = find(key);
-        if (row == rows.end()) {
-            rows.emplace_back(key, value);
-        } else {
-            row->second = value;
-        }
-    }
-};
+// As positions go, -1 for none.
+int find(const Rows& rows, std::string_view key, int from = 0) {
+    for (size_t i = static_cast<size_t>(from); i < rows.size(); ++i)
+        if (equal(rows[i].first, key)) return static_cast<int>(i);
+    return -1;
+}
 
-void expectSame(const Dictionary<int>& dictionary, const Model& model) {
-    ASSERT_EQ(dictionary.Count(), model.rows.size());
+void expectSame(const Dictionary<int>& dictionary, const Rows& rows) {
+    ASSERT_EQ(dictionary.Count(), rows.size());
     for (int i = 0; i < dictionary.Count(); ++i) {
-        const auto& [key, value] = model.rows[static_cast<size_t>(i)];
+        const auto& [key, value] = rows[static_cast<size_t>(i)];
         ASSERT_EQ(dictionary.Key(i), key);
         ASSERT_EQ(dictionary.ValueAt(i), value);
-        ASSERT_EQ(dictionary.Value(key), value);
+        ASSERT_EQ(dictionary.position(key), find(rows, key));
+        ASSERT_EQ(dictionary.nextPosition(i), find(rows, key, i + 1));
     }
 }
 
@@ -45,29 +36,48 @@ std::string spelling(std::mt19937& random, int keys) {
     return key;
 }
 
+void grow(Dictionary<int>& dictionary, Rows& rows, const std::string& key, int value, bool add) {
+    const int i = find(rows, key);
+    if (add || i < 0) {
+        rows.emplace_back(key, value);
+    } else {
+        rows[static_cast<size_t>(i)].second = value;
+    }
+    add ? dictionary.add(key, value) : dictionary.Value(key, value);
+}
+
+void shrink(Dictionary<int>& dictionary, Rows& rows, const std::string& key, bool first) {
+    int i = find(rows, key);
+    if (i < 0) {
+        ASSERT_THROW(dictionary.Remove(key), KeyNotFoundException);
+        return;
+    }
+    first ? dictionary.RemoveAt(i) : dictionary.Remove(key);
+    while (!first && find(rows, key, i + 1) > 0) i = find(rows, key, i + 1);
+    rows.erase(rows.begin() + i);
+}
+
 TEST(Dictionary, BehavesAsAPlainListOfPairs) {
     for (const int keys : {3, 40, 400}) {
         SCOPED_TRACE(keys);
         std::mt19937 random(static_cast<unsigned>(keys));
         Dictionary<int> dictionary;
-        Model model;
+        Rows rows;
         for (int step = 0; step < 3000; ++step) {
             const std::string key = spelling(random, keys);
             // Phases of growing and of shrinking.
-            const bool grow = random() % 10 < (step / 500 % 2 == 0 ? 8U : 2U);
-            const auto row = model.find(key);
-            if (grow) {
-                dictionary.Value(key, step);
-                model.set(key, step);
-            } else if (row == model.rows.end()) {
-                ASSERT_FALSE(dictionary.HasKey(key));
-                ASSERT_THROW(dictionary.Remove(key), KeyNotFoundException);
+            if (random() % 10 < (step / 500 % 2 == 0 ? 8U : 2U)) {
+                grow(dictionary, rows, key, step, random() % 4 == 0);
             } else {
-                dictionary.Remove(key);
-                model.rows.erase(row);
+                ASSERT_NO_FATAL_FAILURE(shrink(dictionary, rows, key, random() % 8 == 0));
             }
-            if (keys < 100 || step % 50 == 0) {
-                ASSERT_NO_FATAL_FAILURE(expectSame(dictionary, model));
+            const int i = find(rows, key);
+            ASSERT_EQ(dictionary.HasKey(key), i >= 0);
+            if (i >= 0) {
+                ASSERT_EQ(dictionary.Value(key), rows[static_cast<size_t>(i)].second);
+            }
+            if (step % 50 == 0) {
+                ASSERT_NO_FATAL_FAILURE(expectSame(dictionary, rows));
             }
         }
     }
@@ -80,7 +90,7 @@ TEST(Dictionary, RaisesForWhatItDoesNotHold) {
     dictionary.Value("A", "1");
     EXPECT_EQ(dictionary.Value("a"), "1");
     EXPECT_EQ(dictionary.find("b"), nullptr);
-    EXPECT_THROW(dictionary.Key(-1), IndexOutOfRangeException);
+    EXPECT_THROW(dictionary.RemoveAt(-1), IndexOutOfRangeException);
     dictionary.Clear();
     EXPECT_FALSE(dictionary.HasKey("A"));
     EXPECT_EQ(dictionary.Count(), 0);

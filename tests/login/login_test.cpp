@@ -76,7 +76,9 @@ TEST_F(Login, OpensWithWhatIsStored) {
         EXPECT_EQ(window.butGo.Enabled, one.go) << one.settings;
         EXPECT_EQ(window.Height, 185);
         EXPECT_TRUE(window.butConnect.Default);
-        if (one.settings.empty()) EXPECT_EQ(Program::saved("remember"), "none");
+        if (one.settings.empty()) {
+            EXPECT_EQ(Program::saved("remember"), "none");
+        }
         program.reset();
     }
 }

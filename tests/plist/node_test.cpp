@@ -157,32 +157,5 @@ TEST(Node, KeepsWhatSomebodyHolds) {
     EXPECT_THROW(held->AbsolutePath(), NilObjectException);
 }
 
-TEST(ChildList, KeepsOrderAndNamesThroughRemovals) {
-    ChildList list;
-    const auto names = [&] {
-        std::string shown;
-        for (int i = 1; i <= list.upperBound(); ++i) shown += list.name(i) + list.node(i)->name;
-        return shown;
-    };
-    const auto append = [&](const char* name, const char* inside) {
-        const auto node = std::make_shared<plistDict>();
-        node->name = inside;
-        list.append(name, node);
-    };
-    for (int round = 0; round < 50; ++round) {
-        append("a", "1");
-        append("b", "2");
-        append("A", "3");
-        list.removeLast("a");
-        ASSERT_EQ(names(), "a1b2");
-        append("a", "4");
-        list.removeAt(1);
-        ASSERT_EQ(names(), "b2a4");
-        ASSERT_EQ((*list.first("A"))->name, "4");
-        list.removeAt(2);
-        list.removeAt(1);
-    }
-}
-
 }  // namespace
 }  // namespace bracken

@@ -25,10 +25,9 @@ std::string pictureOf(const plistDict& node, const std::string& key) {
     std::string shown = key + ":" + tag;
     if (const std::string* value = node.values.find(key)) shown += "=" + quoted(*value);
     if (!equal(tag, "dict") && !equal(tag, "array")) return shown;
-    auto walk = node.children.all(key);
-    const ChildList::Node* child = walk.next();
-    if (child == nullptr) return shown + "!";
-    for (; child != nullptr; child = walk.next()) shown += picture(**child);
+    int i = node.children.position(key);
+    if (i == 0) return shown + "!";
+    for (; i > 0; i = node.children.nextPosition(i)) shown += picture(*node.children.node(i));
     return shown;
 }
 

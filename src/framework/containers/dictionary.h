@@ -1,75 +1,185 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "framework/containers/key_index.h"
 #include "framework/exception.h"
+#include "framework/text/text.h"
 
 namespace bracken {
 
-// Insertion-ordered map from text to V, looked up without regard to ASCII letter case. Every
-// operation, removal and Key(i) included, takes near-constant time. A key set again keeps its first
-// spelling and place; one removed and set again goes to the end.
+// A hash that is the same for keys that differ in the case of ASCII letters only.
+uint32_t foldedHash(std::string_view key);
+
+// Insertion-ordered map from text to V, looked up without regard to ASCII letter case. A key set
+// again keeps its first spelling and place; one removed and set again goes to the end. A key may be
+// added more than once; what looks it up means its first entry then.
+//
+// A removal leaves a hole. The next access by position closes all holes, which takes as long as
+// there are entries; everything else takes near-constant time. References and positions are valid
+// until the dictionary changes or, after a removal, is accessed by position.
 template <class V>
 class Dictionary {
   public:
-    bool HasKey(std::string_view key) const { return index_.find(key) != KeyIndex::none; }
-    int Count() const { return index_.count(); }
+    bool HasKey(std::string_view key) const { return find(key) != nullptr; }
+    int Count() const { return static_cast<int>(entries_.size() - holes_); }
 
-    // KeyNotFoundException for a missing key. Valid until the dictionary changes.
-    const V& Value(std::string_view key) const { return cells_[slotOf(key)].value; }
-    // The value, null for a missing key. Valid until the dictionary changes.
+    // KeyNotFoundException for a missing key.
+    const V& Value(std::string_view key) const {
+        const V* value = find(key);
+        return value != nullptr ? *value : throw KeyNotFoundException(std::string(key));
+    }
+    // The value, null for a missing key.
     const V* find(std::string_view key) const {
-        const uint32_t slot = index_.find(key);
-        return slot == KeyIndex::none ? nullptr : &cells_[slot].value;
+        const uint32_t slot = firstSlot(key, foldedHash(key));
+        return slot == none ? nullptr : &entries_[slot].value;
     }
     // Inserts or replaces.
     void Value(std::string_view key, V value) {
-        const auto [slot, added] = index_.insert(key);
-        if (added) {
-            cells_.push_back({std::move(value)});
+        const uint32_t hash = foldedHash(key);
+        const uint32_t slot = firstSlot(key, hash);
+        if (slot == none) {
+            append(key, hash, std::move(value));
         } else {
-            cells_[slot].value = std::move(value);
+            entries_[slot].value = std::move(value);
+        }
+    }
+    // Adds an entry at the end, for a key that is there already too.
+    void add(std::string_view key, V value) { append(key, foldedHash(key), std::move(value)); }
+
+    // Removes the last entry of the key; KeyNotFoundException for a missing one.
+    void Remove(std::string_view key) {
+        const uint32_t first = firstSlot(key, foldedHash(key));
+        if (first == none) throw KeyNotFoundException(std::string(key));
+        remove(table_[placeOf(key, entries_[first].hash)].slot);
+    }
+    void Clear() { *this = Dictionary(); }
+
+    // The i-th key in insertion order, counted from 0, and its value; IndexOutOfRangeException.
+    const std::string& Key(int i) const { return at(i).key; }
+    const V& ValueAt(int i) const { return at(i).value; }
+    void RemoveAt(int i) {
+        at(i);
+        remove(static_cast<uint32_t>(i));
+    }
+    // The position of the key's first entry, and that of the next entry with the key of the i-th;
+    // -1 for none.
+    int position(std::string_view key) const {
+        closeHoles();
+        return static_cast<int>(firstSlot(key, foldedHash(key)));
+    }
+    int nextPosition(int i) const {
+        const auto next = static_cast<int>(at(i).next);
+        return next > i ? next : -1;
+    }
+
+  private:
+    static constexpr uint32_t none = UINT32_MAX;
+
+    // The entries of one key form a ring in order. A hole is in none.
+    struct Entry {
+        std::string key;
+        uint32_t hash = 0;
+        uint32_t next = none;
+        V value = V();
+    };
+
+    // Leads to the last entry of a key. The hash stands here too, so that a step over another key
+    // doesn't reach for its entry.
+    struct Place {
+        uint32_t hash = 0;
+        uint32_t slot = none;
+    };
+
+    // The key's place in the table, or the free one where it belongs.
+    size_t placeOf(std::string_view key, uint32_t hash) const {
+        size_t at = hash & (table_.size() - 1);
+        while (table_[at].slot != none &&
+               (table_[at].hash != hash || !equal(entries_[table_[at].slot].key, key)))
+            at = (at + 1) & (table_.size() - 1);
+        return at;
+    }
+
+    uint32_t firstSlot(std::string_view key, uint32_t hash) const {
+        if (entries_.empty()) return none;
+        const uint32_t last = table_[placeOf(key, hash)].slot;
+        return last == none ? none : entries_[last].next;
+    }
+
+    const Entry& at(int i) const {
+        if (i < 0 || i >= Count()) throw IndexOutOfRangeException("Key " + Str(i));
+        closeHoles();
+        return entries_[static_cast<size_t>(i)];
+    }
+
+    void append(std::string_view key, uint32_t hash, V value) {
+        const auto slot = static_cast<uint32_t>(entries_.size());
+        entries_.push_back({std::string(key), hash, slot, std::move(value)});
+        if (entries_.size() * 4 > table_.size() * 3) {
+            rebuild();
+        } else {
+            link(slot);
         }
     }
 
-    // KeyNotFoundException for a missing key.
-    void Remove(std::string_view key) {
-        const uint32_t slot = slotOf(key);
-        index_.remove(slot);
-        cells_[slot].value = V();
-        if (!index_.wasteful()) return;
-        index_.compact(
-            [this](uint32_t from, uint32_t to) { cells_[to] = std::move(cells_[from]); });
-        cells_.resize(static_cast<size_t>(Count()));
-    }
-    void Clear() {
-        index_.clear();
-        cells_.clear();
+    void link(uint32_t slot) const {
+        Entry& entry = entries_[slot];
+        Place& place = table_[placeOf(entry.key, entry.hash)];
+        entry.next = slot;
+        if (place.slot != none) std::swap(entry.next, entries_[place.slot].next);
+        place = {entry.hash, slot};
     }
 
-    // The i-th key in insertion order, counted from 0, and its value; IndexOutOfRangeException.
-    const std::string& Key(int i) const { return index_.key(index_.slotAt(i)); }
-    const V& ValueAt(int i) const { return cells_[index_.slotAt(i)].value; }
-
-  private:
-    // Keeps a vector of bool what other vectors are.
-    struct Cell {
-        V value;
-    };
-
-    uint32_t slotOf(std::string_view key) const {
-        const uint32_t slot = index_.find(key);
-        if (slot == KeyIndex::none) throw KeyNotFoundException(std::string(key));
-        return slot;
+    void remove(uint32_t slot) {
+        const size_t place = placeOf(entries_[slot].key, entries_[slot].hash);
+        uint32_t before = slot;
+        while (entries_[before].next != slot) before = entries_[before].next;
+        entries_[before].next = entries_[slot].next;
+        if (before == slot) {
+            freePlace(place);
+        } else if (table_[place].slot == slot) {
+            table_[place].slot = before;
+        }
+        entries_[slot] = Entry();
+        ++holes_;
+        if (holes_ > entries_.size() / 2) closeHoles();
     }
 
-    KeyIndex index_;
-    // Parallel to the slots of the index.
-    std::vector<Cell> cells_;
+    // What stepped over the place moves up, or it would not be found any more.
+    void freePlace(size_t place) {
+        const size_t mask = table_.size() - 1;
+        for (size_t at = (place + 1) & mask; table_[at].slot != none; at = (at + 1) & mask) {
+            if (((at - table_[at].hash) & mask) < ((at - place) & mask)) continue;
+            table_[place] = table_[at];
+            place = at;
+        }
+        table_[place] = Place();
+    }
+
+    void closeHoles() const {
+        if (holes_ > 0) rebuild();
+    }
+
+    // Closes the holes and makes the table anew, with room for twice the entries.
+    void rebuild() const {
+        if (holes_ > 0) {
+            std::erase_if(entries_, [](const Entry& entry) { return entry.next == none; });
+            holes_ = 0;
+        }
+        table_.assign(std::bit_ceil(std::max<size_t>(8, entries_.size() * 2)), Place());
+        for (uint32_t slot = 0; slot < entries_.size(); ++slot) link(slot);
+    }
+
+    // Holes are closed by those who only look.
+    mutable std::vector<Entry> entries_;
+    // Open addressing by linear steps.
+    mutable std::vector<Place> table_;
+    mutable size_t holes_ = 0;
 };
 
 }  // namespace bracken

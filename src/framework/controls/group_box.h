@@ -4,13 +4,10 @@
 
 namespace bracken {
 
-// A frame with a caption around the controls that it holds.
+// A frame around the controls that it holds.
 class GroupBox : public RectControl {
   public:
-    GroupBox(WindowContent& window, std::string name)
-        : RectControl(window, std::move(name)), Caption(*this, "") {}
-
-    Property<std::string> Caption;
+    using RectControl::RectControl;
 };
 
 }  // namespace bracken

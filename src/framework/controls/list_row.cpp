@@ -4,19 +4,15 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#include <utility>
 
 #include "framework/containers/byte_buffer.h"
 
 namespace bracken {
 
 // A packed row's block: one byte W, the size of the numbers in it; the number of cells; for each
-// cell where it ends, counted from the first cell's start; the cells' bytes. Of a row with buffers
-// W is 0, and a pointer to them follows.
+// cell where it ends, counted from the first cell's start; the cells' bytes.
 
 namespace {
-
-constexpr size_t pointerSize = sizeof(void*);
 
 size_t readNumber(const unsigned char* bytes, size_t width) {
     uint64_t number = 0;
@@ -65,27 +61,13 @@ ListRow::ListRow(const std::vector<std::string_view>& cells) {
     pack(cells);
 }
 
-ListRow::~ListRow() {
-    if (block_ != nullptr) delete cells();
-}
-
+ListRow::~ListRow() = default;
 ListRow::ListRow(ListRow&& other) noexcept = default;
-
-ListRow& ListRow::operator=(ListRow&& other) noexcept {
-    std::swap(block_, other.block_);
-    return *this;
-}
-
-ListRow::Cells* ListRow::cells() const {
-    Cells* cells = nullptr;
-    if (block_[0] == 0) std::memcpy(&cells, &block_[1], pointerSize);
-    return cells;
-}
+ListRow& ListRow::operator=(ListRow&& other) noexcept = default;
 
 std::string_view ListRow::text(size_t column) const {
-    const Cells* own = cells();
-    if (own == nullptr) return Packed{block_.get()}.text(column);
-    return column < own->size() ? (*own)[column].bytes.text() : std::string_view();
+    if (cells_ == nullptr) return Packed{block_.get()}.text(column);
+    return column < cells_->size() ? (*cells_)[column].bytes.text() : std::string_view();
 }
 
 std::vector<std::string_view> ListRow::texts() const {
@@ -114,22 +96,18 @@ void ListRow::pack(const std::vector<std::string_view>& texts) {
 }
 
 void ListRow::unpack() {
-    auto own = std::make_unique<Cells>();
-    for (std::string_view text : texts()) own->emplace_back(text);
-    block_ = std::make_unique_for_overwrite<unsigned char[]>(1 + pointerSize);
-    block_[0] = 0;
-    Cells* pointer = own.release();
-    std::memcpy(&block_[1], &pointer, pointerSize);
+    cells_ = std::make_unique<Cells>();
+    for (std::string_view text : texts()) cells_->emplace_back(text);
+    block_ = nullptr;
 }
 
 ListRow::Cell& ListRow::cell(size_t column) {
-    Cells& own = *cells();
-    if (column >= own.size()) own.resize(column + 1);
-    return own[column];
+    if (column >= cells_->size()) cells_->resize(column + 1);
+    return (*cells_)[column];
 }
 
 void ListRow::set(size_t column, std::string_view text) {
-    if (cells() != nullptr) {
+    if (cells_ != nullptr) {
         cell(column) = Cell(text);
         return;
     }
@@ -140,7 +118,7 @@ void ListRow::set(size_t column, std::string_view text) {
 }
 
 void ListRow::append(size_t column, std::string_view text) {
-    if (cells() == nullptr) unpack();
+    if (cells_ == nullptr) unpack();
     cell(column).bytes.append(text);
 }
 

@@ -7,9 +7,8 @@
 
 namespace bracken {
 
-// A list's row, small however many there are: one pointer. As added, its cells lie end to end in
-// one block, with no byte to spare; once a cell is appended to, each cell has a
-// buffer of its own.
+// A list's row, small however many there are. As added, its cells lie end to end in one block, with
+// no byte to spare; once a cell is appended to, each cell has a buffer of its own.
 class ListRow {
   public:
     explicit ListRow(const std::vector<std::string_view>& cells);
@@ -27,16 +26,16 @@ class ListRow {
     struct Cell;
     using Cells = std::vector<Cell>;
 
-    // The cells with buffers of their own, null while the row is packed.
-    Cells* cells() const;
     std::vector<std::string_view> texts() const;
     void pack(const std::vector<std::string_view>& texts);
     void unpack();
     // Makes sure of that cell, the row being unpacked.
     Cell& cell(size_t column);
 
-    // See list_row.cpp for what lies in it.
+    // The packed cells, see list_row.cpp for what lies in it; null once the row is unpacked.
     std::unique_ptr<unsigned char[]> block_;
+    // The cells with buffers of their own, null while the row is packed.
+    std::unique_ptr<Cells> cells_;
 };
 
 }  // namespace bracken

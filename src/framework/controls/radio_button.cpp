@@ -5,9 +5,7 @@
 namespace bracken {
 
 RadioButton::RadioButton(WindowContent& window, std::string name)
-    : RectControl(window, std::move(name)),
-      Caption(*this, ""),
-      Value(*this, false, [this](bool /*old*/) {
+    : RectControl(window, std::move(name)), Value(*this, false, [this](bool /*old*/) {
           if (!Value) return;
           for (Control* control : this->window().controls()) {
               auto* other = dynamic_cast<RadioButton*>(control);

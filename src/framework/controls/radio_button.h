@@ -9,11 +9,8 @@ class RadioButton : public RectControl {
   public:
     RadioButton(WindowContent& window, std::string name);
 
-    Property<std::string> Caption;
     // Setting it takes the choice from the others.
     Property<bool> Value;
-
-    void userChose() { Value = true; }
 };
 
 }  // namespace bracken

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "framework/controls/control.h"
 
 namespace bracken {
@@ -15,12 +12,8 @@ class TabPanel : public RectControl {
         : RectControl(window, std::move(name)),
           Value(*this, 0, [this](int /*old*/) { markContents(); }) {}
 
-    // The tabs' texts; set before the window opens.
-    std::vector<std::string> Captions;
     // The page that shows, counted from 0.
     Property<int> Value;
-
-    void userChose(int page) { Value = page; }
 
   protected:
     bool showsPage(int page) const override { return page == Value; }

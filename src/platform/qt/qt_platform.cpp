@@ -118,7 +118,7 @@ void QtPlatform::beep() {
 }
 
 void QtPlatform::launch(const std::string& path) {
-    openInBrowser(QFile::decodeName(QByteArray::fromStdString(path)));
+    openInBrowser(path);
 }
 
 std::string QtPlatform::clipboardText() {

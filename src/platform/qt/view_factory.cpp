@@ -1,15 +1,8 @@
 #include "platform/qt/view_factory.h"
 
-#include "framework/controls/image_well.h"
-#include "framework/controls/line.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/placard.h"
-#include "framework/controls/rectangle.h"
-#include "framework/controls/separator.h"
 #include "platform/qt/canvas_view.h"
 #include "platform/qt/check_box_view.h"
 #include "platform/qt/edit_field_view.h"
-#include "platform/qt/frame_views.h"
 #include "platform/qt/listbox_view.h"
 #include "platform/qt/popup_menu_view.h"
 #include "platform/qt/progress_bar_view.h"
@@ -35,13 +28,6 @@ ControlView* makeTextArea(Control& control, QWidget* parent) {
     return field == nullptr || !field->MultiLine ? nullptr : new TextAreaView(*field, parent);
 }
 
-using RuleView = FrameView<QFrame::HLine, QFrame::Sunken>;
-using StrokeView = FrameView<QFrame::HLine, QFrame::Plain>;
-using BoxView = FrameView<QFrame::Box, QFrame::Plain>;
-using StripView = FrameView<QFrame::StyledPanel, QFrame::Raised>;
-using WellView = FrameView<QFrame::StyledPanel, QFrame::Sunken>;
-using PageView = FrameView<QFrame::NoFrame, QFrame::Plain>;
-
 // The first that fits is taken: derived controls stand before their bases.
 constexpr Maker makers[] = {
     make<StaticText, StaticTextView>,
@@ -54,15 +40,6 @@ constexpr Maker makers[] = {
     make<ProgressBar, ProgressBarView>,
     make<ProgressWheel, ProgressWheelView>,
     make<Canvas, CanvasView>,
-    make<Separator, RuleView>,
-    make<Line, StrokeView>,
-    make<Rectangle, BoxView>,
-    make<Placard, StripView>,
-    make<ImageWell, WellView>,
-    make<PagePanel, PageView>,
-    make<GroupBox, GroupBoxView>,
-    make<TabPanel, TabPanelView>,
-    make<RadioButton, RadioButtonView>,
 };
 
 }  // namespace
