@@ -4,6 +4,7 @@
 #include "framework/controls/windows.h"
 #include "framework/dialogs/dialogs.h"
 #include "framework/text/text.h"
+#include "framework/threads/thread.h"
 #include "scan/win_results.h"
 
 namespace bracken {
@@ -89,6 +90,7 @@ int winLogin::listDatabases(const Ref<DatabaseCursor>& cursor, const std::string
         popChooseDatabase.AddRow(name);
         if (equal(name, saved)) index = popChooseDatabase.ListCount() - 1;
         cursor->MoveNext();
+        Thread::Yield();
     }
     return index;
 }
