@@ -70,36 +70,14 @@ struct TypeCase {
     std::string text;
 };
 
-const TypeCase types[] = {
-    {"tinyint", "-128", "-128"},
-    {"smallint unsigned", "65535", "65535"},
-    {"mediumint zerofill", "42", "00000042"},
-    {"int", "-2147483648", "-2147483648"},
-    {"bigint unsigned", "18446744073709551615", "18446744073709551615"},
-    {"decimal(20,5)", "-12345.6", "-12345.60000"},
-    {"float", "1.5", "1.5"},
-    {"double", "0.1", "0.1"},
-    {"bit(10)", "b'1000000001'", "\x02\x01"},
-    {"boolean", "true", "1"},
-    {"date", "'2024-02-29'", "2024-02-29"},
-    {"time(3)", "'-838:59:58.5'", "-838:59:58.500"},
-    {"datetime(6)", "'2024-01-02 03:04:05.000006'", "2024-01-02 03:04:05.000006"},
-    {"timestamp null", "'2024-01-02 03:04:05'", "2024-01-02 03:04:05"},
-    {"year", "1999", "1999"},
-    {"char(5)", "'ab '", "ab"},
-    {"varchar(20)", "'\xc3\xa4\t\\n'", "\xc3\xa4\t\n"},
-    {"binary(4)", "x'00ff'", std::string("\x00\xff\x00\x00", 4)},
-    {"varbinary(9)", "x'0001fe'", std::string("\x00\x01\xfe", 3)},
-    {"tinyblob", "x'80'", "\x80"},
-    {"longblob", "''", ""},
-    {"mediumtext", "'NULL'", "NULL"},
-    {"enum('x','y z')", "'y z'", "y z"},
-    {"set('p','q','r')", "'r,p'", "p,r"},
-    {"json", "'{\"a\": 1}'", "{\"a\": 1}"},
-    {"point", "point(1, 2)",
-     std::string("\0\0\0\0\1\1\0\0\0\0\0\0\0\0\0\xf0\x3f\0\0\0\0\0\0\0\x40", 25)}};
+// A few for the way into a cell; the binding has a test of each type.
+const TypeCase types[] = {{"decimal(20,5)", "-12345.6", "-12345.60000"},
+                          {"bit(10)", "b'1000000001'", "\x02\x01"},
+                          {"varchar(20)", "'\xc3\xa4\t\\n'", "\xc3\xa4\t\n"},
+                          {"varbinary(9)", "x'0001fe'", std::string("\x00\x01\xfe", 3)},
+                          {"mediumtext", "'NULL'", "NULL"}};
 
-TEST_F(OnServer, EachColumnTypeInTheServersText) {
+TEST_F(OnServer, CellsHoldTheServersText) {
     login();
     for (const TypeCase& one : types) {
         SCOPED_TRACE(one.type);
