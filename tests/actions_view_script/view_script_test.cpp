@@ -120,7 +120,8 @@ TEST_F(ViewScript, MarksEachOccurrence) {
     };
     for (const Case& c : cases) {
         class winViewScript& window = open(c.table, folder.write("f.php", c.text) + ",");
-        EXPECT_EQ(yieldsOf([&] { window.lstScipts.userSelected(0); }), c.marks) << c.text;
+        const int reads = c.text.empty() ? 0 : 1;
+        EXPECT_EQ(yieldsOf([&] { window.lstScipts.userSelected(0); }), c.marks + reads) << c.text;
         EXPECT_EQ(marked(window.EditField1), c.marked);
         EXPECT_EQ(window.EditField1.SelStart, c.selStart) << c.text;
         EXPECT_EQ(window.EditField1.SelLength, c.selLength) << c.text;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "framework/exception.h"
+#include "framework/threads/baton.h"
 #include "framework/threads/thread.h"
 
 namespace bracken::test {
@@ -15,11 +16,14 @@ class Turns : public Thread {
 
   protected:
     void Event_Run() override {
-        for (;; taken++) Yield();
+        for (;;) {
+            if (baton::wanted()) taken++;
+            Yield();
+        }
     }
 };
 
-// How often `act`, which must not block, yields on this thread.
+// How often `act` gives up the baton on this thread, by yielding or in a call that blocks.
 template <class Act>
 int yieldsOf(const Act& act) {
     auto turns = std::make_shared<Turns>();
