@@ -7,6 +7,7 @@
 #include "program/results/win_results.h"
 #include "tests/support/fake_database.h"
 #include "tests/support/fake_platform.h"
+#include "tests/support/outcome.h"
 #include "tests/support/temp_folder.h"
 
 namespace bracken::test {
@@ -77,7 +78,8 @@ TEST_F(ViewScript, ListsTheFilesOfTheRow) {
         {"/w/a.php,/w:x/b.php,", {{"a.php", "/w/a.php"}, {"b.php", "/w:x/b.php"}, {"", ""}}},
     };
     for (const Case& c : cases) {
-        class winViewScript& window = open("user", c.paths);
+        EXPECT_EQ(yieldsOf([&] { open("user", c.paths); }), static_cast<int>(c.rows.size()));
+        class winViewScript& window = winViewScript();
         EXPECT_EQ(rows(window.lstScipts), c.rows) << c.paths;
         EXPECT_EQ(window.Title.get(), "View Scripts for user");
         window.Close();
@@ -101,24 +103,25 @@ TEST_F(ViewScript, AnOpenWindowGetsTheNextTablesFilesBelow) {
 TEST_F(ViewScript, MarksEachOccurrence) {
     struct Case {
         std::string table, text, marked;
-        int selStart, selLength;
+        int marks, selStart, selLength;
     };
     const std::string nul("a\0user\0", 7);
     const Case cases[] = {
-        {"user", "the user, USERS, superuSer", "the [user], [USER]S, super[uSer]", 22, 4},
-        {"aa", "aaaa b aa", "[aaaa] b [aa]", 7, 2},
-        {"user", "useruser", "[useruser]", 4, 4},
-        {"user", "", "", 0, 0},
-        {"user", "nobody", "nobody", 0, 0},
-        {"user", "no line end: user", "no line end: [user]", 13, 4},
-        {"user", nul, std::string("a\0[user]\0", 9), 2, 4},
-        {"caf\xe9", "le caf\xe9 noir", "le [caf\xe9] noir", 3, 4},
+        {"user", "the user, USERS, superuSer", "the [user], [USER]S, super[uSer]", 3, 22, 4},
+        {"aa", "aaaa b aa", "[aaaa] b [aa]", 4, 7, 2},
+        {"user", "useruser", "[useruser]", 2, 4, 4},
+        {"user", "", "", 0, 0, 0},
+        {"user", "nobody", "nobody", 0, 0, 0},
+        {"user", "no line end: user", "no line end: [user]", 1, 13, 4},
+        {"user", nul, std::string("a\0[user]\0", 9), 1, 2, 4},
+        {"caf\xe9", "le caf\xe9 noir", "le [caf\xe9] noir", 1, 3, 4},
         {"\xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80", "\xd1\x8f \xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80!",
-         "\xd1\x8f [\xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80]!", 3, 8},
+         "\xd1\x8f [\xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80]!", 1, 3, 8},
     };
     for (const Case& c : cases) {
         class winViewScript& window = open(c.table, folder.write("f.php", c.text) + ",");
-        window.lstScipts.userSelected(0);
+        const int reads = c.text.empty() ? 0 : 1;
+        EXPECT_EQ(yieldsOf([&] { window.lstScipts.userSelected(0); }), c.marks + reads) << c.text;
         EXPECT_EQ(marked(window.EditField1), c.marked);
         EXPECT_EQ(window.EditField1.SelStart, c.selStart) << c.text;
         EXPECT_EQ(window.EditField1.SelLength, c.selLength) << c.text;

@@ -67,15 +67,16 @@ class Home:
 class Program:
     """Runs within a `with` block; ended with it."""
 
-    def __init__(self, binary, desktop, home, socket):
+    def __init__(self, binary, desktop, home, socket, errors=None):
         self.binary = binary
+        self.errors = errors  # the file that its standard error goes to
         self.desktop = desktop
         self.environment = home.environment(desktop.environment, socket)
         self.process = None
 
     def __enter__(self):
         self.process = subprocess.Popen([str(self.binary)], env=self.environment,
-                                        start_new_session=True)
+                                        stderr=self.errors, start_new_session=True)
         return self
 
     def __exit__(self, *_):

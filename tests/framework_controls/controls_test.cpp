@@ -146,10 +146,14 @@ TEST_F(Controls, ColumnWidthsByPixelsAndShares) {
         const char* widths;
         std::vector<int> pixels;
     };
-    const Case cases[] = {
-        {3, "20%,80%,0", {136, 544, 0}}, {2, "20%", {136, 544}}, {3, "", {226, 226, 226}},
-        {3, "600,,", {600, 40, 40}},     {2, "900", {900, 0}},   {1, "10,20", {10}},
-        {2, "-5,10", {0, 10}},           {0, "10", {}}};
+    const Case cases[] = {{3, "20%,80%,0", {136, 544, 0}},
+                          {2, "20%", {136, 544}},
+                          {8, "", {85, 85, 85, 85, 85, 85, 85, 85}},
+                          {3, "600,,", {600, 75, 75}},
+                          {2, "900", {900, 75}},
+                          {1, "10,20", {10}},
+                          {2, "-5,10", {0, 10}},
+                          {0, "10", {}}};
     for (const Case& one : cases) {
         list.ColumnCount = one.columns;
         list.ColumnWidths = one.widths;

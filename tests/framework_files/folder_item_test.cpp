@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <set>
 
+#include "tests/support/outcome.h"
 #include "tests/support/temp_folder.h"
 
 namespace bracken {
@@ -47,7 +48,8 @@ TEST(FolderItem, PathsAndTheirParts) {
         EXPECT_EQ(item->ShellPath(), c.shell);
     }
     EXPECT_EQ(GetFolderItem("", 0), nullptr);
-    EXPECT_EQ(GetFolderItem("a/b", 0), nullptr);
+    EXPECT_EQ(test::endOf([] { *GetFolderItem("a/b", 0); }),
+              "NilObjectException: Not an absolute path: \"a/b\"");
     EXPECT_EQ(GetFolderItem(std::string("/tmp\0x", 6), 0), nullptr);
     EXPECT_EQ(GetFolderItem("/", 0)->Parent(), nullptr);
     EXPECT_EQ(GetFolderItem("/a", 0)->Parent()->AbsolutePath(), "/");

@@ -4,6 +4,7 @@
 
 #include "program/login/win_login.h"
 #include "program/results/win_results.h"
+#include "tests/support/outcome.h"
 #include "tests/support/program.h"
 #include "tests/support/temp_folder.h"
 
@@ -139,7 +140,7 @@ TEST_F(Login, ConnectListsTheDatabasesAndPreselectsTheLast) {
         {text("database", "x") + text("current folder", "/src"), 4, "400 go default"}};
     for (const Case& one : cases) {
         auto& window = start(one.settings + storedLogin);
-        window.butConnect.userPressed();
+        EXPECT_EQ(test::yieldsOf([&] { window.butConnect.userPressed(); }), 4);
         EXPECT_EQ(window.popChooseDatabase.ListIndex, one.row) << one.settings;
         EXPECT_EQ(state(window), one.state) << one.settings;
         EXPECT_EQ(window.popChooseDatabase.List(0), "Choose a Database...");
@@ -172,7 +173,8 @@ TEST_F(Login, AFailureAfterConnectingLeavesTheListAlone) {
     EXPECT_FALSE(window.ProgressWheel1.Visible);
 
     program->db->succeeds("show databases");
-    EXPECT_THROW(window.butConnect.userPressed(), NilObjectException);
+    EXPECT_EQ(test::endOf([&] { window.butConnect.userPressed(); }),
+              "NilObjectException: The server sent no result for: show databases");
     EXPECT_EQ(window.popChooseDatabase.ListCount(), 1);
 }
 
@@ -223,7 +225,7 @@ TEST_F(Launch, AFolderThatIsGoneIsOnlyWarnedOf) {
 TEST_F(Launch, APathThatIsNoneEndsTheProgram) {
     go("relative", {"Your chosen folder can't be found.",
                     "The application has to end: an error occurred that nothing handles.\n\n"
-                    "NilObjectException"});
+                    "NilObjectException: Not an absolute path: \"relative\""});
     EXPECT_EQ(program->platform.abortStatus, 1);
     EXPECT_EQ(Program::saved("database"), "shop");
 }

@@ -1,4 +1,5 @@
 #include "tests/platform_mysql/mysql_test.h"
+#include "tests/support/outcome.h"
 
 namespace bracken::test {
 
@@ -88,7 +89,7 @@ TEST_F(RowsTest, FieldsByNumberAndByName) {
     EXPECT_EQ(cursor->Field("a name")->StringValue, "x");
     EXPECT_EQ(cursor->IdxField(1)->Name, "A Name");
     EXPECT_EQ(cursor->IdxField(2)->Value(), "");
-    EXPECT_EQ(cursor->Field("c"), nullptr);
+    EXPECT_EQ(endOf([&] { *cursor->Field("c"); }), "NilObjectException: There is no field c.");
     for (int outside : {-1, 0, 3}) {
         EXPECT_EQ(cursor->IdxField(outside), nullptr);
         EXPECT_THROW(cursor->fieldText(outside), IndexOutOfRangeException);
@@ -107,7 +108,8 @@ TEST_F(RowsTest, EmptyResultAndStatementWithoutRows) {
     EXPECT_TRUE(cursor->EOF_());
     EXPECT_EQ(cursor->fieldName(1), "a");
 
-    EXPECT_EQ(database.SQLSelect("drop table empty_one"), nullptr);
+    EXPECT_EQ(endOf([&] { *database.SQLSelect("drop table empty_one"); }),
+              "NilObjectException: The server sent no result for: drop table empty_one");
     EXPECT_FALSE(database.Error);
     database.SQLExecute("select * from seq_1_to_100000");
     EXPECT_FALSE(database.Error) << "rows nobody wants are dropped";
@@ -115,7 +117,8 @@ TEST_F(RowsTest, EmptyResultAndStatementWithoutRows) {
 }
 
 TEST_F(RowsTest, FailedStatementGivesTheServersWordsUntilTheNext) {
-    EXPECT_EQ(database.SQLSelect("select * from `miss``ing`"), nullptr);
+    EXPECT_EQ(endOf([&] { *database.SQLSelect("select * from `miss``ing`"); }),
+              "NilObjectException: Table 'data.miss`ing' doesn't exist");
     EXPECT_TRUE(database.Error);
     EXPECT_EQ(database.ErrorMessage, "Table 'data.miss`ing' doesn't exist");
     database.SQLExecute("drop table data.`<b>\u00e4`");

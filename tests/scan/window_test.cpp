@@ -208,7 +208,7 @@ TEST_F(ResultsWindow, ClosedWhileCountingTheRunEndsTheProgram) {
     writeTree();
     program.platform.expectBox(
         "The application has to end: an error occurred that nothing handles.\n\n"
-        "NilObjectException");
+        "NilObjectException: The results window was closed before the search began.");
     go({"users"});
     stepUntil([] { return winResults().lblProgress.Caption.get().ends_with("#1"); });
     winResults().userClosed();

@@ -69,7 +69,8 @@ bool FakeDatabase::Connect() {
 
 Ref<DatabaseCursor> FakeDatabase::SQLSelect(const std::string& statement) {
     const Answer* answer = run(statement);
-    if (answer == nullptr || !answer->hasRows) return nullptr;
+    if (answer == nullptr || !answer->hasRows)
+        return nilCursor(Error ? std::optional(ErrorMessage) : std::nullopt, statement);
     return Ref<DatabaseCursor>(std::make_shared<Cursor>(*this, *answer));
 }
 

@@ -11,6 +11,9 @@ namespace bracken {
 
 namespace {
 
+// Pixels of a column without a width of its own, at least.
+constexpr int64_t leastShare = 75;
+
 uint64_t nextVersion() {
     static uint64_t last = 0;
     return ++last;
@@ -170,7 +173,7 @@ std::vector<int> Listbox::columnPixels(int listWidth) const {
         left -= pixels[column];
     }
     for (int& width : pixels)
-        if (width < 0) width = left > 0 ? static_cast<int>(left / unsized) : 0;
+        if (width < 0) width = static_cast<int>(std::max(leastShare, left / unsized));
     return pixels;
 }
 

@@ -33,7 +33,7 @@ class Listbox : public RectControl {
 
     Property<int> ColumnCount;
     // Widths by column, separated by commas: "75" pixels, "20%" of the list's width, "0" hides the
-    // column. Columns without an entry share what is left.
+    // column. Columns without an entry share what is left, at least 75 pixels each.
     Property<std::string> ColumnWidths;
     Property<bool> HasHeading;
     // The column that is marked as the sorting one; rows stand as added until the user sorts.

@@ -4,8 +4,23 @@
 
 namespace bracken {
 
+namespace {
+
+Ref<DatabaseCursorField> nilField(const std::string& which) {
+    return Ref<DatabaseCursorField>::nilBecause("There is no field " + which + ".");
+}
+
+}  // namespace
+
+Ref<DatabaseCursor> Database::nilCursor(const std::optional<std::string>& error,
+                                        const std::string& statement) {
+    return Ref<DatabaseCursor>::nilBecause(
+        error.value_or("The server sent no result for: " + statement));
+}
+
 Ref<DatabaseCursorField> DatabaseCursor::IdxField(int n) {
-    if (EOF_() || n < 1 || n > FieldCount()) return nullptr;
+    if (EOF_()) return Ref<DatabaseCursorField>::nilBecause("There is no row.");
+    if (n < 1 || n > FieldCount()) return nilField(Str(n));
     return make<DatabaseCursorField>(fieldName(n), fieldText(n));
 }
 
@@ -13,7 +28,7 @@ Ref<DatabaseCursorField> DatabaseCursor::Field(std::string_view name) {
     for (int n = 1; n <= FieldCount(); n++) {
         if (equal(fieldName(n), name)) return IdxField(n);
     }
-    return nullptr;
+    return nilField(std::string(name));
 }
 
 }  // namespace bracken

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,8 +30,9 @@ class Database {
     // of the old one stay usable. False on failure, with Error and ErrorMessage set; the old one
     // then stays.
     virtual bool Connect() = 0;
-    // Runs a query. On failure sets Error and ErrorMessage and gives nil. Older cursors stay
-    // usable. A statement that succeeds but has no rows to give, gives nil too.
+    // Runs a query. On failure sets Error and ErrorMessage and gives nil, whose exception reads
+    // the same text. Older cursors stay usable. A statement that succeeds but has no rows to give,
+    // gives nil too.
     virtual Ref<DatabaseCursor> SQLSelect(const std::string& statement) = 0;
     // Runs a statement with no result rows; sets Error and ErrorMessage.
     virtual void SQLExecute(const std::string& statement) = 0;
@@ -38,6 +40,11 @@ class Database {
     // Whether the last operation failed, and the server's or client library's text for it.
     bool Error = false;
     std::string ErrorMessage;
+
+  protected:
+    // What SQLSelect returns for a statement that failed with `error`, or succeeded with no rows.
+    static Ref<DatabaseCursor> nilCursor(const std::optional<std::string>& error,
+                                         const std::string& statement);
 };
 
 // One field of a cursor's row, copied from it.
@@ -71,8 +78,8 @@ class DatabaseCursor {
     // Gives back what the result holds; the rest of the rows is dropped. Closing twice is harmless.
     virtual void Close() = 0;
 
-    // A field of the current row, by number or by name without regard to case; nil if there is
-    // none.
+    // A field of the current row, by number or by name without regard to case; nil, which says
+    // what is missing, if there is none.
     Ref<DatabaseCursorField> IdxField(int n);
     Ref<DatabaseCursorField> Field(std::string_view name);
 };

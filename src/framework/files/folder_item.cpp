@@ -202,8 +202,10 @@ void FolderItem::CreateAsFolder() const {
 
 Ref<FolderItem> GetFolderItem(const std::string& path, int /*pathForm*/) {
     // The system would take it as ending at the NUL.
-    if (path.find('\0') != path.npos) return nullptr;
-    if (path.empty() || path.front() != '/') return nullptr;
+    if (path.find('\0') != path.npos)
+        return Ref<FolderItem>::nilBecause("A path can't hold a NUL byte.");
+    if (path.empty() || path.front() != '/')
+        return Ref<FolderItem>::nilBecause("Not an absolute path: \"" + path + "\"");
     return make<FolderItem>(path);
 }
 

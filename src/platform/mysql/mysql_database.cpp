@@ -57,7 +57,7 @@ Ref<DatabaseCursor> MySQLDatabase::SQLSelect(const std::string& statement) {
                  [&] { connection_->interrupt(); });
     }
     setOutcome(answer.error);
-    if (answer.rows == nullptr) return nullptr;
+    if (answer.rows == nullptr) return nilCursor(answer.error, statement);
     return make<MySQLCursor>(*this, connection_, answer.rows);
 }
 

@@ -19,7 +19,7 @@ SaveDialog::SaveDialog(const SaveQuestion& question)
     : QFileDialog(QApplication::activeWindow(), shown(question.title)) {
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
-    setLabelText(FileName, shown(question.prompt) + u':');
+    setLabelText(FileName, shown(question.prompt));
     if (!question.filter.empty())
         setNameFilters({QStringLiteral("*.") + shown(question.filter), QStringLiteral("*")});
     if (!question.folder.empty()) setDirectory(pathOf(question.folder));

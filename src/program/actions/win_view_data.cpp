@@ -5,6 +5,7 @@
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/text/text.h"
+#include "framework/threads/thread.h"
 #include "framework/windows/windows.h"
 #include "program/app.h"
 #include "program/menu_bar1.h"
@@ -34,7 +35,10 @@ std::string_view fieldText(DatabaseCursor& rows, int n) {
 // taken from element 0 on.
 std::string widthText(const std::vector<int>& widths, int columns) {
     std::string text;
-    for (int i = 0; i < columns; i++) text += Str(widths[static_cast<size_t>(i)]) + ",";
+    for (int i = 0; i < columns; i++) {
+        text += Str(widths[static_cast<size_t>(i)]) + ",";
+        Thread::Yield();
+    }
     return Left(text, Len(text) - 1);
 }
 
@@ -53,8 +57,10 @@ void winViewData::init(const std::string& table) {
     Columns columns;
     readColumns(*cursor, columns);
     int filled = limitColumns(columns);
-    for (int i = 1; i <= filled; i++)
+    for (int i = 1; i <= filled; i++) {
         Listbox1.setHeading(i - 1, columns.names[static_cast<size_t>(i)]);
+        Thread::Yield();
+    }
     cursor->Close();
     cursor = db.SQLSelect("select * from " + name);
     readRows(*cursor, columns, filled);
@@ -89,6 +95,7 @@ void winViewData::readRows(DatabaseCursor& rows, Columns& columns, int filled) {
             auto at = static_cast<size_t>(i);
             cells[at - 1] = fieldText(rows, i);
             columns.widths[at] = std::max(columns.widths[at], widthOf(cells[at - 1]));
+            Thread::Yield();
         }
         Listbox1.addCells(cells);
         rows.MoveNext();

@@ -6,6 +6,7 @@
 #include "framework/exception.h"
 #include "framework/files/folder_item.h"
 #include "framework/text/text.h"
+#include "framework/threads/thread.h"
 #include "framework/windows/windows.h"
 #include "program/app.h"
 #include "program/results/win_results.h"
@@ -20,9 +21,8 @@ constexpr const char* frameKey = "winViewScripts";
 // The one that all paths are cut at, told by the first of them.
 std::string separatorOf(const std::vector<std::string>& paths) {
     if (paths.empty()) throw IndexOutOfRangeException("the row names no file");
-    for (const char* separator : {":", "\\"})
-        if (InStr(paths.front(), separator) > 0) return separator;
-    return "/";
+    if (InStr(paths.front(), ":") > 0) return ":";
+    return InStr(paths.front(), "\\") > 0 ? "\\" : "/";
 }
 
 }  // namespace
@@ -39,6 +39,7 @@ void winViewScript::init(int row) {
     for (const std::string& path : paths) {
         lstScipts.AddRow(NthField(path, separator, CountFields(path, separator)));
         lstScipts.Cell(lstScipts.LastIndex(), 1) = path;
+        Thread::Yield();
     }
     App().prefs->root->GetWindow(frameKey, this);
     // Behind GetWindow, which brings back the title of the table before.
@@ -65,6 +66,7 @@ void winViewScript::markOccurrences() {
         EditField1.SelOutline = true;
         EditField1.SelTextColor = RGB(0xff, 0, 0);
         found = InStr(found + 1, EditField1.Text.get(), table);
+        Thread::Yield();
     }
 }
 

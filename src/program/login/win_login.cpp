@@ -2,6 +2,7 @@
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/text/text.h"
+#include "framework/threads/thread.h"
 #include "framework/windows/windows.h"
 #include "program/app.h"
 #include "program/results/win_results.h"
@@ -89,6 +90,7 @@ int winLogin::listDatabases(const Ref<DatabaseCursor>& cursor, const std::string
         popChooseDatabase.AddRow(name);
         if (equal(name, saved)) index = popChooseDatabase.ListCount() - 1;
         cursor->MoveNext();
+        Thread::Yield();
     }
     return index;
 }

@@ -21,8 +21,10 @@ class winResults : public Window {
   public:
     winResults();
 
-    // The folder to search; may be nil or not exist.
-    Ref<FolderItem> folder;
+    // The folder to search; may be nil or not exist. Stays nil in a window that a run has made
+    // because its own was closed.
+    Ref<FolderItem> folder =
+        Ref<FolderItem>::nilBecause("The results window was closed before the search began.");
     // Whether a run counts as active.
     bool searching = false;
     std::string databaseName;
