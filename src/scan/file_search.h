@@ -19,17 +19,17 @@ int64_t searchedLength(uint64_t fileLength);
 class FileSearch {
   public:
     // Adds the names of `matcher` that the file holds to `hits`; `path` is that of a file directly
-    // in `folder`. False if it can't be opened, or if `cancelled`, asked between pieces, says so.
+    // in `folder`. Returns 0, or why the file was not searched to its end: the error number of the
+    // system call that failed, ECANCELED if `cancelled`, asked between pieces, says so.
     // `listedAsFile`: the file is known to be a regular one; other things are looked at first, and
     // read as empty.
-    bool search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
-                const Matcher& matcher, const std::function<bool()>& cancelled,
-                Matcher::Hits& hits);
+    int search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
+               const Matcher& matcher, const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
     // The same of an open file, which stays open. `length` is what there is to search, or -1 if
     // that is to be asked when it matters.
-    bool searchOpened(int descriptor, int64_t length, const Matcher& matcher,
-                      const std::function<bool()>& cancelled, Matcher::Hits& hits);
+    int searchOpened(int descriptor, int64_t length, const Matcher& matcher,
+                     const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
   private:
     std::vector<char> buffer_;

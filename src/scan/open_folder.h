@@ -12,7 +12,9 @@ namespace bracken {
 // A folder by a descriptor, so that the way to it is looked up once for all of its files.
 class OpenFolder {
   public:
-    // Where the system won't open it, its files are reached by their whole paths.
+    // No folder: files are reached by their whole paths.
+    OpenFolder() : descriptor_(-1), askLengths_(true) {}
+    // So they are where the system won't open it.
     explicit OpenFolder(std::string path)
         : path_(std::move(path)),
           descriptor_(open(path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "framework/files/paths.h"
+#include "framework/files/unreadable.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "scan/extension_filter.h"
@@ -90,7 +91,7 @@ void ReadAhead::work() {
 void ReadAhead::perform(Task& task, FileSearch& search, Matcher::Hits& hits) {
     const Matcher& matcher = table_->matcher();
     hits.clear(matcher.nameCount());
-    task.readable = search.search(
+    task.error = search.search(
         *task.folder, task.path, task.listedAsFile, matcher, [this] { return cancelled(); }, hits);
     task.names = hits.names();
     task.folder.reset();
@@ -114,7 +115,7 @@ std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
     std::lock_guard walking(walkMutex_);
     std::vector<TaskRef> tasks;
     while (tasks.size() < batch) {
-        Ref<FolderItem> file = cancelled() ? nullptr : walk_.next();
+        Ref<FolderItem> file = nextFile();
         if (file == nullptr) break;
         if (!passesExtensions(file->Name(), extensions_)) continue;
         tasks.push_back(taskOf(*file));
@@ -126,6 +127,17 @@ std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
     order_.insert(order_.end(), tasks.begin(), tasks.end());
     changed_.notify_all();
     return tasks;
+}
+
+Ref<FolderItem> ReadAhead::nextFile() {
+    while (!cancelled()) {
+        try {
+            return walk_.next();
+        } catch (const UnreadableException&) {
+            continue;
+        }
+    }
+    return nullptr;
 }
 
 ReadAhead::TaskRef ReadAhead::taskOf(const FolderItem& file) {
@@ -166,7 +178,7 @@ std::optional<FoundNames> ReadAhead::take(const std::string& path) {
     }
     if (task == nullptr) return std::nullopt;
     if (!task->done.load(std::memory_order_acquire)) withoutBaton([&] { waitFor(*task); });
-    if (!task->readable) return std::nullopt;
+    if (task->error != 0) return std::nullopt;
     return FoundNames{table_, std::move(task->names)};
 }
 

@@ -55,7 +55,8 @@ class ReadAhead {
         bool listedAsFile;
         // Until the file has been searched.
         std::shared_ptr<const OpenFolder> folder;
-        bool readable = false;
+        // Why it could not be read, 0 if it was.
+        int error = 0;
         std::vector<uint32_t> names;
         std::atomic<bool> done{false};
     };
@@ -64,6 +65,8 @@ class ReadAhead {
     void work();
     // Walks on, and enters the next files into the order; empty at the end of the walk.
     std::vector<TaskRef> nextTasks();
+    // Nil at the end. What can't be seen is left to the scan, which meets it by itself.
+    Ref<FolderItem> nextFile();
     TaskRef taskOf(const FolderItem& file);
     void perform(Task& task, FileSearch& search, Matcher::Hits& hits);
     bool cancelled() const;

@@ -1,16 +1,17 @@
 #include "scan/tree_walk.h"
 
+#include <utility>
+
 namespace bracken {
 
-TreeWalk::TreeWalk(const Ref<FolderItem>& folder) {
-    enter(folder->another());
-}
+TreeWalk::TreeWalk(const Ref<FolderItem>& folder) : start_(folder->another()) {}
 
 void TreeWalk::enter(const Ref<FolderItem>& folder) {
     levels_.push_back({folder, folder->Count(), 1});
 }
 
 Ref<FolderItem> TreeWalk::next() {
+    if (start_ != nullptr) enter(std::exchange(start_, nullptr));
     while (!levels_.empty()) {
         Level& level = levels_.back();
         if (level.next > level.count) {

@@ -13,7 +13,8 @@ class TreeWalk {
   public:
     explicit TreeWalk(const Ref<FolderItem>& folder);
 
-    // The next file; nil at the end. Entries that have vanished are passed over.
+    // The next file; nil at the end. Entries that have vanished are passed over. Raises
+    // UnreadableException at what can't be seen whole, and goes on after it at the next call.
     Ref<FolderItem> next();
 
   private:
@@ -25,6 +26,8 @@ class TreeWalk {
 
     void enter(const Ref<FolderItem>& folder);
 
+    // Until the first call.
+    Ref<FolderItem> start_;
     std::vector<Level> levels_;
 };
 

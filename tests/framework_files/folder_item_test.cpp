@@ -156,7 +156,7 @@ void walk(const Ref<FolderItem>& folder, size_t rootLength, std::multiset<std::s
     }
 }
 
-TEST(Listing, EndsCyclesOfLinks) {
+TEST(Listing, EntersAFolderByLinksOnce) {
     const TempFolder folder;
     folder.write("a/b/file", "");
     fs::create_symlink("../..", folder.path("a/b/up"));
@@ -165,7 +165,25 @@ TEST(Listing, EndsCyclesOfLinks) {
     std::multiset<std::string> paths;
     walk(itemOf(folder), folder.path().size(), paths);
     EXPECT_EQ(paths, (std::multiset<std::string>{"/a", "/a/b", "/a/b/file", "/a/b/up", "/a/beside",
-                                                 "/a/beside/file", "/a/beside/up", "/self"}));
+                                                 "/self"}));
+}
+
+TEST(Listing, AWalkThatGoesOnByItselfKnowsWhatWasEntered) {
+    const TempFolder folder;
+    for (const char* name : {"1", "2"}) {
+        folder.makeFolder(std::string(name) + "/in");
+        fs::create_symlink(name, folder.path(std::string("link") + name));
+    }
+    const Ref<FolderItem> top = itemOf(folder);
+    EXPECT_EQ(top->Item(1)->Count(), 1);
+    const Ref<FolderItem> link = top->Item(4);
+    const Ref<FolderItem> other = top->Item(3)->another();
+    const Ref<FolderItem> another = link->another();
+    EXPECT_EQ(top->Item(2)->Count(), 1);
+    EXPECT_EQ(link->Count(), 0) << "entered as a real folder";
+    EXPECT_EQ(another->Count(), 1) << "not by that walk";
+    EXPECT_EQ(other->Count(), 0) << "entered before they parted";
+    EXPECT_EQ(top->another()->Item(4)->Count(), 1) << "from the start";
 }
 
 }  // namespace

@@ -60,28 +60,6 @@ TEST_F(Permission, IsNeededToReadAndWrite) {
     EXPECT_EQ(folder_.read("f"), "secret");
 }
 
-TEST_F(Permission, AFolderThatCannotBeListedHasNoEntries) {
-    folder_.write("in/file", "");
-    const Ref<FolderItem> item = make<FolderItem>(folder_.path("in"));
-    setMode(item->AbsolutePath(), 0);
-    EXPECT_EQ(item->Count(), 0);
-    EXPECT_EQ(item->Item(1), nullptr);
-    setMode(item->AbsolutePath(), 0700);
-    EXPECT_EQ(item->Count(), 1);
-}
-
-TEST_F(Permission, ALinkToWhatCannotBeReachedIsNotPassedOver) {
-    folder_.write("in/file", "");
-    symlink("in/file", folder_.path("link").c_str());
-    setMode(folder_.path("in"), 0);
-    FolderItem item(folder_.path());
-    EXPECT_EQ(item.Count(), 2);
-    EXPECT_EQ(item.Item(2)->Name(), "link");
-    EXPECT_FALSE(item.Item(2)->Directory());
-    EXPECT_EQ(item.Item(2)->OpenAsBinaryFile(false), nullptr);
-    setMode(folder_.path("in"), 0700);
-}
-
 TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {
     const std::string path = folder_.write("f", "old and long");
     setMode(folder_.path(), 0500);

@@ -118,8 +118,8 @@ class Nasty : public testing::Test, protected test::Results {
         Matcher::Hits hits;
         hits.clear(names.size());
         OpenFolder inside(path.substr(0, path.rfind('/')));
-        EXPECT_TRUE(search_.search(
-            inside, path, true, matcher, [] { return false; }, hits));
+        const auto cancelled = [] { return false; };
+        EXPECT_EQ(search_.search(inside, path, true, matcher, cancelled, hits), 0);
         return found(names, hits.names());
     }
 
@@ -195,6 +195,9 @@ TEST_F(Nasty, TreesGiveWhatThePlainLoopGives) {
                              make_.text(make_.below(300), names));
         fs::create_directory_symlink(top, top + "/a/b/top");
         fs::create_directory_symlink(top + "/z", top + "/0");
+        for (const std::string& in : folders)
+            fs::create_directory_symlink(top + '/' + folders[make_.below(folders.size())],
+                                         top + '/' + in + 'y');
         fs::create_symlink(top + "/a.php", top + "/z/link.php");
         ASSERT_EQ(mkfifo((top + "/a/pipe.php").c_str(), 0600), 0);
         for (const char* extensions : {"", "php,"}) {

@@ -18,6 +18,8 @@ class FakePlatform : public Platform {
 
     // The next box must show this text; it is answered with `answer`.
     void expectBox(const std::string& text, int answer = BoxCode::okPressed);
+    // The next box may show anything, which goes into `text`.
+    void expectAnyBox(std::string& text);
     // The next box stays open until it is closed by the program.
     void expectBoxLeftOpen(const std::string& text);
     // The next folder dialog gives this path, "" for cancelled.
@@ -71,6 +73,7 @@ class FakePlatform : public Platform {
         std::string text;
         int answer;
         bool leftOpen;
+        std::string* shown = nullptr;
     };
     std::deque<Box> boxes_;
     std::deque<std::string> folders_;

@@ -15,12 +15,10 @@ class BinaryStream {
     BinaryStream(const BinaryStream&) = delete;
     BinaryStream& operator=(const BinaryStream&) = delete;
 
-    // The next `count` bytes, fewer at the end of the file; none for a negative count. The second
-    // argument stands for the text encoding, of which there is none.
+    // The next `count` bytes, fewer at the end of the file and where reading breaks off; none for a
+    // negative count. The second argument stands for the text encoding, of which there is none.
     std::string Read(int32_t count, std::nullptr_t encoding);
     void Close();
-    // Stays the stream's; -1 for something that reads as empty, and after closing.
-    int descriptor() const { return descriptor_; }
 
   private:
     int descriptor_;

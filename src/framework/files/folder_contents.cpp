@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -9,6 +10,8 @@
 #include <ctime>
 #include <string_view>
 #include <utility>
+
+#include "framework/files/unreadable.h"
 
 namespace bracken {
 
@@ -32,32 +35,36 @@ bool isSettled(const struct timespec& changed, const struct timespec& listed) {
     return age > step || age < -step;
 }
 
-// False for a dangling link.
-bool followType(int folder, FolderContents::Entry& entry) {
-    struct stat facts;
-    if (fstatat(folder, entry.name.c_str(), &facts, 0) != 0)
-        return !entry.link || !isAbsence(errno);
-    entry.directory = S_ISDIR(facts.st_mode);
-    return true;
+// Asks what the listing didn't say; `flags` are those of fstatat.
+void askType(int folder, FolderContents::Entry& entry, int flags) {
+    struct stat status = {};
+    entry.error = fstatat(folder, entry.name.c_str(), &status, flags) == 0 ? 0 : errno;
+    entry.directory = S_ISDIR(status.st_mode);
+    if (flags == 0) return;
+    entry.file = S_ISREG(status.st_mode);
+    entry.link = S_ISLNK(status.st_mode);
 }
 
-bool isLink(int folder, const char* name) {
-    struct stat facts;
-    return fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(facts.st_mode);
+FolderContents::Entry entryOf(int folder, const dirent& found) {
+    FolderContents::Entry entry{found.d_name, found.d_type == DT_DIR, found.d_type == DT_REG,
+                                found.d_type == DT_LNK, 0};
+    if (found.d_type == DT_UNKNOWN) askType(folder, entry, AT_SYMLINK_NOFOLLOW);
+    if (entry.link) askType(folder, entry, 0);
+    return entry;
 }
 
-std::vector<FolderContents::Entry> readEntries(DIR* folder) {
+std::vector<FolderContents::Entry> readEntries(DIR* folder, const std::string& path) {
     std::vector<FolderContents::Entry> entries;
-    while (const dirent* next = readdir(folder)) {
+    while (true) {
+        errno = 0;
+        const dirent* next = readdir(folder);
+        if (next == nullptr) break;
         const std::string_view name = next->d_name;
         if (name == "." || name == "..") continue;
-        const bool unknown = next->d_type == DT_UNKNOWN;
-        const bool link = unknown ? isLink(dirfd(folder), next->d_name) : next->d_type == DT_LNK;
-        FolderContents::Entry entry{std::string(name), next->d_type == DT_DIR,
-                                    next->d_type == DT_REG, link};
-        if ((unknown || link) && !followType(dirfd(folder), entry)) continue;
-        entries.push_back(std::move(entry));
+        FolderContents::Entry entry = entryOf(dirfd(folder), *next);
+        if (!isAbsence(entry.error)) entries.push_back(std::move(entry));
     }
+    if (errno != 0) throw UnreadableException(path, errno);
     std::sort(entries.begin(), entries.end(),
               [](const auto& a, const auto& b) { return a.name < b.name; });
     return entries;
@@ -65,29 +72,22 @@ std::vector<FolderContents::Entry> readEntries(DIR* folder) {
 
 }  // namespace
 
-bool isAbsence(int error) {
-    return error == ENOENT || error == ENOTDIR || error == ELOOP;
-}
-
 std::shared_ptr<const FolderContents> FolderContents::read(const std::string& path) {
     struct timespec now;
-    struct stat facts;
+    struct stat status;
     clock_gettime(CLOCK_REALTIME, &now);
     const OpenFolder folder(opendir(path.c_str()));
-    if (!folder || fstat(dirfd(folder.get()), &facts) != 0) return nullptr;
-    auto contents = std::make_shared<FolderContents>();
-    contents->device = facts.st_dev;
-    contents->inode = facts.st_ino;
-    contents->changed = facts.st_ctim;
-    contents->settled = isSettled(facts.st_ctim, now);
-    contents->entries = readEntries(folder.get());
-    return contents;
+    if (!folder && isAbsence(errno)) return nullptr;
+    if (!folder || fstat(dirfd(folder.get()), &status) != 0) throw UnreadableException(path, errno);
+    return std::make_shared<FolderContents>(FolderContents{FolderIdentity(status), status.st_ctim,
+                                                           isSettled(status.st_ctim, now),
+                                                           readEntries(folder.get(), path)});
 }
 
 bool FolderContents::holdFor(const std::string& path) const {
-    struct stat facts;
-    return settled && stat(path.c_str(), &facts) == 0 && inode == facts.st_ino &&
-           device == facts.st_dev && nanoseconds(changed) == nanoseconds(facts.st_ctim);
+    struct stat status;
+    return settled && stat(path.c_str(), &status) == 0 && identity == FolderIdentity(status) &&
+           nanoseconds(changed) == nanoseconds(status.st_ctim);
 }
 
 }  // namespace bracken

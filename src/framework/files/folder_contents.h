@@ -1,16 +1,13 @@
 #pragma once
 
-#include <sys/stat.h>
-
+#include <ctime>
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace bracken {
+#include "framework/files/entered_folders.h"
 
-// Whether the error of a system call says that there is nothing at a path, rather than that it
-// can't be reached.
-bool isAbsence(int error);
+namespace bracken {
 
 // What stood in a folder when it was read.
 struct FolderContents {
@@ -20,15 +17,16 @@ struct FolderContents {
         // A regular file, and no link to one.
         bool file;
         bool link;
+        // Error number of why its type, or that of a link's target, can't be asked; 0 otherwise.
+        int error;
     };
 
-    // Null for what can't be listed.
+    // Null where no folder is. UnreadableException for one that can't be listed to its end.
     static std::shared_ptr<const FolderContents> read(const std::string& path);
     // Whether that is still the folder at `path`, with these contents for sure.
     bool holdFor(const std::string& path) const;
 
-    dev_t device;
-    ino_t inode;
+    FolderIdentity identity;
     struct timespec changed;
     // Whether a later change is sure to show in the folder's time of change.
     bool settled;

@@ -12,6 +12,7 @@
 #include "framework/files/folder_listing.h"
 #include "framework/files/paths.h"
 #include "framework/files/special_folder.h"
+#include "framework/files/unreadable.h"
 
 namespace bracken {
 
@@ -20,10 +21,10 @@ namespace {
 constexpr mode_t kPermissions = 0777;
 constexpr mode_t kFolderMode = 0700;
 
-std::optional<struct stat> factsOf(const std::string& path) {
-    struct stat facts;
-    if (stat(path.c_str(), &facts) != 0) return std::nullopt;
-    return facts;
+std::optional<struct stat> statusOf(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) return std::nullopt;
+    return status;
 }
 
 // What the latest system call has against the path.
@@ -35,13 +36,13 @@ std::string reason(const std::string& path) {
 // be opened. Only regular files are opened at all: opening a device may do something, and opening a
 // pipe waits for the other end.
 std::optional<int> openFile(const std::string& path, int access) {
-    const auto facts = factsOf(path);
-    if (!facts) return std::nullopt;
-    if (S_ISDIR(facts->st_mode)) {
+    const auto status = statusOf(path);
+    if (!status) return std::nullopt;
+    if (S_ISDIR(status->st_mode)) {
         errno = EISDIR;
         return std::nullopt;
     }
-    if (!S_ISREG(facts->st_mode)) return -1;
+    if (!S_ISREG(status->st_mode)) return -1;
     const int descriptor = open(path.c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0) return std::nullopt;
     return descriptor;
@@ -73,14 +74,13 @@ bool readAll(int descriptor, const Take& take) {
 
 FolderItem::FolderItem(std::string path) : path_(trimmedPath(std::move(path))) {}
 
-FolderItem::FolderItem(std::string path, bool directory, bool file,
-                       std::shared_ptr<const FolderChain> chain)
-    : path_(std::move(path)), directory_(directory), file_(file), chain_(std::move(chain)) {}
-
 FolderItem::~FolderItem() = default;
 
 FolderListing& FolderItem::listing() {
-    if (!listing_) listing_ = std::make_unique<FolderListing>(path_, chain_);
+    if (!listing_) {
+        auto entered = entered_ ? entered_ : std::make_shared<EnteredFolders>(nullptr);
+        listing_ = std::make_unique<FolderListing>(path_, link_, std::move(entered));
+    }
     return *listing_;
 }
 
@@ -96,34 +96,42 @@ Ref<FolderItem> FolderItem::Item(int i) {
     if (entry == nullptr) return nullptr;
     std::string path = joinPath(path_, entry->name);
     if (listing().isGone(index)) return Ref<FolderItem>::nilBecause(path + " has vanished");
-    bool directory = entry->directory;
-    if (entry->link) {
-        // Its target may go or change with no trace in this folder. What can't be reached is taken
-        // for a file, which then can't be opened.
-        const auto facts = factsOf(path);
-        if (!facts && isAbsence(errno)) return Ref<FolderItem>::nilBecause(reason(path));
-        directory = facts && S_ISDIR(facts->st_mode);
-    }
-    return std::shared_ptr<FolderItem>(
-        new FolderItem(std::move(path), directory, entry->file, listing().chain()));
+    if (entry->error != 0) throw UnreadableException(std::move(path), entry->error);
+    auto item = std::make_shared<FolderItem>(std::move(path));
+    item->directory_ = entry->directory;
+    item->file_ = entry->file;
+    item->entered_ = listing().entered();
+    if (entry->link && !item->followLink()) return Ref<FolderItem>::nilBecause(reason(item->path_));
+    return item;
+}
+
+bool FolderItem::followLink() {
+    // Its target may go or change with no trace in its folder.
+    const auto status = statusOf(path_);
+    if (!status && !isAbsence(errno)) throw UnreadableException(path_, errno);
+    if (!status) return false;
+    directory_ = S_ISDIR(status->st_mode);
+    link_ = FolderIdentity(*status);
+    return true;
 }
 
 Ref<FolderItem> FolderItem::another() const {
     auto item = std::make_shared<FolderItem>(path_);
     item->directory_ = directory_;
     item->file_ = file_;
-    item->chain_ = chain_;
+    item->link_ = link_;
+    if (entered_) item->entered_ = std::make_shared<EnteredFolders>(entered_);
     return item;
 }
 
 bool FolderItem::Exists() const {
-    return factsOf(path_).has_value();
+    return statusOf(path_).has_value();
 }
 
 bool FolderItem::Directory() const {
     if (directory_) return *directory_;
-    const auto facts = factsOf(path_);
-    return facts && S_ISDIR(facts->st_mode);
+    const auto status = statusOf(path_);
+    return status && S_ISDIR(status->st_mode);
 }
 
 std::string FolderItem::Name() const {
@@ -135,8 +143,8 @@ const std::string& FolderItem::AbsolutePath() const {
 }
 
 uint64_t FolderItem::Length() const {
-    const auto facts = factsOf(path_);
-    return facts && S_ISREG(facts->st_mode) ? static_cast<uint64_t>(facts->st_size) : 0;
+    const auto status = statusOf(path_);
+    return status && S_ISREG(status->st_mode) ? static_cast<uint64_t>(status->st_size) : 0;
 }
 
 Ref<FolderItem> FolderItem::Parent() const {
@@ -186,11 +194,11 @@ void FolderItem::Delete() const {
 }
 
 void FolderItem::CopyFileTo(const Ref<FolderItem>& destination) const {
-    const auto facts = factsOf(path_);
-    if (!facts || !S_ISREG(facts->st_mode)) return;
+    const auto status = statusOf(path_);
+    if (!status || !S_ISREG(status->st_mode)) return;
     const Ref<FolderItem> target =
         destination->Directory() ? destination->Child(Name()) : destination;
-    const auto file = openForReplacing(target->path_, facts->st_mode & kPermissions);
+    const auto file = openForReplacing(target->path_, status->st_mode & kPermissions);
     const auto source = file ? openFile(path_, O_RDONLY) : std::nullopt;
     if (!source) return;
     if (readAll(*source, [&](std::string_view bytes) { file->write(bytes); })) file->commit();

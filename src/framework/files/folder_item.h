@@ -6,6 +6,7 @@
 #include <string>
 
 #include "framework/files/binary_stream.h"
+#include "framework/files/entered_folders.h"
 #include "framework/files/text_input_stream.h"
 #include "framework/files/text_output_stream.h"
 #include "framework/ref.h"
@@ -13,27 +14,32 @@
 namespace bracken {
 
 class FolderListing;
-struct FolderChain;
 
 // A path, existing or not. Paths are absolute POSIX paths. Links are followed; Name and
-// AbsolutePath are the entry's own, never the target's. Facts are asked of the disk at each call,
-// but for the listing, and for an entry's being a folder, which its listing said. An item is for
-// one thread at a time; different items don't touch each other.
+// AbsolutePath are the entry's own, never the target's. The disk is asked at each call, but for the
+// listing, and for an entry's being a folder, which its listing said. An item is for one thread at
+// a time; different items don't touch each other.
+//
+// Items that are reached from one item by Item, at any depth, make a walk: it enters real folders
+// always, and a folder by a link only if it has not entered that one yet. Another walk begins with
+// an item of its own.
 class FolderItem {
   public:
     // Slashes at the path's end are dropped.
     explicit FolderItem(std::string path);
     ~FolderItem();
 
-    // Number of entries of a folder; 0 for anything else, for one that can't be listed, and for a
-    // folder that lies on the chain of folders that led here (a link back up). The listing is
-    // cached and revalidated at each call by one stat: known entries keep their numbers for the
-    // life of this item and count on when they vanish, new ones go to the end. Only names are kept,
-    // for as long as this item lives, and nothing of the entries' own entries.
+    // Number of entries of a folder; 0 for anything else, and for a link to a folder that the walk
+    // had entered before its first count. UnreadableException for a folder that can't be listed to
+    // its end. The listing is cached and revalidated at each call by one stat: known entries keep
+    // their numbers for the life of this item and count on when they vanish, new ones go to the
+    // end. Only names are kept, for as long as this item lives, and nothing of the entries' own
+    // entries.
     int Count();
     // The i-th entry, counted from 1, in byte order of names, hidden ones included, dangling links
-    // left out, and links to what can't be reached taken for files. Nil outside the range and for
-    // an entry that had vanished at the latest Count. A new item at each call.
+    // left out. Nil outside the range and for an entry that had vanished at the latest Count.
+    // UnreadableException for one whose type, or that of a link's target, can't be asked. A new
+    // item at each call.
     Ref<FolderItem> Item(int i);
 
     bool Exists() const;
@@ -50,7 +56,8 @@ class FolderItem {
     Ref<FolderItem> Parent() const;
     // The item of that name in this folder, existing or not.
     Ref<FolderItem> Child(const std::string& name) const;
-    // The same entry, reached by the same folders, as an item of its own for another thread.
+    // The same entry as an item of its own, for another thread or another walk, which begins where
+    // the walk that gave this one stands now.
     Ref<FolderItem> another() const;
     // The path quoted for a POSIX shell.
     std::string ShellPath() const;
@@ -80,14 +87,17 @@ class FolderItem {
     void CreateAsFolder() const;
 
   private:
-    FolderItem(std::string path, bool directory, bool file,
-               std::shared_ptr<const FolderChain> chain);
     FolderListing& listing();
+    // Asks for the target of what was listed as a link; false if there is none any more.
+    bool followLink();
 
     std::string path_;
     std::optional<bool> directory_;
     bool file_ = false;
-    std::shared_ptr<const FolderChain> chain_;
+    // Where the path is a link's, the folder that it led to.
+    std::optional<FolderIdentity> link_;
+    // Null where a walk begins.
+    std::shared_ptr<EnteredFolders> entered_;
     std::unique_ptr<FolderListing> listing_;
 };
 

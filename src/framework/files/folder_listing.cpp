@@ -9,18 +9,9 @@
 
 namespace bracken {
 
-namespace {
-
-bool liesOn(const FolderChain* chain, const FolderContents& contents) {
-    for (; chain != nullptr; chain = chain->above.get())
-        if (chain->device == contents.device && chain->inode == contents.inode) return true;
-    return false;
-}
-
-}  // namespace
-
-FolderListing::FolderListing(std::string path, std::shared_ptr<const FolderChain> above)
-    : path_(std::move(path)), above_(std::move(above)) {}
+FolderListing::FolderListing(std::string path, std::optional<FolderIdentity> link,
+                             std::shared_ptr<EnteredFolders> entered)
+    : path_(std::move(path)), link_(link), entered_(std::move(entered)) {}
 
 size_t FolderListing::count() {
     refresh();
@@ -36,16 +27,22 @@ bool FolderListing::isGone(size_t index) const {
     return gone_.contains(index);
 }
 
+bool FolderListing::isRepeated(const FolderIdentity& folder) const {
+    const bool entered = contents_ && contents_->identity == folder;
+    return link_ && !entered && entered_->has(folder);
+}
+
 void FolderListing::refresh() {
+    if (!contents_ && link_ && isRepeated(*link_)) return;
     // Some file systems take their time.
     const auto contents = withoutBaton([&] {
         const bool hold = listable_ && contents_->holdFor(path_);
         return hold ? contents_ : ListingCache::list(path_);
     });
     if (listable_ && contents == contents_) return;
-    listable_ = contents && !liesOn(above_.get(), *contents);
+    listable_ = contents && !isRepeated(contents->identity);
     if (!listable_) return;
-    chain_ = std::make_shared<FolderChain>(FolderChain{contents->device, contents->inode, above_});
+    entered_->add(contents->identity);
     if (contents_) merge(contents->entries);
     contents_ = contents;
 }

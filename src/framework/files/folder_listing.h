@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/stat.h>
-
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,43 +10,40 @@
 
 namespace bracken {
 
-// The folders that led to a folder, innermost first, by identity.
-struct FolderChain {
-    dev_t device;
-    ino_t inode;
-    std::shared_ptr<const FolderChain> above;
-};
-
 // The numbered names of a folder. Each count looks whether the folder was touched since it was
-// listed (one stat) and lists it anew if so: known entries keep their numbers, new ones go to the
+// listed (one stat) and lists it again if so: known entries keep their numbers, new ones go to the
 // end. For one thread at a time.
 class FolderListing {
   public:
     using Entry = FolderContents::Entry;
 
-    // `above` is the chain that led here, null where the walk begins.
-    FolderListing(std::string path, std::shared_ptr<const FolderChain> above);
+    // `link` is the folder that the path leads to where its last component is a link, `entered`
+    // what the walk has entered so far.
+    FolderListing(std::string path, std::optional<FolderIdentity> link,
+                  std::shared_ptr<EnteredFolders> entered);
 
-    // Entries, vanished ones included; 0 for what can't be listed or lies on its own chain.
+    // Entries, vanished ones included; 0 where no folder is, and for a link to one that the walk
+    // had entered. UnreadableException for a folder that can't be listed.
     size_t count();
     // Counted from 0, as of the latest count, at no cost; null outside the range. Valid until the
     // next call of any method.
     const Entry* entry(size_t index);
     // Whether the entry had vanished at the latest count.
     bool isGone(size_t index) const;
-    // The chain that leads to this folder's entries; null before the first listing.
-    const std::shared_ptr<const FolderChain>& chain() const { return chain_; }
+    const std::shared_ptr<EnteredFolders>& entered() const { return entered_; }
 
   private:
     void refresh();
+    // Whether the walk had entered the folder before it came to it by this link.
+    bool isRepeated(const FolderIdentity& folder) const;
     void merge(const std::vector<Entry>& present);
     const std::vector<Entry>& numbered() const {
         return renumbered_ ? *renumbered_ : contents_->entries;
     }
 
     std::string path_;
-    std::shared_ptr<const FolderChain> above_;
-    std::shared_ptr<const FolderChain> chain_;
+    std::optional<FolderIdentity> link_;
+    std::shared_ptr<EnteredFolders> entered_;
     std::shared_ptr<const FolderContents> contents_;
     // Once the contents have changed: the entries by their numbers.
     std::optional<std::vector<Entry>> renumbered_;

@@ -22,8 +22,9 @@ size_t bytesOf(const FolderContents& contents) {
 
 // A link's target may go or change with no trace in the folder.
 bool isKeepable(const FolderContents& contents) {
-    return contents.settled && std::none_of(contents.entries.begin(), contents.entries.end(),
-                                            [](const auto& entry) { return entry.link; });
+    return contents.settled &&
+           std::none_of(contents.entries.begin(), contents.entries.end(),
+                        [](const auto& entry) { return entry.link || entry.error != 0; });
 }
 
 class Kept {

@@ -16,7 +16,7 @@ class ListingCache {
     ListingCache(const ListingCache&) = delete;
     ListingCache& operator=(const ListingCache&) = delete;
 
-    // What stands in the folder; null if it can't be listed.
+    // What stands in the folder, as FolderContents::read gives it.
     static std::shared_ptr<const FolderContents> list(const std::string& path);
 };
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 
+#include "framework/files/unreadable.h"
 #include "framework/threads/without_baton.h"
 #include "scan/file_search.h"
 
@@ -18,6 +20,7 @@ const std::shared_ptr<const TableNames>& FileEntry::table() {
 }
 
 void FileEntry::enterFolder(const Ref<FolderItem>& folder, const std::string& extensions) {
+    if (gaveWay_) return;
     if (ahead_ != nullptr && ahead_->covers(folder->AbsolutePath(), extensions)) return;
     stopReadingAhead();
     ahead_ = std::make_unique<ReadAhead>(folder, extensions, table());
@@ -32,16 +35,34 @@ void FileEntry::stopReadingAhead() {
     Thread::leaveIfKilled();
 }
 
-FoundNames FileEntry::searchOpened(BinaryStream& stream, uint64_t length) {
+template <class Call>
+auto FileEntry::givingWay(const Call& call) {
+    try {
+        return call();
+    } catch (const UnreadableException& error) {
+        const bool noneLeft = error.error() == EMFILE || error.error() == ENFILE;
+        if (!noneLeft || ahead_ == nullptr) throw;
+    }
+    gaveWay_ = true;
+    stopReadingAhead();
+    return call();
+}
+
+int FileEntry::count(FolderItem& folder) {
+    return givingWay([&] { return folder.Count(); });
+}
+
+FoundNames FileEntry::searchHere(const FolderItem& file) {
     std::shared_ptr<const TableNames> names = table();
     Matcher::Hits hits;
     hits.clear(names->matcher().nameCount());
     const std::atomic<bool>* killed = Thread::killedFlag();
-    withoutBaton([&] {
-        FileSearch().searchOpened(
-            stream.descriptor(), searchedLength(length), names->matcher(),
+    int error = withoutBaton([&] {
+        return FileSearch().search(
+            OpenFolder(), file.AbsolutePath(), file.listedAsFile(), names->matcher(),
             [killed] { return killed->load(std::memory_order_relaxed); }, hits);
     });
+    if (error != 0) throw UnreadableException(file.AbsolutePath(), error);
     return {names, hits.names()};
 }
 
@@ -50,16 +71,22 @@ FoundNames FileEntry::search(const FolderItem& file) {
         std::optional<FoundNames> found = ahead_->take(file.AbsolutePath());
         if (found) return *std::move(found);
     }
-    Ref<BinaryStream> stream = file.OpenAsBinaryFile(false);
-    return searchOpened(*stream, file.Length());
+    return givingWay([&] { return searchHere(file); });
+}
+
+FoundNames FileEntry::searchAgain(const FolderItem& file) {
+    try {
+        return givingWay([&] { return searchHere(file); });
+    } catch (const UnreadableException& error) {
+        // By now the file may be gone, and with it what it named.
+        if (!isAbsence(error.error())) throw;
+    }
+    return {table(), {}};
 }
 
 void FileEntry::update(FoundNames& found, const FolderItem& file) {
     while (!rows_.update(context_.lstResults(), found.table)) {
-        // By now the file may be gone, and with it what it named.
-        Ref<BinaryStream> stream = file.OpenAsBinaryFile(false);
-        if (stream == nullptr) stream = make<BinaryStream>(-1);
-        found = searchOpened(*stream, file.Length());
+        found = searchAgain(file);
         stopReadingAhead();
     }
 }

@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-#include "framework/files/folder_item.h"
+#include "program/results/file_entry.h"
 
 namespace bracken {
 
@@ -11,7 +11,7 @@ namespace bracken {
 // tick of the system's clock: to ask at each entry would cost as much as half the reading.
 class FolderCount {
   public:
-    explicit FolderCount(FolderItem& folder) : folder_(folder) {}
+    FolderCount(FileEntry& entry, FolderItem& folder) : entry_(entry), folder_(folder) {}
 
     // The number of entries, as far as the entry of number `next` has to know.
     int count(int next) {
@@ -20,11 +20,12 @@ class FolderCount {
         bool sameTick = now.tv_sec == asked_.tv_sec && now.tv_nsec == asked_.tv_nsec;
         if (next <= known_ && sameTick) return known_;
         asked_ = now;
-        known_ = folder_.Count();
+        known_ = entry_.count(folder_);
         return known_;
     }
 
   private:
+    FileEntry& entry_;
     FolderItem& folder_;
     struct timespec asked_ = {};
     int known_ = 0;

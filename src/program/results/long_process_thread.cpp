@@ -43,7 +43,7 @@ void LongProcessThread::countAndSearch() {
 
 void LongProcessThread::GetFileCount(const Ref<FolderItem>& folder) {
     context_->ProgressBar1().Value = -1;
-    FolderCount entries(*folder);
+    FolderCount entries(*entry_, *folder);
     for (int i = 1; i <= entries.count(i); i++) {
         Ref<FolderItem> item = folder->Item(i);
         if (item->Directory()) {
@@ -60,7 +60,7 @@ void LongProcessThread::ProcessFolder(const Ref<FolderItem>& folder) {
     context_->lblProgress().Caption = "Processing files in " + folder->AbsolutePath();
     std::string extensions = context_->extensions();
     entry_->enterFolder(folder, extensions);
-    FolderCount entries(*folder);
+    FolderCount entries(*entry_, *folder);
     for (int i = 1; i <= entries.count(i); i++) {
         Ref<FolderItem> item = folder->Item(i);
         if (item->Directory()) {
