@@ -4,7 +4,8 @@
 
 namespace bracken {
 
-// Runs shell commands. Commands installed beside the program are found ahead of those on the path.
+// Runs shell commands. Those in the program's private folder are found first, then those beside the
+// program, then those on the path.
 class Shell {
   public:
     // Runs `command` by /bin/sh and returns when it has finished; how it ended is not told. Never
