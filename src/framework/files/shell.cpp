@@ -51,7 +51,8 @@ void Shell::Execute(const std::string& command) {
     // The shell itself extends the path: this process's environment is shared by its threads. The
     // folder goes there by a descriptor of the shell's, since its own path may hold a colon.
     constexpr int descriptor = 9;
-    std::string run = R"(PATH="/proc/self/fd/9${PATH:+:$PATH}"; export PATH; eval "$1")";
+    std::string run = R"(PATH="/proc/self/fd/9/)" BRACKEN_PRIVATE_FOLDER
+                      R"(:/proc/self/fd/9${PATH:+:$PATH}"; export PATH; eval "$1")";
     std::string name = "sh";
     std::string option = "-c";
     std::string text = command;

@@ -5,7 +5,8 @@
 
 namespace bracken {
 
-// Runs shell commands. Commands installed beside the program are found ahead of those on the path.
+// Runs shell commands. Those in the program's private folder are found first, then those beside the
+// program, then those on the path.
 class Shell {
   public:
     // A command that takes longer than the limit is ended.

@@ -1,0 +1,17 @@
+# cmake -D manifest=FILE -P uninstall.cmake: removes what the latest `cmake --install` of this build
+# folder put somewhere, and the program's own folders once they are empty.
+if(NOT EXISTS ${manifest})
+    message(FATAL_ERROR "Nothing was installed from here: there is no ${manifest}.")
+endif()
+file(STRINGS ${manifest} files)
+foreach(file IN LISTS files)
+    message(STATUS "Removing $ENV{DESTDIR}${file}")
+    file(REMOVE "$ENV{DESTDIR}${file}")
+    cmake_path(GET file PARENT_PATH folder)
+    set(status 0)
+    while(status EQUAL 0 AND folder MATCHES "/bracken-lens(/|$)")
+        execute_process(COMMAND rmdir "$ENV{DESTDIR}${folder}" RESULT_VARIABLE status ERROR_QUIET)
+        cmake_path(GET folder PARENT_PATH folder)
+    endwhile()
+endforeach()
+file(REMOVE ${manifest})
