@@ -24,7 +24,7 @@ TEST_F(WebBrowser, IsTheDefaultForSecureAddresses) {
     setenv("XDG_DATA_HOME", folder.path("data").c_str(), 1);
     openInBrowser("/tmp/a b.html");
     waitFor([&] { return std::filesystem::exists(folder.path("called")); });
-    EXPECT_EQ(folder.read("called"), "--open file:///tmp/a%20b.html");
+    EXPECT_EQ(folder.read("called"), "--open /tmp/a b.html");
 }
 
 }  // namespace bracken::test
