@@ -21,14 +21,14 @@ namespace {
 
 using namespace bracken;
 
-constexpr size_t mostBytes = 200'000'000;
+constexpr size_t maxBytes = 200'000'000;
 constexpr int rounds = 5;
 
 std::vector<std::string> textsOf(const std::string& folder) {
     std::vector<std::string> texts;
     size_t bytes = 0;
     TreeWalk walk(GetFolderItem(folder, 0));
-    for (Ref<FolderItem> file = walk.next(); file != nullptr && bytes < mostBytes;
+    for (Ref<FolderItem> file = walk.next(); file != nullptr && bytes < maxBytes;
          file = walk.next()) {
         auto stream = file->OpenAsBinaryFile(false);
         if (stream == nullptr) continue;

@@ -18,7 +18,7 @@
 
 #include "framework/platform/null_platform.h"
 #include "framework/text/text.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/window.h"
 #include "framework/windows/windows.h"
@@ -111,13 +111,13 @@ double run(NullPlatform& platform, BenchWindow& window, const Options& options,
     thread->Run();
     int woken = 0;
     while (!finished) {
-        MainCalls::instance().run();
-        Unheld unheld;
+        MainThreadCalls::instance().run();
+        BatonRelease released;
         platform.woken.wait(woken++);
     }
     std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
     filesSeen = thread->totalFiles;
-    Unheld unheld;
+    BatonRelease released;
     Thread::joinAll();
     return took.count();
 }

@@ -46,8 +46,8 @@ class Panes : public Window {
 
 double microsecondsPerEvent(int count) {
     constexpr int events = 2000;
-    Windows::open().reset();
-    Panes& panes = Windows::open().instance<Panes>();
+    Windows::get().reset();
+    Panes& panes = Windows::get().instance<Panes>();
     panes.fill(count);
     panes.divider->userPressed(5, 5);
     auto start = std::chrono::steady_clock::now();
@@ -66,5 +66,5 @@ int main() {
         std::printf("{\"bench\": \"splitter_drag\", \"controls\": %d, \"us_per_event\": %.1f}\n",
                     count, cost);
     }
-    Windows::open().reset();
+    Windows::get().reset();
 }

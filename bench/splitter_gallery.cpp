@@ -10,5 +10,5 @@
 int main(int argc, char** argv) {
     bracken::Application application;
     bracken::QtPlatform platform(argc, argv);
-    return platform.run([] { bracken::Windows::open().instance<bracken::SplitterWindow>(); });
+    return platform.run([] { bracken::Windows::get().instance<bracken::SplitterWindow>(); });
 }

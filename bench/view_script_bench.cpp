@@ -100,7 +100,7 @@ int main(int argc, char** argv) {
     Application application;
     QtPlatform platform(argc, argv);
     return platform.run([&platform] {
-        Reader& reader = Windows::open().instance<Reader>();
+        Reader& reader = Windows::get().instance<Reader>();
         while (QApplication::allWidgets().size() < 3) QApplication::processEvents();
         for (auto [megabytes, occurrences] :
              {std::pair{5, 50000}, {10, 50000}, {10, 100000}, {10, 200000}, {20, 100000}})

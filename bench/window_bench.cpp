@@ -23,7 +23,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/windows/application.h"
 #include "platform/qt/qt_platform.h"
 #include "program/app.h"
@@ -147,7 +147,7 @@ int main(int argc, char** argv) {
             winResults().init("bench", GetFolderItem(folder, 0));
             winResults().LongProcessThread1->Finished = [&, start] {
                 took = Clock::now() - start;
-                MainCalls::instance().call([] { Platform::current().exitLoop(0); });
+                MainThreadCalls::instance().call([] { Platform::current().exitLoop(0); });
             };
         });
         if (prober) longest = prober->longest();

@@ -117,7 +117,7 @@ loadWideClasses(const char* text) {
 
 // A mask for each block. They come first, and apart from their use: where the processor guesses
 // wrong how many positions one has, the tests need not wait.
-using Masks = std::array<uint64_t, GroupFilter::mostBlocks>;
+using Masks = std::array<uint64_t, GroupFilter::maxBlocks>;
 
 __attribute__((always_inline)) inline size_t listPositions(const Masks& masks, size_t blocks,
                                                            uint16_t* positions) {

@@ -27,7 +27,7 @@ class GroupFilter {
     }
 
     // Blocks that `collect` goes through at a time, at most.
-    static constexpr size_t mostBlocks = 32;
+    static constexpr size_t maxBlocks = 32;
     // What `collect` may write beyond the positions that it counts.
     static constexpr size_t excess = 32;
 

@@ -18,9 +18,9 @@ namespace {
 
 // Files that the threads may be ahead of the scan: enough to keep them busy through the counting of
 // most trees, and a few megabytes.
-constexpr size_t furthestAhead = 16384;
+constexpr size_t maxFilesAhead = 16384;
 // Threads that have got as far go on when the scan has caught up to here.
-constexpr size_t resumeAt = furthestAhead / 2;
+constexpr size_t resumeBelow = maxFilesAhead / 2;
 // Files taken off the walk at a time, so that the threads seldom meet.
 constexpr size_t batch = 16;
 
@@ -29,7 +29,7 @@ constexpr std::chrono::milliseconds announceAfter{5};
 
 // How far the threads stand back behind the scan and the windows. Each of those two is one thread
 // that others wait for, and must not share its processor with work that can be done on any.
-constexpr int standBack = 5;
+constexpr int workerNiceness = 5;
 
 unsigned threadCount() {
     return std::clamp(std::thread::hardware_concurrency(), 2U, 8U);
@@ -58,7 +58,7 @@ ReadAhead::~ReadAhead() {
         stopped_ = true;
     }
     changed_.notify_all();
-    Unheld unheld;
+    BatonRelease released;
     for (std::thread& thread : threads_) thread.join();
 }
 
@@ -72,7 +72,7 @@ bool ReadAhead::cancelled() const {
 }
 
 void ReadAhead::work() {
-    [[maybe_unused]] int niceness = nice(standBack);
+    [[maybe_unused]] int niceness = nice(workerNiceness);
     FileSearch search;
     Matcher::Hits hits;
     for (std::vector<TaskRef> tasks = nextTasks(); !tasks.empty(); tasks = nextTasks()) {
@@ -121,8 +121,8 @@ std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
         tasks.push_back(taskOf(*file));
     }
     std::unique_lock guard(mutex_);
-    if (order_.size() >= furthestAhead)
-        changed_.wait(guard, [this] { return order_.size() < resumeAt || cancelled(); });
+    if (order_.size() >= maxFilesAhead)
+        changed_.wait(guard, [this] { return order_.size() < resumeBelow || cancelled(); });
     walkEnded_ = walkEnded_ || tasks.empty();
     order_.insert(order_.end(), tasks.begin(), tasks.end());
     changed_.notify_all();
@@ -156,9 +156,9 @@ ReadAhead::TaskRef ReadAhead::popUpTo(const std::string& path) {
                            [&](const TaskRef& task) { return task->path == path; });
     if (at == order_.end()) return nullptr;
     TaskRef task = *at;
-    bool above = order_.size() >= resumeAt;
+    bool above = order_.size() >= resumeBelow;
     order_.erase(order_.begin(), at + 1);
-    if (above && order_.size() < resumeAt) changed_.notify_all();
+    if (above && order_.size() < resumeBelow) changed_.notify_all();
     return task;
 }
 

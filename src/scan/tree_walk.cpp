@@ -4,7 +4,7 @@
 
 namespace bracken {
 
-TreeWalk::TreeWalk(const Ref<FolderItem>& folder) : start_(folder->another()) {}
+TreeWalk::TreeWalk(const Ref<FolderItem>& folder) : start_(folder->copy()) {}
 
 void TreeWalk::enter(const Ref<FolderItem>& folder) {
     levels_.push_back({folder, folder->Count(), 1});

@@ -174,7 +174,7 @@ class SmartSplitter : public Canvas {
     // What a move asks of one end of the range.
     struct End {
         bool isMin;
-        // Kept from move to move: whether the last one snapped to the limit.
+        // ListingStore from move to move: whether the last one snapped to the limit.
         bool& snapped;
         // Whether it stops at the zone instead.
         bool stops;

@@ -26,7 +26,7 @@ class OpenedResults {
     }
     // An open window by its title, null if there is none.
     static Window* opened(const std::string& title) {
-        for (auto& open : Windows::open().all())
+        for (auto& open : Windows::get().all())
             if (open->Title.get() == title) return open.get();
         return nullptr;
     }

@@ -138,7 +138,7 @@ TEST_F(Data, CloseOfTheFileMenuClosesIt) {
     view("t", {"a"}, {});
     App().userChoseMenu("FileClose");
     EXPECT_EQ(opened("View Data for t"), nullptr);
-    Windows::open().toFront(window);
+    Windows::get().toFront(window);
     App().userChoseMenu("FileClose");
     EXPECT_NE(opened("Results"), nullptr);
 }

@@ -63,7 +63,7 @@ TEST_F(AppTest, MenusAreEnabledForTheWindowInFront) {
     program.app.userChoseMenu("EditPaste");
     EXPECT_EQ(program.platform.performed, std::vector<std::string>{"EditCopy"});
     program.app.userChoseMenu("FileClose");
-    EXPECT_TRUE(Windows::open().all().empty());
+    EXPECT_TRUE(Windows::get().all().empty());
 }
 
 TEST_F(AppTest, OneConnectionAndOneStoreStandFromTheStart) {
@@ -85,7 +85,7 @@ TEST_F(AppTest, CheckErrorShowsTheServersWords) {
 TEST_F(AppTest, ThePreferencesWindowKeepsTheExtensionList) {
     auto open = [this]() -> auto& {
         program.app.userChoseMenu("Preferences");
-        return dynamic_cast<class winPreferences&>(*Windows::open().front());
+        return dynamic_cast<class winPreferences&>(*Windows::get().front());
     };
     auto& first = open();
     EXPECT_EQ(first.EditField1.Text.get(), "");
@@ -96,7 +96,7 @@ TEST_F(AppTest, ThePreferencesWindowKeepsTheExtensionList) {
     EXPECT_EQ(open().EditField1.Text.get(), "");
     open().EditField1.userEdited(" .PHP;cgi, ");
     open().userPressedReturn();
-    EXPECT_EQ(Windows::open().all().size(), 1U);
+    EXPECT_EQ(Windows::get().all().size(), 1U);
     EXPECT_EQ(Program::saved("extensions"), " .PHP;cgi, ");
     EXPECT_EQ(open().EditField1.Text.get(), " .PHP;cgi, ");
     open().EditField1.userEdited("");
@@ -121,7 +121,7 @@ class Endless : public Thread {
 
 TEST_F(AppTest, QuitEndsTheRunsAndClosesEachWindowOnce) {
     Closing::closed = 0;
-    Windows::open().instance<Closing>();
+    Windows::get().instance<Closing>();
     winLogin();
     auto run = make<Endless>();
     run->Run();
@@ -130,11 +130,11 @@ TEST_F(AppTest, QuitEndsTheRunsAndClosesEachWindowOnce) {
     EXPECT_EQ(Closing::closed, 1);
     EXPECT_EQ(program.platform.exitStatus, 0);
     handleEvent([] { winLogin(); });
-    EXPECT_TRUE(Windows::open().all().empty());
+    EXPECT_TRUE(Windows::get().all().empty());
 }
 
 TEST_F(AppTest, TheProgramEndsWithItsLastWindowUnlessARunIsAlive) {
-    auto& window = Windows::open().instance<Closing>();
+    auto& window = Windows::get().instance<Closing>();
     auto run = make<Endless>();
     run->Run();
     handleEvent([&] { window.userClosed(); });

@@ -44,7 +44,7 @@ class Probe : public Window {
 
 class WindowTest : public testing::Test {
   protected:
-    Probe& open() { return Windows::open().instance<Probe>(); }
+    Probe& open() { return Windows::get().instance<Probe>(); }
     static std::string place(const RectControl& control) {
         return std::to_string(control.Left) + "," + std::to_string(control.Top) + " " +
                std::to_string(control.Width) + "x" + std::to_string(control.Height);
@@ -195,22 +195,22 @@ TEST_F(WindowTest, AWindowLivesUntilTheHandlerThatClosesItHasEnded) {
     };
     window.first.userPressed();
     EXPECT_TRUE(alive.expired());
-    EXPECT_TRUE(Windows::open().all().empty());
+    EXPECT_TRUE(Windows::get().all().empty());
 }
 
 TEST_F(WindowTest, OneInstanceAndAnOrderFromFrontToBack) {
     class Other : public Window {};
     Probe& probe = open();
-    auto& other = Windows::open().instance<Other>();
+    auto& other = Windows::get().instance<Other>();
     EXPECT_EQ(&open(), &probe);
-    EXPECT_EQ(Windows::open().front(), &other);
+    EXPECT_EQ(Windows::get().front(), &other);
     probe.Show();
-    EXPECT_EQ(Windows::open().front(), &probe);
+    EXPECT_EQ(Windows::get().front(), &probe);
     probe.Visible = false;
-    EXPECT_EQ(Windows::open().front(), &other);
+    EXPECT_EQ(Windows::get().front(), &other);
     probe.Close();
     EXPECT_EQ(open().events, "open ");
-    Windows::open().closeAll();
+    Windows::get().closeAll();
     EXPECT_THROW(open(), UnwindSignal);
 }
 

@@ -177,13 +177,13 @@ TEST(Listing, AWalkThatGoesOnByItselfKnowsWhatWasEntered) {
     const Ref<FolderItem> top = itemOf(folder);
     EXPECT_EQ(top->Item(1)->Count(), 1);
     const Ref<FolderItem> link = top->Item(4);
-    const Ref<FolderItem> other = top->Item(3)->another();
-    const Ref<FolderItem> another = link->another();
+    const Ref<FolderItem> other = top->Item(3)->copy();
+    const Ref<FolderItem> another = link->copy();
     EXPECT_EQ(top->Item(2)->Count(), 1);
     EXPECT_EQ(link->Count(), 0) << "entered as a real folder";
     EXPECT_EQ(another->Count(), 1) << "not by that walk";
     EXPECT_EQ(other->Count(), 0) << "entered before they parted";
-    EXPECT_EQ(top->another()->Item(4)->Count(), 1) << "from the start";
+    EXPECT_EQ(top->copy()->Item(4)->Count(), 1) << "from the start";
 }
 
 }  // namespace

@@ -12,15 +12,15 @@ namespace {
 
 using test::TempFolder;
 
-constexpr uid_t kNobody = 65534;
+constexpr uid_t nobody = 65534;
 
 // A folder of an ordinary user, whom the test plays also when root runs it.
 class Permission : public testing::Test {
   protected:
     Permission() {
         if (!root_) return;
-        EXPECT_EQ(chown(folder_.path().c_str(), kNobody, kNobody), 0);
-        EXPECT_EQ(seteuid(kNobody), 0);
+        EXPECT_EQ(chown(folder_.path().c_str(), nobody, nobody), 0);
+        EXPECT_EQ(seteuid(nobody), 0);
     }
     ~Permission() override {
         setMode(folder_.path(), 0700);
@@ -90,10 +90,10 @@ TEST_F(Permission, AnothersFileStaysItsGroups) {
     ASSERT_EQ(seteuid(0), 0);
     const std::string path = folder_.write("shared/f", "old");
     setMode(path, 0664);
-    ASSERT_EQ(chown(folder_.path("shared").c_str(), kNobody, kNobody), 0);
+    ASSERT_EQ(chown(folder_.path("shared").c_str(), nobody, nobody), 0);
     // Hands its own group to new files.
     setMode(folder_.path("shared"), 02775);
-    ASSERT_EQ(seteuid(kNobody), 0);
+    ASSERT_EQ(seteuid(nobody), 0);
     EXPECT_TRUE(save(path, "new"));
     EXPECT_EQ(folder_.read("shared/f"), "new");
     EXPECT_EQ(factsOf(path).st_gid, getegid());
@@ -106,7 +106,7 @@ TEST_F(Permission, AnothersFileInAStickyFolderIsWrittenInPlace) {
     const std::string path = folder_.write("shared/f", "old");
     setMode(path, 0666);
     setMode(folder_.path("shared"), 01777);
-    ASSERT_EQ(seteuid(kNobody), 0);
+    ASSERT_EQ(seteuid(nobody), 0);
     EXPECT_TRUE(save(path, "new"));
     EXPECT_EQ(folder_.read("shared/f"), "new");
 }

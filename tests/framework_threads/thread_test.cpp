@@ -10,7 +10,7 @@
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/exception.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/without_baton.h"
 #include "tests/support/fake_platform.h"
 
@@ -108,7 +108,7 @@ TEST_F(ThreadTest, KilledDuringABlockingCallItTouchesNothingMore) {
     test::runUntil([&] { return !next->running(); });
     Thread::killAll();
     {
-        Unheld unheld;
+        BatonRelease released;
         Thread::joinAll();
     }
     EXPECT_FALSE(touched);
@@ -177,7 +177,7 @@ TEST_F(ThreadTest, KillReleasesARunWhoseBoxHasNotComeUpYet) {
     });
     thread->Run();
     while (!asking) {
-        Unheld unheld;
+        BatonRelease released;
         std::this_thread::yield();
     }
     thread->Kill();
@@ -198,7 +198,7 @@ TEST_F(ThreadTest, TheBatonIsReentrant) {
     ASSERT_TRUE(baton::held());
     baton::take();
     {
-        Unheld unheld;
+        BatonRelease released;
         EXPECT_FALSE(baton::held());
     }
     baton::give();

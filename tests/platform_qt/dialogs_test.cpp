@@ -128,7 +128,7 @@ TEST_F(Dialogs, ARunsBoxOpensInsideNoOtherEvent) {
 TEST_F(Dialogs, AHandlersExceptionDoesNotPassThroughTheToolkit) {
     form.button.Action = form.closing = [] { throw UnwindSignal(); };
     auto behind = open<Behind>().shared_from_this();
-    Windows::open().toFront(form);
+    Windows::get().toFront(form);
     press();
     EXPECT_TRUE(form.closed()) << "the handler left by a quit has quit";
     EXPECT_TRUE(behind->closed()) << "and a closing one does not end that";
@@ -170,7 +170,7 @@ class Statements : public Dialogs {
             });
             QCoreApplication::exit();
         });
-        Unheld unheld;
+        BatonRelease released;
         QCoreApplication::exec();
     }
 

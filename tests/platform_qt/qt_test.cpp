@@ -52,9 +52,9 @@ QtTest::QtTest() {
 
 QtTest::~QtTest() {
     Thread::killAll();
-    Windows::open().closeAll();
+    Windows::get().closeAll();
     waitFor([] { return QApplication::topLevelWidgets().isEmpty(); });
-    Windows::open().reset();
+    Windows::get().reset();
     baton::give();
     Thread::joinAll();
 }

@@ -26,7 +26,7 @@ class QtTest : public testing::Test {
     // Opens a window and waits for its view.
     template <class W>
     W& open() {
-        W& window = Windows::open().instance<W>();
+        W& window = Windows::get().instance<W>();
         waitFor([&] { return viewOf(window) != nullptr && viewOf(window)->isVisible(); });
         return window;
     }

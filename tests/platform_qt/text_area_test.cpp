@@ -132,19 +132,19 @@ TEST(QtText, AStartIsCutBetweenCharacters) {
     std::string bytes;
     for (int i = 0; i < 1000; i++) bytes += "x\U0001F600";
     for (int limit = 1; limit < 20; limit++) {
-        QString start = shownStart(bytes, limit);
+        QString start = toQStringStart(bytes, limit);
         EXPECT_TRUE(start.size() == limit || start.size() == limit - 1) << limit;
-        EXPECT_TRUE(shown(bytes).startsWith(start)) << limit;
+        EXPECT_TRUE(toQString(bytes).startsWith(start)) << limit;
         EXPECT_FALSE(start.back().isHighSurrogate()) << limit;
     }
-    EXPECT_EQ(shownStart(std::string(8, '\xff'), 2), QStringLiteral("\u00ff\u00ff"));
-    EXPECT_EQ(shownStart("short", 500), QStringLiteral("short"));
+    EXPECT_EQ(toQStringStart(std::string(8, '\xff'), 2), QStringLiteral("\u00ff\u00ff"));
+    EXPECT_EQ(toQStringStart("short", 500), QStringLiteral("short"));
 }
 
 TEST(QtText, ControlCharactersAreMadeVisible) {
-    QString text = shown("a\x01\x1b[31m\tb\nc\x7f");
-    EXPECT_EQ(harmless(text), QStringLiteral("a\ufffd\ufffd[31m\tb\nc\ufffd"));
-    EXPECT_EQ(harmlessLine(text), QStringLiteral("a\ufffd\ufffd[31m b c\ufffd"));
+    QString text = toQString("a\x01\x1b[31m\tb\nc\x7f");
+    EXPECT_EQ(withoutControls(text), QStringLiteral("a\ufffd\ufffd[31m\tb\nc\ufffd"));
+    EXPECT_EQ(withoutLineControls(text), QStringLiteral("a\ufffd\ufffd[31m b c\ufffd"));
 }
 
 }  // namespace bracken::test

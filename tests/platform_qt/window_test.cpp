@@ -25,7 +25,7 @@ TEST_F(WindowTest, AFrameComesBackOverAHundredOpenings) {
     const QRect stored(-150, 37, 333, 222);
     QRect frame = stored;
     for (int opening = 0; opening < 100; opening++) {
-        auto& window = Windows::open().instance<Form>();
+        auto& window = Windows::get().instance<Form>();
         window.Left = frame.left();
         window.Top = frame.top();
         window.Width = frame.width();

@@ -158,7 +158,7 @@ TEST_F(Nasty, ANameIsFoundOverEveryEdge) {
 }
 
 TEST_F(Nasty, AllFiltersLetTheSamePositionsThrough) {
-    constexpr size_t blocks = GroupFilter::mostBlocks;
+    constexpr size_t blocks = GroupFilter::maxBlocks;
     for (size_t count : {0U, 1U, 20U, 400U}) {
         GroupFilter filter;
         for (const std::string& name : make_.names(count))

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "program/results/win_results.h"
 #include "tests/support/program.h"
 #include "tests/support/temp_folder.h"

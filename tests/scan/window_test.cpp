@@ -184,7 +184,7 @@ TEST_F(ResultsWindow, ARunOutlivesItsWindowAndTakesTheNext) {
     std::weak_ptr<WindowContent> first = winResults().weak_from_this();
     winResults().userClosed();
     EXPECT_TRUE(first.expired());
-    stepUntil([&] { return !Windows::open().all().empty(); });
+    stepUntil([&] { return !Windows::get().all().empty(); });
     EXPECT_EQ(column(0), "");
     EXPECT_THROW(go({}), ThreadAlreadyRunningException);
     EXPECT_FALSE(winResults().LongProcessThread1->Finished == nullptr);
@@ -278,7 +278,7 @@ TEST_F(ResultsWindow, ItsFrameIsStoredOnClosingOnly) {
 TEST_F(ResultsWindow, CloseInTheMenuIsOffInFrontOfIt) {
     goToEnd({});
     program.app.userChoseMenu("FileClose");
-    EXPECT_EQ(Windows::open().all().size(), 1U);
+    EXPECT_EQ(Windows::get().all().size(), 1U);
 }
 
 TEST_F(ResultsWindow, QuittingAbandonsTheRunAndOpensNothing) {
@@ -289,7 +289,7 @@ TEST_F(ResultsWindow, QuittingAbandonsTheRunAndOpensNothing) {
     EXPECT_EQ(program.platform.exitStatus, 0);
     EXPECT_FALSE(Thread::anyRunning());
     test::runUntil([turns = 0]() mutable { return ++turns > 50; });
-    EXPECT_TRUE(Windows::open().all().empty());
+    EXPECT_TRUE(Windows::get().all().empty());
     EXPECT_NE(test::Program::saved().find("<key>Results</key>"), std::string::npos);
 }
 

@@ -3,7 +3,7 @@
 namespace bracken::test {
 
 Stage& Stage::make() {
-    return Windows::open().instance<Stage>();
+    return Windows::get().instance<Stage>();
 }
 
 void Stage::Layout() {

@@ -4,7 +4,7 @@
 
 #include <thread>
 
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/windows.h"
@@ -13,16 +13,16 @@ namespace bracken::test {
 
 FakePlatform::FakePlatform() {
     install(this);
-    Windows::open().reset();
+    Windows::get().reset();
 }
 
 FakePlatform::~FakePlatform() {
     Thread::killAll();
     {
-        Unheld unheld;
+        BatonRelease released;
         Thread::joinAll();
     }
-    Windows::open().reset();
+    Windows::get().reset();
     install(nullptr);
     for (auto& box : boxes_) ADD_FAILURE() << "never shown: " << box.text;
     EXPECT_TRUE(folders_.empty()) << "a folder was never asked for";
@@ -107,8 +107,8 @@ void FakePlatform::runModal(const Window& window) {
 
 void runUntil(const std::function<bool()>& condition) {
     while (!condition()) {
-        MainCalls::instance().run();
-        Unheld unheld;
+        MainThreadCalls::instance().run();
+        BatonRelease released;
         std::this_thread::yield();
     }
 }

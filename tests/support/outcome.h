@@ -17,7 +17,7 @@ class Turns : public Thread {
   protected:
     void Event_Run() override {
         for (;;) {
-            if (baton::wanted()) taken++;
+            if (baton::contended()) taken++;
             Yield();
         }
     }

@@ -8,9 +8,9 @@ namespace bracken::plutil {
 
 namespace {
 
-constexpr size_t kLongest = 11;
+constexpr size_t maxLength = 11;
 
-constexpr std::pair<std::string_view, char32_t> kNames[] = {
+constexpr std::pair<std::string_view, char32_t> namedEntities[] = {
     {"lt", '<'}, {"gt", '>'}, {"amp", '&'}, {"quot", '"'}, {"apos", '\''}};
 
 bool isCharacter(uint64_t number) {
@@ -30,7 +30,7 @@ char32_t numbered(std::string_view digits) {
 }
 
 char32_t named(std::string_view name) {
-    for (const auto& [known, character] : kNames) {
+    for (const auto& [known, character] : namedEntities) {
         if (name == known) return character;
     }
     return 0;
@@ -39,7 +39,7 @@ char32_t named(std::string_view name) {
 }  // namespace
 
 Entity entityAfterAmpersand(std::string_view text) {
-    const size_t end = text.substr(0, kLongest).find(';');
+    const size_t end = text.substr(0, maxLength).find(';');
     if (end == text.npos) return {};
     const std::string_view name = text.substr(0, end);
     const char32_t character = name.starts_with('#') ? numbered(name.substr(1)) : named(name);

@@ -13,7 +13,7 @@ namespace bracken::plutil {
 namespace {
 
 // Bytes that a line of XML counts for: its tags, and the library's node.
-constexpr uint64_t kLine = 64;
+constexpr uint64_t bytesPerLine = 64;
 
 // What an object comes to as XML, with all below it.
 struct Extent {
@@ -47,7 +47,7 @@ class Measuring {
   private:
     void appendParts(const ObjectTable::Object& object, std::vector<uint64_t>& pending) {
         references_ += object.children.size();
-        if (references_ * kLine > kMostBytes) throw std::runtime_error("is too large");
+        if (references_ * bytesPerLine > maxBytes) throw std::runtime_error("is too large");
         for (const uint64_t child : object.children) {
             if (child >= extents_.size() || extents_[child].state == Extent::State::Open)
                 throw std::runtime_error("not a property list");
@@ -58,7 +58,7 @@ class Measuring {
     void measure(const ObjectTable::Object& object, Extent& extent) {
         extent.state = Extent::State::Done;
         extent.lines = object.container ? 2 : 1;
-        extent.bytes = object.content + extent.lines * kLine;
+        extent.bytes = object.content + extent.lines * bytesPerLine;
         for (const uint64_t child : object.children) {
             const Extent& part = extents_[child];
             extent.depth = std::max(extent.depth, part.depth + 1);
@@ -66,8 +66,8 @@ class Measuring {
             // Each line of it has one more tab here.
             extent.bytes += part.bytes + part.lines;
         }
-        if (extent.depth > kMostDepth) throw std::runtime_error("is nested too deeply");
-        if (extent.bytes > kMostBytes) throw std::runtime_error("is too large");
+        if (extent.depth > maxDepth) throw std::runtime_error("is nested too deeply");
+        if (extent.bytes > maxBytes) throw std::runtime_error("is too large");
     }
 
     ObjectTable table_;

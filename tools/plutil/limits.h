@@ -6,10 +6,10 @@ namespace bracken::plutil {
 
 // What is converted in less than a second, with the library's recursion on 1 MB of stack. Settings
 // are a thousand times smaller.
-constexpr int kMostDepth = 1000;
+constexpr int maxDepth = 1000;
 // Of XML, which the library compares each with a share of the others to make the binary form.
-constexpr int kMostElements = 100'000;
+constexpr int maxElements = 100'000;
 // Of a property list as XML, see expansion.h.
-constexpr size_t kMostBytes = size_t{32} << 20;
+constexpr size_t maxBytes = size_t{32} << 20;
 
 }  // namespace bracken::plutil

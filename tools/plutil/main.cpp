@@ -26,7 +26,7 @@ std::string readAll(const FolderItem& file) {
 
 std::string converted(const std::string& bytes, bool toXml) {
     using namespace bracken::plutil;
-    if (bytes.size() > kMostBytes) throw std::runtime_error("is too large");
+    if (bytes.size() > maxBytes) throw std::runtime_error("is too large");
     if (isBinary(bytes)) checkExpansion(bytes);
     if (!toXml && !isBinary(bytes) && !isRepresentable(bytes))
         throw std::runtime_error("has values of no such form");

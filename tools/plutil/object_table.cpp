@@ -6,22 +6,22 @@ namespace bracken::plutil {
 
 namespace {
 
-constexpr uint64_t kTrailerSize = 32;
+constexpr uint64_t trailerSize = 32;
 
 // Types of objects, the upper half of an object's first byte.
 enum : unsigned {
-    kData = 4,
-    kText = 5,
-    kWideText = 6,
-    kArray = 0xA,
-    kSet = 0xC,
-    kDictionary = 0xD
+    dataType = 4,
+    textType = 5,
+    wideTextType = 6,
+    arrayType = 0xA,
+    setType = 0xC,
+    dictionaryType = 0xD
 };
 
 // Bytes of XML for a unit of content at most: a byte of text may become "&#10;".
 uint64_t bytesPerUnit(unsigned type) {
-    if (type == kData) return 2;
-    return type == kText || type == kWideText ? 5 : 0;
+    if (type == dataType) return 2;
+    return type == textType || type == wideTextType ? 5 : 0;
 }
 
 [[noreturn]] void refuse() {
@@ -31,8 +31,8 @@ uint64_t bytesPerUnit(unsigned type) {
 }  // namespace
 
 ObjectTable::ObjectTable(std::string_view bytes) : bytes_(bytes) {
-    if (bytes.size() < kTrailerSize) refuse();
-    const uint64_t trailer = bytes.size() - kTrailerSize;
+    if (bytes.size() < trailerSize) refuse();
+    const uint64_t trailer = bytes.size() - trailerSize;
     offsetSize_ = number(trailer + 6, 1);
     referenceSize_ = number(trailer + 7, 1);
     count_ = number(trailer + 8, 8);
@@ -48,16 +48,16 @@ ObjectTable::Object ObjectTable::object(uint64_t index) const {
     const uint64_t mark = number(at++, 1);
     const auto type = static_cast<unsigned>(mark >> 4);
     uint64_t length = mark & 0xF;
-    if (type >= kData && length == 0xF) {
+    if (type >= dataType && length == 0xF) {
         const uint64_t size = uint64_t{1} << (number(at++, 1) & 0xF);
         length = number(at, size);
         at += size;
     }
     if (length > bytes_.size()) refuse();
     Object object = {
-        .content = length * bytesPerUnit(type), .container = type >= kArray, .children = {}};
-    if (type >= kArray && type <= kSet) object.children = references(at, length);
-    if (type == kDictionary) object.children = references(at, length * 2);
+        .content = length * bytesPerUnit(type), .container = type >= arrayType, .children = {}};
+    if (type >= arrayType && type <= setType) object.children = references(at, length);
+    if (type == dictionaryType) object.children = references(at, length * 2);
     return object;
 }
 

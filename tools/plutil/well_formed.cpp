@@ -10,15 +10,15 @@ namespace bracken::plutil {
 
 namespace {
 
-constexpr std::string_view kRawStart = "<![CDATA[";
-constexpr std::string_view kRawEnd = "]]>";
+constexpr std::string_view rawStart = "<![CDATA[";
+constexpr std::string_view rawEnd = "]]>";
 
 // Position after the markup that starts the text.
 size_t endOfMarkup(std::string_view text) {
     std::string_view end = ">";
     if (text.starts_with("<!--")) end = "-->";
     if (text.starts_with("<?")) end = "?>";
-    if (text.starts_with(kRawStart)) end = kRawEnd;
+    if (text.starts_with(rawStart)) end = rawEnd;
     const size_t at = text.find(end, std::min<size_t>(text.size(), end == "-->" ? 4 : 1));
     return at == text.npos ? text.size() : at + end.size();
 }
@@ -57,13 +57,13 @@ void appendText(std::string& formed, std::string_view text) {
         formed += text;
         return;
     }
-    formed += kRawStart;
+    formed += rawStart;
     for (const char c : decoded(text)) {
         // The end of such a text can't stand in it, so it is spread over two.
-        if (c == '>' && formed.ends_with("]]")) (formed += kRawEnd) += kRawStart;
+        if (c == '>' && formed.ends_with("]]")) (formed += rawEnd) += rawStart;
         formed += c;
     }
-    formed += kRawEnd;
+    formed += rawEnd;
 }
 
 class Rewriting {
@@ -73,7 +73,7 @@ class Rewriting {
     void append(std::string_view piece) {
         if (!piece.starts_with('<')) {
             appendText(formed, piece);
-        } else if (piece.starts_with(kRawStart)) {
+        } else if (piece.starts_with(rawStart)) {
             formed += piece;
         } else if (!piece.starts_with("<!") && !piece.starts_with("<?")) {
             appendTag(piece);
@@ -87,8 +87,8 @@ class Rewriting {
         (formed += name) += closed ? "/>" : ">";
         const bool opens = !name.starts_with("</");
         if (!closed) depth_ += opens ? 1 : -1;
-        if (depth_ > kMostDepth) throw std::runtime_error("is nested too deeply");
-        if (opens && ++elements_ > kMostElements) throw std::runtime_error("is too large");
+        if (depth_ > maxDepth) throw std::runtime_error("is nested too deeply");
+        if (opens && ++elements_ > maxElements) throw std::runtime_error("is too large");
     }
 
     int depth_ = 0;

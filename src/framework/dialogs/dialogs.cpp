@@ -1,7 +1,7 @@
 #include "framework/dialogs/dialogs.h"
 
 #include "framework/platform/platform.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/without_baton.h"
 
 namespace bracken {
@@ -11,7 +11,7 @@ int MsgBox(const std::string& text, int code, const std::string& title) {
 }
 
 void Beep() {
-    MainCalls::instance().call([] { Platform::current().beep(); });
+    MainThreadCalls::instance().call([] { Platform::current().beep(); });
 }
 
 Ref<FolderItem> SelectFolder() {

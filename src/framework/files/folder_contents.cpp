@@ -84,7 +84,7 @@ std::shared_ptr<const FolderContents> FolderContents::read(const std::string& pa
                                                            readEntries(folder.get(), path)});
 }
 
-bool FolderContents::holdFor(const std::string& path) const {
+bool FolderContents::isCurrent(const std::string& path) const {
     struct stat status;
     return settled && stat(path.c_str(), &status) == 0 && identity == FolderIdentity(status) &&
            nanoseconds(changed) == nanoseconds(status.st_ctim);

@@ -24,7 +24,7 @@ struct FolderContents {
     // Null where no folder is. UnreadableException for one that can't be listed to its end.
     static std::shared_ptr<const FolderContents> read(const std::string& path);
     // Whether that is still the folder at `path`, with these contents for sure.
-    bool holdFor(const std::string& path) const;
+    bool isCurrent(const std::string& path) const;
 
     FolderIdentity identity;
     struct timespec changed;

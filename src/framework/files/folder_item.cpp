@@ -18,8 +18,8 @@ namespace bracken {
 
 namespace {
 
-constexpr mode_t kPermissions = 0777;
-constexpr mode_t kFolderMode = 0700;
+constexpr mode_t permissions = 0777;
+constexpr mode_t folderMode = 0700;
 
 std::optional<struct stat> statusOf(const std::string& path) {
     struct stat status;
@@ -115,7 +115,7 @@ bool FolderItem::followLink() {
     return true;
 }
 
-Ref<FolderItem> FolderItem::another() const {
+Ref<FolderItem> FolderItem::copy() const {
     auto item = std::make_shared<FolderItem>(path_);
     item->directory_ = directory_;
     item->file_ = file_;
@@ -198,14 +198,14 @@ void FolderItem::CopyFileTo(const Ref<FolderItem>& destination) const {
     if (!status || !S_ISREG(status->st_mode)) return;
     const Ref<FolderItem> target =
         destination->Directory() ? destination->Child(Name()) : destination;
-    const auto file = openForReplacing(target->path_, status->st_mode & kPermissions);
+    const auto file = openForReplacing(target->path_, status->st_mode & permissions);
     const auto source = file ? openFile(path_, O_RDONLY) : std::nullopt;
     if (!source) return;
     if (readAll(*source, [&](std::string_view bytes) { file->write(bytes); })) file->commit();
 }
 
 void FolderItem::CreateAsFolder() const {
-    mkdir(path_.c_str(), kFolderMode);
+    mkdir(path_.c_str(), folderMode);
 }
 
 Ref<FolderItem> GetFolderItem(const std::string& path, int /*pathForm*/) {

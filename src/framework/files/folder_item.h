@@ -58,7 +58,7 @@ class FolderItem {
     Ref<FolderItem> Child(const std::string& name) const;
     // The same entry as an item of its own, for another thread or another walk, which begins where
     // the walk that gave this one stands now.
-    Ref<FolderItem> another() const;
+    Ref<FolderItem> copy() const;
     // The path quoted for a POSIX shell.
     std::string ShellPath() const;
 

@@ -36,7 +36,7 @@ void FolderListing::refresh() {
     if (!contents_ && link_ && isRepeated(*link_)) return;
     // Some file systems take their time.
     const auto contents = withoutBaton([&] {
-        const bool hold = listable_ && contents_->holdFor(path_);
+        const bool hold = listable_ && contents_->isCurrent(path_);
         return hold ? contents_ : ListingCache::list(path_);
     });
     if (listable_ && contents == contents_) return;

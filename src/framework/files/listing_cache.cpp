@@ -11,7 +11,7 @@ namespace {
 using ContentsRef = std::shared_ptr<const FolderContents>;
 
 // A hundred thousand names or so. Walks come by in one order, so what came first stays.
-constexpr size_t mostBytes = 8 << 20;
+constexpr size_t maxBytes = 8 << 20;
 
 size_t bytesOf(const FolderContents& contents) {
     size_t bytes = sizeof contents;
@@ -27,10 +27,10 @@ bool isKeepable(const FolderContents& contents) {
                         [](const auto& entry) { return entry.link || entry.error != 0; });
 }
 
-class Kept {
+class ListingStore {
   public:
-    static Kept& instance() {
-        static Kept theOne;
+    static ListingStore& instance() {
+        static ListingStore theOne;
         return theOne;
     }
 
@@ -55,7 +55,7 @@ class Kept {
     void keep(const std::string& path, const ContentsRef& contents) {
         size_t bytes = path.size() + bytesOf(*contents);
         std::lock_guard guard(mutex_);
-        if (holders_ == 0 || bytes_ + bytes > mostBytes) return;
+        if (holders_ == 0 || bytes_ + bytes > maxBytes) return;
         if (folders_.insert_or_assign(path, contents).second) bytes_ += bytes;
     }
 
@@ -69,18 +69,18 @@ class Kept {
 }  // namespace
 
 ListingCache::ListingCache() {
-    Kept::instance().hold();
+    ListingStore::instance().hold();
 }
 
 ListingCache::~ListingCache() {
-    Kept::instance().release();
+    ListingStore::instance().release();
 }
 
 ContentsRef ListingCache::list(const std::string& path) {
-    ContentsRef contents = Kept::instance().find(path);
-    if (contents != nullptr && contents->holdFor(path)) return contents;
+    ContentsRef contents = ListingStore::instance().find(path);
+    if (contents != nullptr && contents->isCurrent(path)) return contents;
     contents = FolderContents::read(path);
-    if (contents != nullptr && isKeepable(*contents)) Kept::instance().keep(path, contents);
+    if (contents != nullptr && isKeepable(*contents)) ListingStore::instance().keep(path, contents);
     return contents;
 }
 

@@ -15,15 +15,15 @@ namespace bracken {
 
 namespace {
 
-constexpr size_t kFlushAt = size_t{64} * 1024;
-constexpr int kMostLinks = 40;
-constexpr int kMostNames = 1000;
-constexpr mode_t kPermissions = 07777;
-constexpr mode_t kOwnerOnly = 0600;
+constexpr size_t flushSize = size_t{64} * 1024;
+constexpr int maxLinks = 40;
+constexpr int maxNames = 1000;
+constexpr mode_t permissions = 07777;
+constexpr mode_t ownerOnly = 0600;
 
 // The file that `path` stands for, existing or not: every link at its end is followed.
 std::string resolveLinks(std::string path) {
-    for (int i = 0; i < kMostLinks; ++i) {
+    for (int i = 0; i < maxLinks; ++i) {
         char link[PATH_MAX];
         const ssize_t length = readlink(path.c_str(), link, sizeof link);
         if (length <= 0) break;
@@ -53,7 +53,7 @@ bool isRefusal(int error) {
     return error == EACCES || error == EPERM || error == EROFS;
 }
 
-bool isWantOfRoom(int error) {
+bool isOutOfSpace(int error) {
     return error == ENOSPC || error == EDQUOT;
 }
 
@@ -75,7 +75,7 @@ std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Mo
     struct stat present;
     bool opened = false;
     if (stat(file->target_.c_str(), &present) != 0)
-        opened = errno == ENOENT && file->openBeside(modes.ownerOnly ? kOwnerOnly : modes.fresh);
+        opened = errno == ENOENT && file->openBeside(modes.ownerOnly ? ownerOnly : modes.fresh);
     else if (S_ISREG(present.st_mode))
         opened = file->openExisting(present, modes.ownerOnly);
     else
@@ -114,9 +114,9 @@ bool ReplacingFile::openSpecial() {
 
 bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
     if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
-    const mode_t mode = ownerOnly ? kOwnerOnly : present.st_mode & kPermissions;
+    const mode_t mode = ownerOnly ? ownerOnly : present.st_mode & permissions;
     if (!mayRenameOver(target_, present) || isMountPoint(target_)) return openInPlace(mode);
-    if (!openBeside(kOwnerOnly)) return isRefusal(errno) && openInPlace(mode);
+    if (!openBeside(ownerOnly)) return isRefusal(errno) && openInPlace(mode);
     // A file system may have no modes to set; a private file is made as one.
     if (calls_.fchmod(descriptor_, keepOwner(present) ? mode : mode & 0777) == 0 || ownerOnly)
         return true;
@@ -136,7 +136,7 @@ bool ReplacingFile::keepOwner(const struct stat& present) {
 bool ReplacingFile::openBeside(mode_t mode) {
     const std::string folder = parentPath(target_);
     bracken::removeLeftOvers(folder, calls_);
-    for (int i = 0; i < kMostNames; ++i) {
+    for (int i = 0; i < maxNames; ++i) {
         std::string name = joinPath(folder, temporaryName());
         descriptor_ = calls_.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL, mode);
         if (descriptor_ < 0 && errno != EEXIST) return false;
@@ -161,7 +161,7 @@ bool ReplacingFile::openInPlace(mode_t mode) {
 
 void ReplacingFile::write(std::string_view bytes) {
     pending_.append(bytes);
-    if (way_ == Way::InPlaceAtCommit || pending_.size() < kFlushAt) return;
+    if (way_ == Way::InPlaceAtCommit || pending_.size() < flushSize) return;
     failed_ = failed_ || !writeAll(calls_, descriptor_, pending_);
     pending_.clear();
 }
@@ -176,7 +176,7 @@ bool ReplacingFile::commit() {
 bool ReplacingFile::overwriteInPlace() {
     // Room first and cut last: a full disk shows while the old content is still whole.
     const auto size = static_cast<off_t>(pending_.size());
-    if (calls_.fallocate(descriptor_, size) != 0 && isWantOfRoom(errno)) return false;
+    if (calls_.fallocate(descriptor_, size) != 0 && isOutOfSpace(errno)) return false;
     return writeAll(calls_, descriptor_, pending_) && ftruncate(descriptor_, size) == 0 &&
            calls_.fsync(descriptor_) == 0 && closeDescriptor();
 }

@@ -13,11 +13,11 @@ namespace bracken {
 
 namespace {
 
-constexpr std::string_view kStart = ".bracken-lens-";
+constexpr std::string_view namePrefix = ".bracken-lens-";
 
 bool isTemporaryName(std::string_view name) {
-    if (!name.starts_with(kStart)) return false;
-    const std::string_view numbers = name.substr(kStart.size());
+    if (!name.starts_with(namePrefix)) return false;
+    const std::string_view numbers = name.substr(namePrefix.size());
     const size_t dash = numbers.find('-');
     return dash != numbers.npos && dash > 0 && dash + 1 < numbers.size() &&
            numbers.find_first_not_of("0123456789", dash + 1) == numbers.npos &&
@@ -48,7 +48,7 @@ void removeUnlessInUse(const std::string& path, FileCalls& calls) {
 
 std::string temporaryName() {
     static std::atomic<unsigned> counter{0};
-    return std::string(kStart) + std::to_string(getpid()) + "-" + std::to_string(++counter);
+    return std::string(namePrefix) + std::to_string(getpid()) + "-" + std::to_string(++counter);
 }
 
 bool claimTemporary(const std::string& path, int descriptor, FileCalls& calls) {

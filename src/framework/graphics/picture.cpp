@@ -9,7 +9,7 @@ namespace {
 constexpr uint32_t white = 0xffffffffU;
 
 // A picture beyond this is refused, since the system grants memory that it does not have.
-constexpr int64_t mostPixels = int64_t{1} << 28;
+constexpr int64_t maxPixels = int64_t{1} << 28;
 
 }  // namespace
 
@@ -35,7 +35,7 @@ unsigned Picture::opacity(int x, int y) const {
 }
 
 Ref<Picture> NewPicture(int width, int height, int depth) {
-    if (width < 1 || height < 1 || int64_t{width} * height > mostPixels) return nullptr;
+    if (width < 1 || height < 1 || int64_t{width} * height > maxPixels) return nullptr;
     try {
         return make<Picture>(width, height, depth);
     } catch (const std::bad_alloc&) {

@@ -87,7 +87,8 @@ class Platform {
     // Ends the process at once with this status, saving nothing.
     virtual void abort(int status) = 0;
 
-    // Any thread, baton or not: the main thread is to look at MainCalls and at pumpUntil's flag.
+    // Any thread, baton or not: the main thread is to look at MainThreadCalls and at pumpUntil's
+    // flag.
     virtual void wake() = 0;
 
     // Main thread, without the baton: whether an event loop is running, and handling of events

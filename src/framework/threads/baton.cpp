@@ -71,7 +71,7 @@ class Lock {
         self.wait();
     }
 
-    bool wanted() const { return waiting_.load(std::memory_order_relaxed) != 0; }
+    bool contended() const { return waiting_.load(std::memory_order_relaxed) != 0; }
 
   private:
     bool enqueueUnlessFree(Waiter& self) {
@@ -145,8 +145,8 @@ void takeBack(int depth) {
     depthOfThread = depth;
 }
 
-bool wanted() {
-    return lock().wanted();
+bool contended() {
+    return lock().contended();
 }
 
 void handOver() {

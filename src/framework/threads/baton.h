@@ -31,7 +31,7 @@ int giveAll();
 void takeBack(int depth);
 
 // Whether somebody waits: a relaxed load.
-bool wanted();
+bool contended();
 // Hands the baton to the first who waits and comes back in turn; nothing if nobody does.
 void handOver();
 // Hands the baton to `waiter`, ahead of the queue, and comes back in turn. The waiter's thread must

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "framework/platform/platform.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 
@@ -16,8 +16,8 @@ namespace {
 // Marks the main thread as being in a statement for a scope.
 class Statement {
   public:
-    Statement() { MainCalls::instance().setInStatement(true); }
-    ~Statement() { MainCalls::instance().setInStatement(false); }
+    Statement() { MainThreadCalls::instance().setInStatement(true); }
+    ~Statement() { MainThreadCalls::instance().setInStatement(false); }
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
 };
@@ -35,7 +35,7 @@ void blocking(const std::function<void()>& call, const std::function<void()>& ca
     std::exception_ptr error;
     bool quit = false;
     {
-        Unheld unheld;
+        BatonRelease released;
         std::thread helper([&] {
             try {
                 call();

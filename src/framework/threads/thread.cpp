@@ -7,7 +7,7 @@
 
 #include "framework/exception.h"
 #include "framework/threads/baton.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/unhandled.h"
 
 namespace bracken {
@@ -80,11 +80,11 @@ void Thread::Kill() {
     baton::assertHeld();
     if (!running()) return;
     run_->killed = true;
-    MainCalls::instance().dropKilled();
+    MainThreadCalls::instance().dropKilled();
 }
 
 void Thread::Yield() {
-    if (!baton::wanted()) return;
+    if (!baton::contended()) return;
     baton::handOver();
     leaveIfKilled();
 }
@@ -100,7 +100,7 @@ const std::atomic<bool>* Thread::killedFlag() {
 
 void Thread::killAll() {
     for (auto& run : runs()) run->killed = true;
-    MainCalls::instance().dropKilled();
+    MainThreadCalls::instance().dropKilled();
 }
 
 void Thread::joinAll() {

@@ -5,7 +5,7 @@
 
 #include "framework/exception.h"
 #include "framework/platform/platform.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/thread.h"
 
 namespace bracken {

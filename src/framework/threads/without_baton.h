@@ -9,12 +9,12 @@
 namespace bracken {
 
 // Gives the baton up for a scope.
-class Unheld {
+class BatonRelease {
   public:
-    Unheld() : depth_(baton::giveAll()) {}
-    ~Unheld() { baton::takeBack(depth_); }
-    Unheld(const Unheld&) = delete;
-    Unheld& operator=(const Unheld&) = delete;
+    BatonRelease() : depth_(baton::giveAll()) {}
+    ~BatonRelease() { baton::takeBack(depth_); }
+    BatonRelease(const BatonRelease&) = delete;
+    BatonRelease& operator=(const BatonRelease&) = delete;
 
   private:
     int depth_;
@@ -26,13 +26,13 @@ template <class Call>
 auto withoutBaton(Call&& call) {
     if constexpr (std::is_void_v<decltype(call())>) {
         {
-            Unheld unheld;
+            BatonRelease released;
             call();
         }
         Thread::leaveIfKilled();
     } else {
         auto result = [&] {
-            Unheld unheld;
+            BatonRelease released;
             return call();
         }();
         Thread::leaveIfKilled();

@@ -20,7 +20,7 @@ void forEachItem(const MenuItem& menu, const std::function<void(MenuItem&)>& vis
 }
 
 bool standardEnabled(const MenuItem& item) {
-    if (item.Name == "FileClose") return Windows::open().front() != nullptr;
+    if (item.Name == "FileClose") return Windows::get().front() != nullptr;
     if (item.Name == "Preferences") return false;
     if (item.Name.starts_with("Edit") && item.items().empty())
         return Platform::current().offersEdit(item.Name);
@@ -50,14 +50,14 @@ void Application::updateMenus() {
         if (item.AutoEnable) item.Enabled = standardEnabled(item);
     });
     Event_EnableMenuItems();
-    if (Window* front = Windows::open().front()) front->Event_EnableMenuItems();
+    if (Window* front = Windows::get().front()) front->Event_EnableMenuItems();
 }
 
 void Application::userChoseMenu(const std::string& itemName) {
     updateMenus();
     MenuItem* item = MenuBar->Child(itemName);
     if (item == nullptr || !item->Enabled) return;
-    Window* front = Windows::open().front();
+    Window* front = Windows::get().front();
     if (front != nullptr && front->handleMenu(itemName)) return;
     auto handler = handlers_.find(itemName);
     if (handler != handlers_.end() && handler->second()) return;
@@ -68,7 +68,7 @@ void Application::doStandard(const MenuItem& item) {
     if (item.Name == "FileQuit") {
         Quit();
     } else if (item.Name == "FileClose") {
-        if (Window* front = Windows::open().front()) front->Close();
+        if (Window* front = Windows::get().front()) front->Close();
     } else if (item.Name.starts_with("Edit")) {
         Platform::current().performEdit(item.Name);
     }
@@ -76,12 +76,12 @@ void Application::doStandard(const MenuItem& item) {
 
 void Application::Quit() {
     Thread::killAll();
-    Windows::open().closeAll();
+    Windows::get().closeAll();
     Platform::current().exitLoop(0);
 }
 
 void Application::quitIfNothingIsLeft() {
-    if (Windows::open().all().empty() && !Thread::anyRunning()) Platform::current().exitLoop(0);
+    if (Windows::get().all().empty() && !Thread::anyRunning()) Platform::current().exitLoop(0);
 }
 
 }  // namespace bracken

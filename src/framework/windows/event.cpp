@@ -1,7 +1,7 @@
 #include "framework/windows/event.h"
 
 #include "framework/threads/baton.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/unhandled.h"
 #include "framework/windows/application.h"
@@ -43,7 +43,7 @@ void handleEvent(const std::function<void()>& work) {
 
 void handleAction(const std::function<void()>& work) {
     handleEvent([&] {
-        if (!MainCalls::instance().busy()) work();
+        if (!MainThreadCalls::instance().busy()) work();
     });
 }
 

@@ -11,7 +11,7 @@ Window::Window() : Title(*this, ""), Left(*this, 0), Top(*this, 0), Visible(*thi
 
 Window::~Window() = default;
 
-void Window::open() {
+void Window::setUp() {
     CreateControls();
     AddMenuHandlers();
     laidOut_ = true;
@@ -23,7 +23,7 @@ void Window::open() {
 void Window::Show() {
     if (closed_) return;
     Visible = true;
-    Windows::open().toFront(*this);
+    Windows::get().toFront(*this);
     Platform::current().bringToFront(*this);
 }
 
@@ -39,7 +39,7 @@ void Window::Close() {
     closed_ = true;
     Event_Close();
     for (Control* control : controls()) control->Event_Close();
-    Windows::open().remove(*this);
+    Windows::get().remove(*this);
 }
 
 PushButton* Window::defaultButton() const {

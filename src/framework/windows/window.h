@@ -76,7 +76,7 @@ class Window : public WindowContent {
   private:
     friend class Windows;
     // Sets the window up, opens it, shows it.
-    void open();
+    void setUp();
 
     std::map<std::string, MenuItem::Handler> menuHandlers_;
 };

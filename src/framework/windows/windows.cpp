@@ -18,7 +18,7 @@ auto position(std::vector<std::shared_ptr<Window>>& all, const Window& window) {
 
 }  // namespace
 
-Windows& Windows::open() {
+Windows& Windows::get() {
     static Windows windows;
     return windows;
 }
@@ -36,7 +36,7 @@ void Windows::add(const std::shared_ptr<Window>& window) {
     ScreenRect area = Platform::current().workArea();
     window->Left = area.left + (area.width - window->Width) / 2 + step;
     window->Top = area.top + (area.height - window->Height) / 3 + step;
-    window->open();
+    window->setUp();
     requestFrame();
 }
 

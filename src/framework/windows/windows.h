@@ -11,7 +11,7 @@ namespace bracken {
 // The open windows, front first; owns them. Holding the baton.
 class Windows {
   public:
-    static Windows& open();
+    static Windows& get();
 
     // The open window of class W: each class has one instance at most. Makes and opens one if there
     // is none, so a window that has closed comes up anew. While the process is quitting no window

@@ -12,7 +12,7 @@ namespace bracken {
 namespace {
 
 // Their results are short, and whoever reads them turns to the server again in between.
-bool comesWhole(const std::string& statement) {
+bool readsWhole(const std::string& statement) {
     return equal(Left(statement, 5), "show ") || equal(Left(statement, 9), "describe ");
 }
 
@@ -53,7 +53,7 @@ bool MySQLDatabase::Connect() {
 Ref<DatabaseCursor> MySQLDatabase::SQLSelect(const std::string& statement) {
     Connection::Answer answer{"There is no connection to a server.", nullptr};
     if (connection_ != nullptr) {
-        blocking([&] { answer = connection_->run(statement, comesWhole(statement)); },
+        blocking([&] { answer = connection_->run(statement, readsWhole(statement)); },
                  [&] { connection_->interrupt(); });
     }
     setOutcome(answer.error);

@@ -42,7 +42,7 @@ const StaticText* findLabel(const RectControl& control, Fits fits) {
 QString accessibleNameOf(const Window& window, const RectControl& control) {
     const StaticText* label = findLabel(control, isBeside);
     if (label == nullptr) label = findLabel(control, isAbove);
-    return shown(label != nullptr ? label->Caption.get() : window.Title.get());
+    return toQString(label != nullptr ? label->Caption.get() : window.Title.get());
 }
 
 }  // namespace bracken

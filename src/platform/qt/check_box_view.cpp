@@ -16,12 +16,12 @@ CheckBoxView::CheckBoxView(CheckBox& model, QWidget* parent)
 }
 
 void CheckBoxView::sync() {
-    setText(shownCaption(model_.Caption.get()));
+    setText(captionText(model_.Caption.get()));
     setChecked(model_.Value);
     QStyleOptionButton option;
     initStyleOption(&option);
     int room = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this).width();
-    setFont(fittedFont(parentWidget()->font(), shown(model_.Caption.get()), room));
+    setFont(fittedFont(parentWidget()->font(), toQString(model_.Caption.get()), room));
 }
 
 }  // namespace bracken

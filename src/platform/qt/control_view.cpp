@@ -8,10 +8,10 @@ namespace bracken {
 
 ControlView::ControlView(RectControl& control, QWidget& widget)
     : control_(control), widget_(widget) {
-    widget.setObjectName(shown(control.name()));
+    widget.setObjectName(toQString(control.name()));
 }
 
-void ControlView::takeOver(const QRect& content) {
+void ControlView::showModel(const QRect& content) {
     QRect place(control_.Left, control_.Top, std::max<int>(control_.Width, 0),
                 std::max<int>(control_.Height, 0));
     widget_.setGeometry(place);

@@ -22,7 +22,7 @@ class ControlView {
 
     // Takes the model over into the widget. A control that lies wholly outside `content` is hidden,
     // so that the focus cannot get there.
-    void takeOver(const QRect& content);
+    void showModel(const QRect& content);
 
   protected:
     // What the kind of control adds to it. Must not call back into the model's user... calls.

@@ -62,7 +62,9 @@ constexpr Command<QPlainTextEdit> textCommands[] = {
 
 constexpr Command<ListboxView> listCommands[] = {
     {"EditCopy", [](auto& view) { return view.list().ListIndex >= 0; },
-     [](auto& view) { QApplication::clipboard()->setText(shown(view.list().selectedRowText())); }},
+     [](auto& view) {
+         QApplication::clipboard()->setText(toQString(view.list().selectedRowText()));
+     }},
 };
 
 template <class Widget, size_t count>

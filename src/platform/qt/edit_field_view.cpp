@@ -19,7 +19,7 @@ void EditFieldView::sync() {
     if (model_.Text.get() == shown_) return;
     shown_ = model_.Text;
     QSignalBlocker quiet(this);
-    setText(shown(shown_));
+    setText(toQString(shown_));
 }
 
 void EditFieldView::userEdited() {

@@ -19,7 +19,7 @@ constexpr int narrowest = 2;
 ListModel::ListModel(const Listbox& list, QObject* parent)
     : QAbstractTableModel(parent), list_(list), metrics_(QFont()) {}
 
-void ListModel::takeOver() {
+void ListModel::showModel() {
     int columns = std::max<int>(list_.ColumnCount, 0);
     if (columns != columns_) {
         beginResetModel();
@@ -71,7 +71,7 @@ int ListModel::widthOf(const QModelIndex& index) const {
 
 QString ListModel::startOf(const QModelIndex& index, int limit) const {
     if (!index.isValid() || index.row() >= list_.ListCount()) return {};
-    return harmlessLine(shownStart(list_.cellText(index.row(), index.column()), limit));
+    return withoutLineControls(toQStringStart(list_.cellText(index.row(), index.column()), limit));
 }
 
 QString ListModel::start(const QModelIndex& index) const {
@@ -97,7 +97,7 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Qt::DisplayRole) return {};
-    return harmlessLine(shownStart(list_.Heading(section), shownLimit));
+    return withoutLineControls(toQStringStart(list_.Heading(section), shownLimit));
 }
 
 }  // namespace bracken

@@ -17,7 +17,7 @@ class ListModel : public QAbstractTableModel {
     ListModel(const Listbox& list, QObject* parent);
 
     // Tells the view the list's present rows, columns and headings.
-    void takeOver();
+    void showModel();
     // Pixels of a column: a cell's text ends a little beyond them, whatever follows in the cell.
     void setWidth(int column, int pixels);
     void setFontMetrics(const QFontMetrics& metrics) { metrics_ = metrics; }

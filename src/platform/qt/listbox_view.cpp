@@ -58,7 +58,7 @@ void ListboxView::sync() {
     if (verticalHeader()->defaultSectionSize() != rowHeight)
         verticalHeader()->setDefaultSectionSize(rowHeight);
     rows_.setFontMetrics(fontMetrics());
-    rows_.takeOver();
+    rows_.showModel();
     syncHeading();
     syncColumns();
     syncSelection();

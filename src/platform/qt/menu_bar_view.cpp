@@ -3,7 +3,7 @@
 #include <QKeySequence>
 
 #include "framework/text/text.h"
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 #include "framework/windows/application.h"
 #include "framework/windows/event.h"
 #include "framework/windows/windows.h"
@@ -15,7 +15,7 @@ namespace bracken {
 namespace {
 
 QKeySequence keys(const MenuItem& item) {
-    return QKeySequence(shown(ReplaceAll(item.Shortcut, "Cmd", "Ctrl")));
+    return QKeySequence(toQString(ReplaceAll(item.Shortcut, "Cmd", "Ctrl")));
 }
 
 bool isQuit(const MenuItem& item) {
@@ -28,7 +28,7 @@ MenuBarView::MenuBarView(const MenuBar& model, Window& window, QWidget* parent)
     : QMenuBar(parent), window_(window) {
     setNativeMenuBar(false);
     for (auto& item : model.items()) {
-        QMenu& menu = *addMenu(shown(item->Text));
+        QMenu& menu = *addMenu(toQString(item->Text));
         build(*item, menu);
         connect(&menu, &QMenu::aboutToShow, this, [this] { handleEvent([this] { refresh(); }); });
     }
@@ -39,14 +39,14 @@ void MenuBarView::build(const MenuItem& model, QMenu& menu) {
         if (item->Text == "-")
             menu.addSeparator();
         else if (!item->items().empty())
-            build(*item, *menu.addMenu(shown(item->Text)));
+            build(*item, *menu.addMenu(toQString(item->Text)));
         else
             addItem(*item, menu);
     }
 }
 
 void MenuBarView::addItem(const MenuItem& item, QMenu& menu) {
-    QAction* action = menu.addAction(shown(item.Text));
+    QAction* action = menu.addAction(toQString(item.Text));
     action->setShortcut(keys(item));
     connect(action, &QAction::triggered, this,
             [this, &item] { handleEvent([this, &item] { choose(item); }); });
@@ -59,8 +59,8 @@ void MenuBarView::choose(const MenuItem& item) {
         if (isQuit(item)) toolkit.quitStatement();
         return;
     }
-    if (MainCalls::instance().busy() && !isQuit(item)) return;
-    Windows::open().toFront(window_);
+    if (MainThreadCalls::instance().busy() && !isQuit(item)) return;
+    Windows::get().toFront(window_);
     Application::current()->userChoseMenu(item.Name);
 }
 

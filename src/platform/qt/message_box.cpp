@@ -46,8 +46,9 @@ MessageBox::MessageBox(const std::string& text, int code, const std::string& tit
     setIcon(question ? QMessageBox::Question : QMessageBox::Information);
     setTextFormat(Qt::PlainText);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setWindowTitle(title.empty() ? QStringLiteral("Bracken Lens") : harmlessLine(shown(title)));
-    QString whole = harmless(shownStart(text, detailsLimit));
+    setWindowTitle(title.empty() ? QStringLiteral("Bracken Lens")
+                                 : withoutLineControls(toQString(title)));
+    QString whole = withoutControls(toQStringStart(text, detailsLimit));
     QString visible = start(whole);
     bool all = visible.size() == whole.size();
     setText(breakLongWords(visible) + (all ? QString() : QStringLiteral("\u2026")));

@@ -25,7 +25,7 @@ void PopupMenuView::sync() {
 void PopupMenuView::syncRows() {
     QStringList rows;
     for (int row = 0; row < model_.ListCount(); row++)
-        rows << harmlessLine(shown(model_.List(row)));
+        rows << withoutLineControls(toQString(model_.List(row)));
     bool same = rows.size() == count();
     for (int row = 0; same && row < count(); row++) same = itemText(row) == rows[row];
     if (same) return;

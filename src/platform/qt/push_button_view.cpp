@@ -21,9 +21,9 @@ PushButtonView::PushButtonView(PushButton& model, QWidget* parent)
 }
 
 void PushButtonView::sync() {
-    setText(shownCaption(model_.Caption.get()));
+    setText(captionText(model_.Caption.get()));
     setDefault(model_.Default);
-    setFont(fittedFont(parentWidget()->font(), shown(model_.Caption.get()), width() - margins));
+    setFont(fittedFont(parentWidget()->font(), toQString(model_.Caption.get()), width() - margins));
 }
 
 }  // namespace bracken

@@ -32,7 +32,7 @@ ScreenRect rectOf(const QRect& rect) {
 }  // namespace
 
 QtPlatform::QtPlatform(int& argc, char** argv) : application_(argc, argv) {
-    application_.idle = [this] { views_.bury(); };
+    application_.idle = [this] { views_.destroyClosed(); };
     application_.beforeShortcut = [this] { views_.refreshMenus(); };
     QObject::connect(&application_, &QApplication::focusChanged, &views_,
                      [this](QWidget* /*old*/, QWidget* now) { rememberFocus(now); });
@@ -126,7 +126,7 @@ std::string QtPlatform::clipboardText() {
 }
 
 void QtPlatform::setClipboardText(const std::string& text) {
-    QGuiApplication::clipboard()->setText(shown(text));
+    QGuiApplication::clipboard()->setText(toQString(text));
 }
 
 void QtPlatform::watchScreen() {

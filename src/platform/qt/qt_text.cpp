@@ -41,14 +41,14 @@ bool isUtf8(std::string_view bytes) {
     return QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
 }
 
-QString shown(std::string_view bytes) {
+QString toQString(std::string_view bytes) {
     auto size = static_cast<qsizetype>(bytes.size());
     return isUtf8(bytes) ? QString::fromUtf8(bytes.data(), size)
                          : QString::fromLatin1(bytes.data(), size);
 }
 
-QString shownStart(std::string_view bytes, int limit) {
-    QString text = shown(cut(bytes, static_cast<size_t>(limit) * bytesPerUnit));
+QString toQStringStart(std::string_view bytes, int limit) {
+    QString text = toQString(cut(bytes, static_cast<size_t>(limit) * bytesPerUnit));
     if (text.size() <= limit) return text;
     return text.left(text.at(limit).isLowSurrogate() ? limit - 1 : limit);
 }
@@ -57,15 +57,15 @@ std::string bytesOf(const QString& text) {
     return text.toStdString();
 }
 
-QString shownCaption(std::string_view bytes) {
-    return shown(bytes).replace(u'&', QStringLiteral("&&"));
+QString captionText(std::string_view bytes) {
+    return toQString(bytes).replace(u'&', QStringLiteral("&&"));
 }
 
-QString harmless(const QString& text) {
+QString withoutControls(const QString& text) {
     return replaceControls(text, false);
 }
 
-QString harmlessLine(const QString& text) {
+QString withoutLineControls(const QString& text) {
     return replaceControls(text, true);
 }
 

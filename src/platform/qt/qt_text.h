@@ -10,17 +10,17 @@ namespace bracken {
 // UTF-8 are shown as such, any others as Latin-1.
 
 bool isUtf8(std::string_view bytes);
-QString shown(std::string_view bytes);
+QString toQString(std::string_view bytes);
 // The start of the text, at most `limit` UTF-16 units of it, without reading the rest.
-QString shownStart(std::string_view bytes, int limit);
+QString toQStringStart(std::string_view bytes, int limit);
 // What the model gets for a text that the user typed: UTF-8.
 std::string bytesOf(const QString& text);
 
 // As shown, "&" made literal where the toolkit reads it as a mnemonic.
-QString shownCaption(std::string_view bytes);
+QString captionText(std::string_view bytes);
 // Control characters but line ends and tabs replaced by visible signs.
-QString harmless(const QString& text);
+QString withoutControls(const QString& text);
 // For one line: line ends and tabs become blanks as well.
-QString harmlessLine(const QString& text);
+QString withoutLineControls(const QString& text);
 
 }  // namespace bracken

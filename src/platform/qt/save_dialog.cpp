@@ -16,12 +16,12 @@ QString pathOf(const std::string& bytes) {
 }  // namespace
 
 SaveDialog::SaveDialog(const SaveQuestion& question)
-    : QFileDialog(QApplication::activeWindow(), shown(question.title)) {
+    : QFileDialog(QApplication::activeWindow(), toQString(question.title)) {
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
-    setLabelText(FileName, shown(question.prompt));
+    setLabelText(FileName, toQString(question.prompt));
     if (!question.filter.empty())
-        setNameFilters({QStringLiteral("*.") + shown(question.filter), QStringLiteral("*")});
+        setNameFilters({QStringLiteral("*.") + toQString(question.filter), QStringLiteral("*")});
     if (!question.folder.empty()) setDirectory(pathOf(question.folder));
     selectFile(pathOf(question.name));
 }

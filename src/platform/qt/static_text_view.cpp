@@ -15,7 +15,7 @@ StaticTextView::StaticTextView(StaticText& model, QWidget* parent)
 }
 
 void StaticTextView::sync() {
-    setText(harmless(shown(model_.Caption.get())));
+    setText(withoutControls(toQString(model_.Caption.get())));
 }
 
 void StaticTextView::paintEvent(QPaintEvent* /*event*/) {

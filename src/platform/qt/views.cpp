@@ -30,7 +30,7 @@ void Views::bringToFront(Window& window) {
 
 QWidget* Views::front() {
     frame();
-    Window* window = Windows::open().front();
+    Window* window = Windows::get().front();
     return window != nullptr ? viewOf(*window) : nullptr;
 }
 
@@ -73,7 +73,7 @@ void Views::dropClosed() {
 }
 
 void Views::addOpened() {
-    for (auto& window : Windows::open().all())
+    for (auto& window : Windows::get().all())
         if (window->laidOut() && !window->closed() && viewOf(*window) == nullptr)
             views_.push_back(std::make_unique<WindowView>(window));
 }
@@ -89,7 +89,7 @@ void Views::refreshMenus() {
     if (active != nullptr && !active->model().closed()) active->refreshMenus();
 }
 
-void Views::bury() {
+void Views::destroyClosed() {
     // Not destroyed here: the toolkit may be on its way back from one of them.
     for (auto& view : std::exchange(closed_, {})) view.release()->deleteLater();
 }

@@ -29,7 +29,7 @@ class Views : public QObject {
     void refreshMenus();
     // Destroys the views of closed windows, as an event of its own. Without the baton, while no
     // handler is under way.
-    void bury();
+    void destroyClosed();
     // Destroys all views.
     void clear();
 

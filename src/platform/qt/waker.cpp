@@ -4,7 +4,7 @@
 #include <QEvent>
 #include <chrono>
 
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 
 namespace bracken {
 
@@ -28,7 +28,7 @@ bool Waker::waitBriefly(const std::atomic<bool>& done) {
 
 void Waker::customEvent(QEvent* /*event*/) {
     posted_.store(false);
-    MainCalls::instance().run();
+    MainThreadCalls::instance().run();
 }
 
 }  // namespace bracken

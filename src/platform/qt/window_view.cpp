@@ -89,14 +89,14 @@ void WindowView::sync() {
     if (windowChanged) syncWindow();
     QRect content(0, 0, window_->Width, window_->Height);
     for (ControlView* view : controls_)
-        if (view->control().takeDirty() || windowChanged) view->takeOver(content);
+        if (view->control().takeDirty() || windowChanged) view->showModel(content);
     if (fresh_) refreshMenus();
     fresh_ = false;
     if (windowChanged) showAsModel();
 }
 
 void WindowView::syncWindow() {
-    setWindowTitle(harmlessLine(shown(window_->Title.get())));
+    setWindowTitle(withoutLineControls(toQString(window_->Title.get())));
     frame_->setMenuHeight(menuHeight());
     frame_->apply();
     for (ControlView* view : controls_) {
@@ -132,7 +132,7 @@ void WindowView::refreshMenus() {
 
 bool WindowView::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate && !window_->closed()) {
-        Windows::open().toFront(*window_);
+        Windows::get().toFront(*window_);
         refreshMenus();
     }
     return QWidget::event(event);

@@ -12,7 +12,7 @@ constexpr int modalDialog = 2;
 }  // namespace
 
 class winConfirm& winConfirm() {
-    return Windows::open().instance<class winConfirm>();
+    return Windows::get().instance<class winConfirm>();
 }
 
 bool winConfirm::init() {

@@ -6,7 +6,7 @@
 namespace bracken {
 
 class winPreferences& winPreferences() {
-    return Windows::open().instance<class winPreferences>();
+    return Windows::get().instance<class winPreferences>();
 }
 
 bool App::_Preferences_Action() {

@@ -45,7 +45,7 @@ std::string widthText(const std::vector<int>& widths, int columns) {
 }  // namespace
 
 class winViewData& winViewData() {
-    return Windows::open().instance<class winViewData>();
+    return Windows::get().instance<class winViewData>();
 }
 
 void winViewData::init(const std::string& table) {

@@ -28,7 +28,7 @@ std::string separatorOf(const std::vector<std::string>& paths) {
 }  // namespace
 
 class winViewScript& winViewScript() {
-    return Windows::open().instance<class winViewScript>();
+    return Windows::get().instance<class winViewScript>();
 }
 
 void winViewScript::init(int row) {

@@ -18,7 +18,7 @@ constexpr int heightWithFolder = 400;
 }  // namespace
 
 class winLogin& winLogin() {
-    return Windows::open().instance<class winLogin>();
+    return Windows::get().instance<class winLogin>();
 }
 
 void winLogin::Event_Open() {

@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-#include "program/results/file_entry.h"
+#include "program/results/result_recorder.h"
 
 namespace bracken {
 
@@ -11,7 +11,7 @@ namespace bracken {
 // tick of the system's clock: to ask at each entry would cost as much as half the reading.
 class FolderCount {
   public:
-    FolderCount(FileEntry& entry, FolderItem& folder) : entry_(entry), folder_(folder) {}
+    FolderCount(ResultRecorder& entry, FolderItem& folder) : entry_(entry), folder_(folder) {}
 
     // The number of entries, as far as the entry of number `next` has to know.
     int count(int next) {
@@ -25,7 +25,7 @@ class FolderCount {
     }
 
   private:
-    FileEntry& entry_;
+    ResultRecorder& entry_;
     FolderItem& folder_;
     struct timespec asked_ = {};
     int known_ = 0;

@@ -1,8 +1,8 @@
 #include "program/results/long_process_thread.h"
 
 #include "framework/text/text.h"
-#include "program/results/file_entry.h"
 #include "program/results/folder_count.h"
+#include "program/results/result_recorder.h"
 #include "scan/extension_filter.h"
 
 namespace bracken {
@@ -11,7 +11,7 @@ namespace {
 
 // The folder as a walk finds it: an entry that went before the walk is none of it.
 Ref<FolderItem> foundAnew(const Ref<FolderItem>& folder) {
-    return folder == nullptr ? folder : folder->another();
+    return folder == nullptr ? folder : folder->copy();
 }
 
 }  // namespace
@@ -29,7 +29,7 @@ void LongProcessThread::Event_Run() {
 }
 
 void LongProcessThread::countAndSearch() {
-    FileEntry entry(*context_);
+    ResultRecorder entry(*context_);
     entry_ = &entry;
     context_->lblProgress().Caption = "Gathering Files...";
     Ref<FolderItem> folder = foundAnew(context_->folder());

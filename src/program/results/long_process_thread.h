@@ -12,7 +12,7 @@
 
 namespace bracken {
 
-class FileEntry;
+class ResultRecorder;
 
 // The scan: counts the files under the folder, then walks it again, searches each file that passes
 // the extension list for every table name in column 0 of the list, and enters the file into the
@@ -40,7 +40,7 @@ class LongProcessThread : public Thread {
 
     const std::unique_ptr<RunContext> context_;
     // That of the latest run; a killed run unwinds without a look at it.
-    FileEntry* entry_ = nullptr;
+    ResultRecorder* entry_ = nullptr;
 };
 
 }  // namespace bracken

@@ -39,7 +39,7 @@ Ref<LongProcessThread> theThread() {
 }  // namespace
 
 class winResults& winResults() {
-    return Windows::open().instance<class winResults>();
+    return Windows::get().instance<class winResults>();
 }
 
 winResults::winResults() : LongProcessThread1(theThread()) {}

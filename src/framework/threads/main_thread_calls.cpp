@@ -1,4 +1,4 @@
-#include "framework/threads/main_calls.h"
+#include "framework/threads/main_thread_calls.h"
 
 #include <algorithm>
 #include <thread>
@@ -19,12 +19,12 @@ bool isMainThread() {
     return std::this_thread::get_id() == mainThread;
 }
 
-MainCalls& MainCalls::instance() {
-    static MainCalls calls;
+MainThreadCalls& MainThreadCalls::instance() {
+    static MainThreadCalls calls;
     return calls;
 }
 
-void MainCalls::call(const std::function<void()>& work) {
+void MainThreadCalls::call(const std::function<void()>& work) {
     if (isMainThread()) {
         work();
         return;
@@ -39,7 +39,7 @@ void MainCalls::call(const std::function<void()>& work) {
     if (call.error) std::rethrow_exception(call.error);
 }
 
-void MainCalls::run() {
+void MainThreadCalls::run() {
     while (!waiting_.empty() && current_ == nullptr && !inStatement_) {
         current_ = waiting_.front();
         waiting_.pop_front();
@@ -52,7 +52,7 @@ void MainCalls::run() {
     }
 }
 
-void MainCalls::dropKilled() {
+void MainThreadCalls::dropKilled() {
     if (current_ != nullptr && *current_->killed) Platform::current().closeMessageBox();
     auto firstKilled = std::stable_partition(waiting_.begin(), waiting_.end(),
                                              [](Call* call) { return !*call->killed; });
@@ -63,18 +63,18 @@ void MainCalls::dropKilled() {
 
 int messageBox(const std::string& text, int code, const std::string& title) {
     int answer = 0;
-    MainCalls::instance().call([&] {
+    MainThreadCalls::instance().call([&] {
         answer = withoutBaton([&] { return Platform::current().messageBox(text, code, title); });
     });
     return answer;
 }
 
-bool MainCalls::busy() const {
+bool MainThreadCalls::busy() const {
     return inStatement_ || current_ != nullptr ||
            std::any_of(waiting_.begin(), waiting_.end(), [](Call* call) { return !*call->killed; });
 }
 
-void MainCalls::setInStatement(bool inStatement) {
+void MainThreadCalls::setInStatement(bool inStatement) {
     inStatement_ = inStatement;
     if (!inStatement && !waiting_.empty()) Platform::current().wake();
 }

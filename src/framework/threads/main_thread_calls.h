@@ -16,9 +16,9 @@ bool isMainThread();
 // Calls that a run has carried out on the main thread: boxes, the alert sound. The run waits
 // without the baton; afterwards the baton goes straight back to it, ahead of the next event. All
 // members are called holding the baton.
-class MainCalls {
+class MainThreadCalls {
   public:
-    static MainCalls& instance();
+    static MainThreadCalls& instance();
 
     // Runs `work` on the main thread and returns when it is done; on the main thread at once. An
     // exception out of `work` is passed on. Leaves the run if it is killed meanwhile.

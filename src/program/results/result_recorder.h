@@ -14,9 +14,9 @@ namespace bracken {
 
 // Enters the files of one run into the rows of the list that name them. Lives on the run's thread,
 // holding the baton.
-class FileEntry {
+class ResultRecorder {
   public:
-    explicit FileEntry(RunContext& context) : context_(context) {}
+    explicit ResultRecorder(RunContext& context) : context_(context) {}
 
     // Begins to read ahead from the folder, if nothing is being read ahead there with these
     // extensions.

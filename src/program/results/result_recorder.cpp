@@ -1,4 +1,4 @@
-#include "program/results/file_entry.h"
+#include "program/results/result_recorder.h"
 
 #include <algorithm>
 #include <atomic>
@@ -10,7 +10,7 @@
 
 namespace bracken {
 
-const std::shared_ptr<const TableNames>& FileEntry::table() {
+const std::shared_ptr<const TableNames>& ResultRecorder::table() {
     Listbox& list = context_.lstResults();
     if (table_ == nullptr || !rows_.update(list, table_)) {
         table_ = tableNamesOf(list);
@@ -19,24 +19,24 @@ const std::shared_ptr<const TableNames>& FileEntry::table() {
     return table_;
 }
 
-void FileEntry::enterFolder(const Ref<FolderItem>& folder, const std::string& extensions) {
+void ResultRecorder::enterFolder(const Ref<FolderItem>& folder, const std::string& extensions) {
     if (gaveWay_) return;
     if (ahead_ != nullptr && ahead_->covers(folder->AbsolutePath(), extensions)) return;
     stopReadingAhead();
     ahead_ = std::make_unique<ReadAhead>(folder, extensions, table());
 }
 
-void FileEntry::leaveFolder(const FolderItem& folder) {
+void ResultRecorder::leaveFolder(const FolderItem& folder) {
     if (ahead_ != nullptr && ahead_->root() == folder.AbsolutePath()) stopReadingAhead();
 }
 
-void FileEntry::stopReadingAhead() {
+void ResultRecorder::stopReadingAhead() {
     ahead_.reset();
     Thread::leaveIfKilled();
 }
 
 template <class Call>
-auto FileEntry::givingWay(const Call& call) {
+auto ResultRecorder::givingWay(const Call& call) {
     try {
         return call();
     } catch (const UnreadableException& error) {
@@ -48,11 +48,11 @@ auto FileEntry::givingWay(const Call& call) {
     return call();
 }
 
-int FileEntry::count(FolderItem& folder) {
+int ResultRecorder::count(FolderItem& folder) {
     return givingWay([&] { return folder.Count(); });
 }
 
-FoundNames FileEntry::searchHere(const FolderItem& file) {
+FoundNames ResultRecorder::searchHere(const FolderItem& file) {
     std::shared_ptr<const TableNames> names = table();
     Matcher::Hits hits;
     hits.clear(names->matcher().nameCount());
@@ -66,7 +66,7 @@ FoundNames FileEntry::searchHere(const FolderItem& file) {
     return {names, hits.names()};
 }
 
-FoundNames FileEntry::search(const FolderItem& file) {
+FoundNames ResultRecorder::search(const FolderItem& file) {
     if (ahead_ != nullptr) {
         std::optional<FoundNames> found = ahead_->take(file.AbsolutePath());
         if (found) return *std::move(found);
@@ -74,7 +74,7 @@ FoundNames FileEntry::search(const FolderItem& file) {
     return givingWay([&] { return searchHere(file); });
 }
 
-FoundNames FileEntry::searchAgain(const FolderItem& file) {
+FoundNames ResultRecorder::searchAgain(const FolderItem& file) {
     try {
         return givingWay([&] { return searchHere(file); });
     } catch (const UnreadableException& error) {
@@ -84,14 +84,14 @@ FoundNames FileEntry::searchAgain(const FolderItem& file) {
     return {table(), {}};
 }
 
-void FileEntry::update(FoundNames& found, const FolderItem& file) {
+void ResultRecorder::update(FoundNames& found, const FolderItem& file) {
     while (!rows_.update(context_.lstResults(), found.table)) {
         found = searchAgain(file);
         stopReadingAhead();
     }
 }
 
-void FileEntry::enter(const FolderItem& file) {
+void ResultRecorder::enter(const FolderItem& file) {
     FoundNames found = search(file);
     const std::string name = file.Name();
     const std::string& path = file.AbsolutePath();
