@@ -5,7 +5,7 @@
 
 #include "framework/controls/window_content.h"
 #include "framework/dialogs/dialogs.h"
-#include "framework/graphics/screen.h"
+#include "framework/graphics/picture.h"
 #include "framework/text/text.h"
 
 namespace bracken {

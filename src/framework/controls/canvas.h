@@ -1,8 +1,7 @@
 #pragma once
 
 #include "framework/controls/control.h"
-#include "framework/graphics/graphics.h"
-#include "framework/graphics/pixels.h"
+#include "framework/graphics/picture.h"
 
 namespace bracken {
 

@@ -1,10 +1,10 @@
-#include "framework/graphics/bitmap_face.h"
+#include "framework/graphics/bitmap_font.h"
 
-namespace bracken::face {
+namespace bracken::bitmap_font {
 
 namespace {
 
-constexpr int first = 32;
+constexpr int firstCharacter = 32;
 
 // The printable ASCII characters in order.
 // clang-format off
@@ -111,8 +111,8 @@ constexpr Glyph unknown = {5, {0x7f, 0x41, 0x41, 0x41, 0x7f}};
 
 }  // namespace
 
-const Glyph& glyph(char letter) {
-    int index = static_cast<unsigned char>(letter) - first;
+const Glyph& glyph(char character) {
+    int index = static_cast<unsigned char>(character) - firstCharacter;
     bool known = index >= 0 && index < static_cast<int>(glyphs.size());
     return known ? glyphs[static_cast<size_t>(index)] : unknown;
 }
@@ -121,4 +121,4 @@ int advance(const Glyph& glyph, bool bold) {
     return glyph.width + 1 + (bold ? 1 : 0);
 }
 
-}  // namespace bracken::face
+}  // namespace bracken::bitmap_font
