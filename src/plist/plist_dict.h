@@ -11,8 +11,8 @@
 #include "framework/files/text_output_stream.h"
 #include "framework/graphics/color.h"
 #include "framework/ref.h"
-#include "framework/text/variant.h"
 #include "framework/values/date.h"
+#include "framework/values/variant.h"
 #include "plist/child_list.h"
 
 namespace bracken {

@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "framework/dialogs/dialogs.h"
-#include "framework/text/end_of_line.h"
 #include "framework/text/text.h"
 #include "splitter/smart_splitter.h"
 

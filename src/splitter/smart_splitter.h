@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "framework/controls/canvas.h"
-#include "framework/text/variant.h"
+#include "framework/values/variant.h"
 #include "splitter/axis.h"
 #include "splitter/dimple.h"
 

@@ -1,4 +1,4 @@
-#include "framework/text/variant.h"
+#include "framework/values/variant.h"
 
 #include <array>
 

@@ -8,7 +8,7 @@
 
 namespace bracken {
 
-// A value of one of several types.
+// A value of one of several types, or empty.
 class Variant {
   public:
     Variant() = default;
@@ -20,7 +20,7 @@ class Variant {
     Variant(std::string value) : value_(std::move(value)) {}
     Variant(const char* value) : value_(std::string(value)) {}
 
-    // Nothing is 0, a text what CDbl makes of it, true is 1.
+    // 0 for an empty Variant, 1 for true, CDbl of a text.
     double DoubleValue() const;
     std::string StringValue() const;
     // DoubleValue as a whole number.
@@ -33,9 +33,9 @@ class Variant {
     std::variant<std::monostate, int32_t, int64_t, float, double, bool, std::string> value_;
 };
 
-// 0 nothing, 2 and 3 whole numbers of 32 and 64 bits, 4 single, 5 double, 8 text, 11 truth value.
+// 0 empty, 2 int32_t, 3 int64_t, 4 float, 5 double, 8 text, 11 bool.
 int VarType(const Variant& value);
-// Whether it is a number, or a text that is a decimal number as a whole.
+// Whether it is a number, or a text that is as a whole a decimal number.
 bool IsNumeric(const Variant& value);
 
 }  // namespace bracken
