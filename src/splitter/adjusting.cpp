@@ -78,8 +78,8 @@ bool SmartSplitter::isOverlapped(const Attached& entry) const {
                         : axis().position(control) < axis().farEdge(*this) - margin;
 }
 
-// Attached splitters of the same orientation update their own limits and controls. One that behaves
-// doesn't call this, so only one level is reached and cycles end.
+// Lets attached splitters of the same orientation update their own limits and controls. One that
+// behaves doesn't call this, so only one level is reached and cycles end.
 void SmartSplitter::adjustNestedSplitters() {
     for (size_t i = 0; i < attached.size(); ++i) {
         auto* splitter = dynamic_cast<SmartSplitter*>(attached[i].control);

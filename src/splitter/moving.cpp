@@ -8,7 +8,7 @@ namespace bracken {
 
 namespace {
 
-// A double, or a value that is 0 or 1 as a whole number: the ends of the range.
+// A double, or a value that truncates to 0 or 1, the ends of the range.
 bool isProportion(const Variant& value) {
     constexpr int doubleType = 5;
     int whole = value.IntegerValue();
