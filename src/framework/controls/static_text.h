@@ -13,6 +13,8 @@ class StaticText : public RectControl {
     Property<std::string> Caption;
     // Whether the text wraps over several lines.
     bool MultiLine = false;
+    // Whether a text that is too long shows its end instead of its start.
+    bool showsEnd = false;
 };
 
 }  // namespace bracken
