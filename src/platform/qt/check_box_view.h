@@ -14,6 +14,7 @@ class CheckBoxView : public QCheckBox, public ControlView {
 
   protected:
     void sync() override;
+    void initStyleOption(QStyleOptionButton* option) const override;
 
   private:
     CheckBox& model_;
