@@ -11,11 +11,12 @@ Window::Window() : Title(*this, ""), Left(*this, 0), Top(*this, 0), Visible(*thi
 
 Window::~Window() = default;
 
-void Window::setUp() {
+void Window::setUp(int width, int height) {
     CreateControls();
     AddMenuHandlers();
     laidOut_ = true;
     for (Control* control : controls()) control->Event_Open();
+    resize(width, height);
     Event_Open();
     if (Visible && !closed_) Show();
 }

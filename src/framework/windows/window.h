@@ -59,7 +59,7 @@ class Window : public WindowContent {
     void userResized(int width, int height);
     // The close box.
     void userClosed();
-    // Return, anywhere a control does not take it itself.
+    // Return, anywhere a control does not take it itself, as a button with the focus does.
     void userPressedReturn();
 
     virtual void Event_EnableMenuItems() {}
@@ -75,8 +75,9 @@ class Window : public WindowContent {
 
   private:
     friend class Windows;
-    // Sets the window up, opens it, shows it.
-    void setUp();
+    // Sets the window up, opens it with this size, shows it. Where that is not the size of the
+    // layout, the controls follow as when the user resizes.
+    void setUp(int width, int height);
 
     std::map<std::string, MenuItem::Handler> menuHandlers_;
 };

@@ -32,6 +32,7 @@ class winViewScript : public Window {
   protected:
     void Layout() override;
     void CreateControls() override;
+    void Event_Open() override;
     void Event_Resized() override;
     void Event_Close() override;
 
