@@ -5,7 +5,10 @@
 namespace bracken {
 
 PushButton::PushButton(WindowContent& window, std::string name)
-    : RectControl(window, std::move(name)), Caption(*this, ""), Default(*this, false) {}
+    : RectControl(window, std::move(name)),
+      Caption(*this, ""),
+      Default(*this, false),
+      toolTip(*this, "") {}
 
 void PushButton::userPressed() {
     if (!usable() || window().closed() || !Action) return;

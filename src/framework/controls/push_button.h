@@ -12,8 +12,10 @@ class PushButton : public RectControl {
     PushButton(WindowContent& window, std::string name);
 
     Property<std::string> Caption;
-    // Whether Return presses it.
+    // Whether Return presses it, while no other button has the focus.
     Property<bool> Default;
+    // Shown under the mouse; "" for nothing.
+    Property<std::string> toolTip;
 
     std::function<void()> Action;
 

@@ -121,7 +121,7 @@ void WindowView::showAsModel() {
 
 void WindowView::bringToFront() {
     if (!window_->Visible) return;
-    if (isMinimized()) showNormal();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
 }

@@ -62,6 +62,8 @@ class winResults : public Window {
     void attachHandlers();
 
     void lstResults_Change();
+    // Says in full which table of which database Drop Table would drop.
+    void nameTableToDrop();
     void LongProcessThread1_Finished();
     void butCancelRun_Action();
     // The actions on results.
