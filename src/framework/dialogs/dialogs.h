@@ -10,8 +10,8 @@ namespace bracken {
 // Dialogs, callable from the main thread and from a run, holding the baton; they block the caller
 // until the user has answered, while other threads go on.
 
-// Shows a message. Code 0: one button, OK, result 1. Code 36: Yes and No with a question icon, No
-// being the default; result 6 for Yes, 7 for No.
+// Shows a message. Code 0: one button, OK, result 1; code 16: the same with the icon of an error.
+// Code 36: Yes and No with a question icon, No being the default; result 6 for Yes, 7 for No.
 int MsgBox(const std::string& text, int code = 0, const std::string& title = "");
 
 // The system's alert sound.

@@ -10,6 +10,8 @@ class Window;
 // The codes that MsgBox takes and gives.
 struct BoxCode {
     static constexpr int ok = 0;
+    // As ok, with the icon of an error.
+    static constexpr int error = 16;
     static constexpr int yesNoQuestion = 36;
     static constexpr int okPressed = 1;
     static constexpr int yesPressed = 6;

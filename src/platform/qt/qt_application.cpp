@@ -9,6 +9,19 @@
 
 namespace bracken {
 
+namespace {
+
+// The mouse shows for a scope that the program takes no input.
+class BusyCursor {
+  public:
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};
+
+}  // namespace
+
 QtApplication::QtApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setQuitOnLastWindowClosed(false);
 }
@@ -27,6 +40,7 @@ void QtApplication::spin(const std::function<void()>& loop) {
 
 bool QtApplication::pumpUntil(const std::atomic<bool>& done) {
     quitChosen_ = false;
+    BusyCursor cursor;
     spin([&] {
         inStatement_ = true;
         processEvents();
