@@ -85,7 +85,7 @@ TEST(Dictionary, BehavesAsAPlainListOfPairs) {
 
 TEST(Dictionary, RaisesForWhatItDoesNotHold) {
     Dictionary<std::string> dictionary;
-    EXPECT_THROW(dictionary.Value("a"), KeyNotFoundException);
+    EXPECT_THROW(dictionary.Remove("a"), KeyNotFoundException);
     EXPECT_THROW(dictionary.Key(0), IndexOutOfRangeException);
     dictionary.Value("A", "1");
     EXPECT_EQ(dictionary.Value("a"), "1");
@@ -93,7 +93,7 @@ TEST(Dictionary, RaisesForWhatItDoesNotHold) {
     EXPECT_THROW(dictionary.RemoveAt(-1), IndexOutOfRangeException);
     dictionary.Clear();
     EXPECT_FALSE(dictionary.HasKey("A"));
-    EXPECT_EQ(dictionary.Count(), 0);
+    EXPECT_THROW(dictionary.Remove("A"), KeyNotFoundException);
 }
 
 // Bytes that differ only in bit 0x20 are different keys unless they are letters.
