@@ -16,12 +16,13 @@ namespace bracken {
 // A hash that is the same for keys that differ in the case of ASCII letters only.
 uint32_t foldedHash(std::string_view key);
 
-// Insertion-ordered map from text to V, looked up without regard to ASCII letter case. A key set
-// again keeps its first spelling and place; one removed and set again goes to the end. A key may be
-// added more than once; what looks it up means its first entry then.
+// Insertion-ordered map from text to V, looked up without regard to ASCII letter case.
+// - A key set again keeps its first spelling and place.
+// - A key removed and set again goes to the end.
+// - A key may be added more than once; looking it up finds its first entry.
 //
-// A removal leaves a hole. The next access by position closes all holes, which takes as long as
-// there are entries; everything else takes near-constant time. References and positions are valid
+// A removal leaves a hole. The next access by position closes all holes, in linear time; everything
+// else takes near-constant time. References and positions are valid
 // until the dictionary changes or, after a removal, is accessed by position.
 template <class V>
 class Dictionary {
@@ -36,25 +37,25 @@ class Dictionary {
     }
     // The value, null for a missing key.
     const V* find(std::string_view key) const {
-        const uint32_t slot = firstSlot(key, foldedHash(key));
+        uint32_t slot = firstSlot(key, foldedHash(key));
         return slot == none ? nullptr : &entries_[slot].value;
     }
     // Inserts or replaces.
     void Value(std::string_view key, V value) {
-        const uint32_t hash = foldedHash(key);
-        const uint32_t slot = firstSlot(key, hash);
+        uint32_t hash = foldedHash(key);
+        uint32_t slot = firstSlot(key, hash);
         if (slot == none) {
             append(key, hash, std::move(value));
         } else {
             entries_[slot].value = std::move(value);
         }
     }
-    // Adds an entry at the end, for a key that is there already too.
+    // Adds an entry at the end, even if there is one of that key.
     void add(std::string_view key, V value) { append(key, foldedHash(key), std::move(value)); }
 
     // Removes the last entry of the key; KeyNotFoundException for a missing one.
     void Remove(std::string_view key) {
-        const uint32_t first = firstSlot(key, foldedHash(key));
+        uint32_t first = firstSlot(key, foldedHash(key));
         if (first == none) throw KeyNotFoundException(std::string(key));
         remove(table_[placeOf(key, entries_[first].hash)].slot);
     }
@@ -74,7 +75,7 @@ class Dictionary {
         return static_cast<int>(firstSlot(key, foldedHash(key)));
     }
     int nextPosition(int i) const {
-        const auto next = static_cast<int>(at(i).next);
+        auto next = static_cast<int>(at(i).next);
         return next > i ? next : -1;
     }
 
@@ -89,8 +90,8 @@ class Dictionary {
         V value = V();
     };
 
-    // Leads to the last entry of a key. The hash stands here too, so that a step over another key
-    // doesn't reach for its entry.
+    // Leads to the last entry of a key. Holds the hash too, so that a probe past another key does
+    // not read its entry.
     struct Place {
         uint32_t hash = 0;
         uint32_t slot = none;
@@ -107,7 +108,7 @@ class Dictionary {
 
     uint32_t firstSlot(std::string_view key, uint32_t hash) const {
         if (entries_.empty()) return none;
-        const uint32_t last = table_[placeOf(key, hash)].slot;
+        uint32_t last = table_[placeOf(key, hash)].slot;
         return last == none ? none : entries_[last].next;
     }
 
@@ -118,7 +119,7 @@ class Dictionary {
     }
 
     void append(std::string_view key, uint32_t hash, V value) {
-        const auto slot = static_cast<uint32_t>(entries_.size());
+        auto slot = static_cast<uint32_t>(entries_.size());
         entries_.push_back({std::string(key), hash, slot, std::move(value)});
         if (entries_.size() * 4 > table_.size() * 3) {
             rebuild();
@@ -136,7 +137,7 @@ class Dictionary {
     }
 
     void remove(uint32_t slot) {
-        const size_t place = placeOf(entries_[slot].key, entries_[slot].hash);
+        size_t place = placeOf(entries_[slot].key, entries_[slot].hash);
         uint32_t before = slot;
         while (entries_[before].next != slot) before = entries_[before].next;
         entries_[before].next = entries_[slot].next;
@@ -150,9 +151,9 @@ class Dictionary {
         if (holes_ > entries_.size() / 2) closeHoles();
     }
 
-    // What stepped over the place moves up, or it would not be found any more.
+    // Moves up what had probed past the place, or it would not be found any more.
     void freePlace(size_t place) {
-        const size_t mask = table_.size() - 1;
+        size_t mask = table_.size() - 1;
         for (size_t at = (place + 1) & mask; table_[at].slot != none; at = (at + 1) & mask) {
             if (((at - table_[at].hash) & mask) < ((at - place) & mask)) continue;
             table_[place] = table_[at];
@@ -165,7 +166,7 @@ class Dictionary {
         if (holes_ > 0) rebuild();
     }
 
-    // Closes the holes and makes the table anew, with room for twice the entries.
+    // Closes the holes and fills a new table, with room for twice the entries.
     void rebuild() const {
         if (holes_ > 0) {
             std::erase_if(entries_, [](const Entry& entry) { return entry.next == none; });
@@ -175,9 +176,9 @@ class Dictionary {
         for (uint32_t slot = 0; slot < entries_.size(); ++slot) link(slot);
     }
 
-    // Holes are closed by those who only look.
+    // Mutable since reading by position closes the holes.
     mutable std::vector<Entry> entries_;
-    // Open addressing by linear steps.
+    // Open addressing with linear probing.
     mutable std::vector<Place> table_;
     mutable size_t holes_ = 0;
 };
