@@ -1,8 +1,7 @@
-#include "framework/checked.h"
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
-#include "framework/controls/radio_button.h"
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
+#include "framework/ref.h"
 #include "plist/plist_dict.h"
 
 namespace bracken {

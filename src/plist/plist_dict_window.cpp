@@ -1,4 +1,4 @@
-#include "framework/checked.h"
+#include "framework/ref.h"
 #include "framework/text/text.h"
 #include "framework/windows/window.h"
 #include "plist/plist_dict.h"
