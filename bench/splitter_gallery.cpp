@@ -2,10 +2,9 @@
 //
 //     splitter_gallery
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/push_button.h"
 #include "framework/windows/application.h"
 #include "framework/windows/windows.h"
 #include "platform/qt/qt_platform.h"

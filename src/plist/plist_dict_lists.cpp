@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "framework/checked.h"
 #include "framework/controls/listbox.h"
 #include "framework/controls/popup_menu.h"
+#include "framework/ref.h"
 #include "framework/text/text.h"
 #include "plist/plist_dict.h"
 

@@ -1,4 +1,4 @@
-#include "framework/dialogs/clipboard.h"
+#include "framework/dialogs/dialogs.h"
 #include "plist/plist.h"
 #include "plist/tree_lines.h"
 

@@ -1,12 +1,11 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "framework/checked.h"
-#include "framework/controls/line.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/tab_panel.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/dialogs/dialogs.h"
 #include "framework/exception.h"
+#include "framework/ref.h"
 #include "splitter/smart_splitter.h"
 
 namespace bracken {

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "framework/checked.h"
+#include "framework/ref.h"
 #include "splitter/smart_splitter.h"
 
 namespace bracken {

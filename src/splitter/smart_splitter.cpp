@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/controls/tab_panel.h"
+#include "framework/controls/panels.h"
 #include "splitter/canvas_smart_splitter_debugger.h"
 
 namespace bracken {
@@ -56,8 +56,7 @@ void SmartSplitter::assignCursor() {
 }
 
 bool SmartSplitter::usesDarkFrame() const {
-    constexpr int darkFrame = 9;
-    return window().Frame == darkFrame &&
+    return window().Frame == FrameKind::dark &&
            dynamic_cast<TabPanel*>(static_cast<RectControl*>(Parent)) == nullptr;
 }
 

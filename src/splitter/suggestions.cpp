@@ -1,18 +1,11 @@
 #include <optional>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
-#include "framework/controls/group_box.h"
-#include "framework/controls/image_well.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/placard.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/controls/popup_menu.h"
-#include "framework/controls/radio_button.h"
-#include "framework/controls/rectangle.h"
-#include "framework/controls/separator.h"
-#include "framework/controls/static_text.h"
-#include "framework/controls/tab_panel.h"
 #include "splitter/smart_splitter.h"
 
 namespace bracken {

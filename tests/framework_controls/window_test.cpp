@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "framework/controls/buttons.h"
 #include "framework/controls/control.h"
-#include "framework/controls/group_box.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
-#include "framework/controls/tab_panel.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/windows/windows.h"
 #include "tests/support/fake_platform.h"
 

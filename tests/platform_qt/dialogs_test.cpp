@@ -7,7 +7,6 @@
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/platform/platform.h"
-#include "framework/threads/blocking.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/event.h"

@@ -1,5 +1,5 @@
-#include "framework/controls/group_box.h"
-#include "framework/controls/push_button.h"
+#include "framework/controls/buttons.h"
+#include "framework/controls/plain_controls.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {

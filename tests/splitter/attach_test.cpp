@@ -1,10 +1,7 @@
-#include "framework/controls/group_box.h"
-#include "framework/controls/line.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/tab_panel.h"
-#include "framework/controls/timer.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 

@@ -1,4 +1,4 @@
-#include "framework/controls/group_box.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 

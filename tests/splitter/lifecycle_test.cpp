@@ -1,6 +1,6 @@
-#include "framework/controls/group_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/push_button.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 

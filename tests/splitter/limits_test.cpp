@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "framework/controls/group_box.h"
-#include "framework/controls/push_button.h"
+#include "framework/controls/buttons.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 

@@ -2,7 +2,7 @@
 #include <array>
 #include <map>
 
-#include "framework/controls/tab_panel.h"
+#include "framework/controls/panels.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
@@ -153,7 +153,7 @@ TEST_P(Painting, EachHandleInEachState) {
 
 TEST_P(Painting, ATabPanelIsNoDarkBackground) {
     auto& panel = stage.add<TabPanel>("panel", true, {0, 300});
-    stage.Frame = 9;
+    stage.Frame = FrameKind::dark;
     auto& inside = stage.add<SmartSplitter>("painted", true, {0, 0});
     inside.place(50, 60, vertical() ? 9 : 25, vertical() ? 25 : 9);
     inside.Parent = &panel;

@@ -2,12 +2,10 @@
 #include <array>
 #include <random>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
-#include "framework/controls/group_box.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {

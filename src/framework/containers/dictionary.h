@@ -16,12 +16,13 @@ namespace bracken {
 // A hash that is the same for keys that differ in the case of ASCII letters only.
 uint32_t foldedHash(std::string_view key);
 
-// Insertion-ordered map from text to V, looked up without regard to ASCII letter case. A key set
-// again keeps its first spelling and place; one removed and set again goes to the end. A key may be
-// added more than once; what looks it up means its first entry then.
+// Insertion-ordered map from text to V, looked up without regard to ASCII letter case.
+// - A key set again keeps its first spelling and place.
+// - A key removed and set again goes to the end.
+// - A key may be added more than once; looking it up finds its first entry.
 //
-// A removal leaves a hole. The next access by position closes all holes, which takes as long as
-// there are entries; everything else takes near-constant time. References and positions are valid
+// A removal leaves a hole. The next access by position closes all holes, in linear time; everything
+// else takes near-constant time. References and positions are valid
 // until the dictionary changes or, after a removal, is accessed by position.
 template <class V>
 class Dictionary {
@@ -95,8 +96,8 @@ class Dictionary {
         V value = V();
     };
 
-    // Leads to the last entry of a key. The hash stands here too, so that a step over another key
-    // doesn't reach for its entry.
+    // Leads to the last entry of a key. Holds the hash too, so that a probe past another key does
+    // not read its entry.
     struct Place {
         uint32_t hash = 0;
         uint32_t slot = none;
@@ -163,7 +164,7 @@ class Dictionary {
         if (holes_ > entries_.size() / 2) closeHoles();
     }
 
-    // What stepped over the place moves up, or it would not be found any more.
+    // Moves up what had probed past the place, or it would not be found any more.
     void freePlace(size_t place) {
         size_t mask = table_.size() - 1;
         for (size_t at = (place + 1) & mask; table_[at].slot != none; at = (at + 1) & mask) {
@@ -185,9 +186,9 @@ class Dictionary {
         }
     }
 
-    // Holes are closed by those who only look.
+    // Mutable since reading by position closes the holes.
     mutable std::vector<Entry> entries_;
-    // Open addressing by linear steps.
+    // Open addressing with linear probing.
     mutable std::vector<Place> table_;
     mutable size_t holes_ = 0;
 };

@@ -1,6 +1,6 @@
 #include "framework/windows/window.h"
 
-#include "framework/controls/push_button.h"
+#include "framework/controls/buttons.h"
 #include "framework/platform/platform.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/windows.h"

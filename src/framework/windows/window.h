@@ -25,7 +25,7 @@ class Window : public WindowContent {
     Property<int> Top;
     Property<bool> Visible;
 
-    // Bounds and abilities of the user's resizing; set before the window opens.
+    // What the user can do with the frame, sizes in pixels; set before the window opens.
     int MinWidth = 64;
     int MinHeight = 64;
     int MaxWidth = 32000;
@@ -42,9 +42,9 @@ class Window : public WindowContent {
     // Makes the window visible and frontmost, without blocking.
     void Show();
     // Makes it visible and returns once it has closed; until then the user can work with no other
-    // window. For a window with Frame 2, on the main thread.
+    // window. For a window whose Frame is FrameKind::modalDialog, on the main thread.
     void ShowModal();
-    // Runs Event_Close and takes the window off the open ones. The object lives on until the event
+    // Runs Event_Close and removes the window from the open ones. The object lives until the event
     // that is being handled has ended.
     void Close();
 

@@ -9,7 +9,7 @@ namespace bracken {
 namespace {
 
 // A new window's distance from the one opened before it, right and down.
-constexpr int cascade = 24;
+constexpr int cascadeStep = 24;
 // Pixels above a window's content for its title bar and its menu bar.
 constexpr int headroom = 64;
 
@@ -37,7 +37,7 @@ Window* Windows::front() const {
 }
 
 void Windows::add(const std::shared_ptr<Window>& window) {
-    int step = cascade * static_cast<int>(all_.size());
+    int step = cascadeStep * static_cast<int>(all_.size());
     all_.insert(all_.begin(), window);
     window->Layout();
     ScreenRect area = Platform::current().workArea();

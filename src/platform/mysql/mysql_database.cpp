@@ -1,7 +1,7 @@
 #include "platform/mysql/mysql_database.h"
 
 #include "framework/text/text.h"
-#include "framework/threads/blocking.h"
+#include "framework/threads/without_baton.h"
 #include "platform/mysql/connect_attempt.h"
 #include "platform/mysql/mysql_cursor.h"
 #include "platform/mysql/sha2_guard.h"

@@ -2,7 +2,7 @@
 
 #include <QCheckBox>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "platform/qt/control_view.h"
 
 namespace bracken {

@@ -3,6 +3,7 @@
 #include <QScopedValueRollback>
 #include <QThread>
 
+#include "framework/threads/main_thread_calls.h"
 #include "framework/windows/application.h"
 #include "framework/windows/event.h"
 #include "platform/qt/input_events.h"
@@ -33,8 +34,6 @@ QtApplication& QtApplication::current() {
 void QtApplication::spin(const std::function<void()>& loop) {
     QScopedValueRollback<int> depth(innerLoops_, innerLoops_ + (handling_ ? 1 : 0));
     QScopedValueRollback<bool> outer(handling_, false);
-    // A box that comes up in a statement is there to be answered.
-    QScopedValueRollback<bool> statement(inStatement_, false);
     loop();
 }
 
@@ -42,7 +41,6 @@ bool QtApplication::pumpUntil(const std::atomic<bool>& done) {
     quitChosen_ = false;
     BusyCursor cursor;
     spin([&] {
-        inStatement_ = true;
         processEvents();
         while (!done.load(std::memory_order_acquire) && !quitChosen_)
             processEvents(QEventLoop::WaitForMoreEvents);
@@ -68,7 +66,8 @@ bool QtApplication::deliver(QObject* receiver, QEvent* event) {
 bool QtApplication::notify(QObject* receiver, QEvent* event) {
     bool ours = QThread::currentThread() == thread() && Application::current() != nullptr;
     if (!ours) return QApplication::notify(receiver, event);
-    if (inStatement_ && dropsInStatement(*receiver, *event)) return true;
+    if (MainThreadCalls::instance().inStatement() && dropsInStatement(*receiver, *event))
+        return true;
     // An event sent in the course of another one belongs to that.
     if (handling_) return deliver(receiver, event);
     bool result = false;

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
 #include "platform/qt/control_view.h"
 
 namespace bracken {

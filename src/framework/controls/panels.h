@@ -6,9 +6,9 @@ namespace bracken {
 
 // A container of several pages of which one shows. A control lies on the page that its
 // TabPanelIndex names.
-class PagePanel : public RectControl {
+class PagedControl : public RectControl {
   public:
-    PagePanel(WindowContent& window, std::string name)
+    PagedControl(WindowContent& window, std::string name)
         : RectControl(window, std::move(name)),
           Value(*this, 0, [this](int /*old*/) { markContents(); }) {}
 
@@ -17,6 +17,18 @@ class PagePanel : public RectControl {
 
   protected:
     bool showsPage(int page) const override { return page == Value; }
+};
+
+// Pages that only the program turns.
+class PagePanel : public PagedControl {
+  public:
+    using PagedControl::PagedControl;
+};
+
+// Pages that are chosen by tabs.
+class TabPanel : public PagedControl {
+  public:
+    using PagedControl::PagedControl;
 };
 
 }  // namespace bracken

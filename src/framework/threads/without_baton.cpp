@@ -1,4 +1,4 @@
-#include "framework/threads/blocking.h"
+#include "framework/threads/without_baton.h"
 
 #include <atomic>
 #include <exception>
@@ -6,31 +6,14 @@
 
 #include "framework/platform/platform.h"
 #include "framework/threads/main_thread_calls.h"
-#include "framework/threads/thread.h"
-#include "framework/threads/without_baton.h"
 
 namespace bracken {
 
 namespace {
 
-// Marks the main thread as being in a statement for a scope.
-class Statement {
-  public:
-    Statement() { MainThreadCalls::instance().setInStatement(true); }
-    ~Statement() { MainThreadCalls::instance().setInStatement(false); }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
-};
-
-}  // namespace
-
-void blocking(const std::function<void()>& call, const std::function<void()>& cancel) {
-    Platform& platform = Platform::current();
-    if (!isMainThread() || !platform.hasEventLoop()) {
-        withoutBaton(call);
-        return;
-    }
-    Statement statement;
+// Makes `call` on a thread of its own and pumps events meanwhile.
+void callOnHelper(Platform& platform, const std::function<void()>& call,
+                  const std::function<void()>& cancel) {
     std::atomic<bool> done{false};
     std::exception_ptr error;
     bool quit = false;
@@ -51,6 +34,18 @@ void blocking(const std::function<void()>& call, const std::function<void()>& ca
     }
     if (quit) throw UnwindSignal();
     if (error) std::rethrow_exception(error);
+}
+
+}  // namespace
+
+void blocking(const std::function<void()>& call, const std::function<void()>& cancel) {
+    Platform& platform = Platform::current();
+    if (!isMainThread() || !platform.hasEventLoop()) {
+        withoutBaton(call);
+        return;
+    }
+    MainThreadCalls::StatementScope statement(Statement::underWay);
+    callOnHelper(platform, call, cancel);
 }
 
 }  // namespace bracken
