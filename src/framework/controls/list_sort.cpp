@@ -4,21 +4,18 @@
 #include <numeric>
 #include <string_view>
 
+#include "framework/text/ascii.h"
 #include "framework/text/text.h"
 
 namespace bracken {
 
 namespace {
 
-unsigned char lower(char letter) {
-    auto byte = static_cast<unsigned char>(letter);
-    return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte | 0x20) : byte;
-}
-
 // By bytes without letter case.
 bool precedes(std::string_view a, std::string_view b) {
+    auto byte = [](char c) { return static_cast<unsigned char>(asciiLower(c)); };
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                        [](char x, char y) { return lower(x) < lower(y); });
+                                        [&](char x, char y) { return byte(x) < byte(y); });
 }
 
 // Numbers come ahead of other text, so that the order is one for mixed columns as well.
