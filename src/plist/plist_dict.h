@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "framework/containers/dictionary.h"
-#include "framework/files/text_input_stream.h"
-#include "framework/files/text_output_stream.h"
+#include "framework/files/streams.h"
 #include "framework/graphics/color.h"
 #include "framework/ref.h"
 #include "framework/values/date.h"

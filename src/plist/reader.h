@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "framework/files/text_input_stream.h"
+#include "framework/files/streams.h"
 #include "plist/plist_dict.h"
 
 namespace bracken {

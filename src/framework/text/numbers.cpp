@@ -5,6 +5,7 @@
 #include <locale>
 #include <sstream>
 
+#include "framework/text/ascii.h"
 #include "framework/text/text.h"
 
 namespace bracken {
@@ -114,9 +115,7 @@ bool IsNumeric(std::string_view text) {
 
 std::string Hex(int64_t value) {
     std::string digits = toText(static_cast<uint64_t>(value), 16);
-    for (char& c : digits) {
-        if (c >= 'a') c = static_cast<char>(c - 'a' + 'A');
-    }
+    for (char& c : digits) c = asciiUpper(c);
     return digits;
 }
 

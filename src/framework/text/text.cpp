@@ -1,8 +1,9 @@
 #include "framework/text/text.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
+
+#include "framework/text/ascii.h"
 
 namespace bracken {
 
@@ -10,25 +11,9 @@ namespace {
 
 constexpr size_t npos = std::string_view::npos;
 
-constexpr std::array<char, 256> lowerCase = [] {
-    std::array<char, 256> table{};
-    for (size_t i = 0; i < table.size(); ++i) {
-        table[i] = static_cast<char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
-    }
-    return table;
-}();
-
-char lower(char c) {
-    return lowerCase[static_cast<unsigned char>(c)];
-}
-
-char upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-}
-
 bool equalBytes(const char* a, const char* b, size_t count) {
     for (size_t i = 0; i < count; ++i) {
-        if (lower(a[i]) != lower(b[i])) return false;
+        if (asciiLower(a[i]) != asciiLower(b[i])) return false;
     }
     return true;
 }
@@ -45,7 +30,7 @@ size_t findByte(std::string_view source, size_t at, size_t end, char byte) {
 class ByteFinder {
   public:
     ByteFinder(std::string_view source, char byte)
-        : source_(source), lower_(lower(byte)), upper_(upper(lower_)) {}
+        : source_(source), lower_(asciiLower(byte)), upper_(asciiUpper(lower_)) {}
 
     size_t next(size_t at) const {
         constexpr size_t blockSize = 4096;
@@ -162,7 +147,7 @@ int64_t Len(std::string_view source) {
 
 std::string Lowercase(std::string_view source) {
     std::string result(source);
-    std::transform(result.begin(), result.end(), result.begin(), lower);
+    std::transform(result.begin(), result.end(), result.begin(), asciiLower);
     return result;
 }
 

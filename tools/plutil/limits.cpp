@@ -1,21 +1,20 @@
-#include "tools/plutil/expansion.h"
+#include "tools/plutil/limits.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <stdexcept>
 #include <vector>
 
-#include "tools/plutil/limits.h"
 #include "tools/plutil/object_table.h"
 
 namespace bracken::plutil {
 
 namespace {
 
-// Bytes that a line of XML counts for: its tags, and the library's node.
+// What a line of XML counts as, in bytes: its tags, and the library's node.
 constexpr uint64_t bytesPerLine = 64;
 
-// What an object comes to as XML, with all below it.
+// The size of an object as XML, with all below it.
 struct Extent {
     enum class State { New, Open, Done } state = State::New;
     int depth = 1;
@@ -23,16 +22,16 @@ struct Extent {
     uint64_t bytes = 0;
 };
 
-class Measuring {
+class Measurement {
   public:
-    explicit Measuring(std::string_view binary) : table_(binary), extents_(table_.count()) {}
+    explicit Measurement(std::string_view binary) : table_(binary), extents_(table_.count()) {}
 
     // Visits each object once, its parts first. Without recursion, whatever the depth.
     void run() {
         std::vector<uint64_t> pending = {table_.root()};
         while (!pending.empty()) {
-            const uint64_t index = pending.back();
-            const ObjectTable::Object object = table_.object(index);
+            uint64_t index = pending.back();
+            ObjectTable::Object object = table_.object(index);
             Extent& extent = extents_[index];
             if (extent.state == Extent::State::New) {
                 extent.state = Extent::State::Open;
@@ -48,7 +47,7 @@ class Measuring {
     void appendParts(const ObjectTable::Object& object, std::vector<uint64_t>& pending) {
         references_ += object.children.size();
         if (references_ * bytesPerLine > maxBytes) throw std::runtime_error("is too large");
-        for (const uint64_t child : object.children) {
+        for (uint64_t child : object.children) {
             if (child >= extents_.size() || extents_[child].state == Extent::State::Open)
                 throw std::runtime_error("not a property list");
             if (extents_[child].state == Extent::State::New) pending.push_back(child);
@@ -59,7 +58,7 @@ class Measuring {
         extent.state = Extent::State::Done;
         extent.lines = object.container ? 2 : 1;
         extent.bytes = object.content + extent.lines * bytesPerLine;
-        for (const uint64_t child : object.children) {
+        for (uint64_t child : object.children) {
             const Extent& part = extents_[child];
             extent.depth = std::max(extent.depth, part.depth + 1);
             extent.lines += part.lines;
@@ -78,7 +77,7 @@ class Measuring {
 }  // namespace
 
 void checkExpansion(std::string_view binary) {
-    Measuring(binary).run();
+    Measurement(binary).run();
 }
 
 }  // namespace bracken::plutil
