@@ -18,7 +18,7 @@ namespace {
 // The frame's key in the settings; not quite the window's name.
 constexpr const char* frameKey = "winViewScripts";
 
-// The one that all paths are cut at, told by the first of them.
+// The separator of all paths, judged by the first of them.
 std::string separatorOf(const std::vector<std::string>& paths) {
     if (paths.empty()) throw IndexOutOfRangeException("the row names no file");
     if (InStr(paths.front(), ":") > 0) return ":";
@@ -42,7 +42,7 @@ void winViewScript::init(int row) {
         Thread::Yield();
     }
     App().prefs->root->GetWindow(frameKey, this);
-    // Behind GetWindow, which brings back the title of the table before.
+    // After GetWindow, which brings back the title of the table before.
     Title = "View Scripts for " + table;
 }
 
