@@ -104,7 +104,7 @@ void ReplacingFile::dropTemporary() {
 }
 
 bool ReplacingFile::openSpecial() {
-    way_ = Way::Through;
+    way_ = Way::through;
     // Not blocking, or a pipe that nobody reads would hold the program up here.
     descriptor_ = calls_.open(target_.c_str(), O_WRONLY | O_NOCTTY | O_NONBLOCK, 0);
     if (descriptor_ < 0) return false;
@@ -151,7 +151,7 @@ bool ReplacingFile::openBeside(mode_t mode) {
 }
 
 bool ReplacingFile::openInPlace(mode_t mode) {
-    way_ = Way::InPlaceAtCommit;
+    way_ = Way::inPlaceAtCommit;
     descriptor_ = calls_.open(target_.c_str(), O_WRONLY, 0);
     if (descriptor_ < 0) return false;
     // Changes nothing but where a file of the user's own has to become private.
@@ -161,15 +161,15 @@ bool ReplacingFile::openInPlace(mode_t mode) {
 
 void ReplacingFile::write(std::string_view bytes) {
     pending_.append(bytes);
-    if (way_ == Way::InPlaceAtCommit || pending_.size() < flushSize) return;
+    if (way_ == Way::inPlaceAtCommit || pending_.size() < flushSize) return;
     failed_ = failed_ || !writeAll(calls_, descriptor_, pending_);
     pending_.clear();
 }
 
 bool ReplacingFile::commit() {
-    if (way_ == Way::InPlaceAtCommit) return overwriteInPlace();
+    if (way_ == Way::inPlaceAtCommit) return overwriteInPlace();
     failed_ = failed_ || !writeAll(calls_, descriptor_, pending_);
-    if (way_ == Way::Through) return closeDescriptor() && !failed_;
+    if (way_ == Way::through) return closeDescriptor() && !failed_;
     return !failed_ && renameOver();
 }
 

@@ -43,7 +43,7 @@ class ReplacingFile {
 
   private:
     // Where the bytes of write() go.
-    enum class Way { Beside, InPlaceAtCommit, Through };
+    enum class Way { beside, inPlaceAtCommit, through };
 
     ReplacingFile(std::string target, FileCalls& calls);
     bool openSpecial();
@@ -60,7 +60,7 @@ class ReplacingFile {
 
     std::string target_;
     FileCalls& calls_;
-    Way way_ = Way::Beside;
+    Way way_ = Way::beside;
     int descriptor_ = -1;
     std::string temporary_;
     std::string pending_;
