@@ -2,7 +2,8 @@
 add_library(bracken_options INTERFACE)
 target_compile_options(bracken_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-    -Wcast-qual -Wconversion -Wno-sign-conversion -Werror
+    -Wcast-qual -Wconversion -Wno-sign-conversion
+    $<$<BOOL:${BRACKEN_WERROR}>:-Werror>
     # The geometry is defined without fused multiply-add.
     -ffp-contract=off)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # What the scripts share; to be sourced by bash. The caller's first comment block is its help text.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

@@ -8,9 +8,21 @@
 #include "framework/ref.h"
 #include "framework/windows/application.h"
 #include "plist/plist.h"
-#include "program/file_types1.h"
 
 namespace bracken {
+
+// A kind of file that the desktop may know.
+struct FileType {
+    std::string Name;
+    std::string Extensions;
+    std::string MacType;
+    std::string MacCreator;
+};
+
+// The program's file types.
+struct FileTypes1 {
+    FileType CSV{"CSV", "csv", "", ""};
+};
 
 // The one application object: owns what lives as long as the process. Made by main() ahead of every
 // window; the keys of its settings, all at the root:
@@ -36,7 +48,7 @@ class App : public Application {
     void Event_EnableMenuItems() override;
     // Shows the preferences window; true, for handled.
     bool _Preferences_Action();
-    // Shows the database's error if there is one, and tells whether there was.
+    // Shows the database's error if there is one; returns whether there was.
     bool CheckError();
 
   private:

@@ -12,8 +12,8 @@ import tempfile
 import unittest
 
 import desktop as desktops
-import inputs
 import program as programs
+import sample
 import server as servers
 from waiting import wait_for
 
@@ -25,7 +25,7 @@ class Road(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.chosen = inputs.sample()
+        cls.chosen = sample.sample()
         cls.server = cls.enterClassContext(servers.Server())
         cls.server.load(cls.chosen.database, cls.chosen.script)
         cls.desktop = cls.enterClassContext(desktops.Desktop())

@@ -2,7 +2,6 @@
 
 #include <netinet/in.h>
 #include <poll.h>
-#include <pwd.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -18,17 +17,6 @@
 namespace bracken::test {
 
 namespace {
-
-std::string userName() {
-    const passwd* entry = getpwuid(geteuid());
-    return entry != nullptr ? entry->pw_name : std::to_string(geteuid());
-}
-
-// Lies in a folder that is on the path of administrators only.
-std::string serverProgram() {
-    const char* usual = "/usr/sbin/mariadbd";
-    return access(usual, X_OK) == 0 ? usual : "mariadbd";
-}
 
 // A port that nobody listens on at this moment.
 int freePort() {
@@ -63,7 +51,6 @@ bool greets(const std::string& path) {
 }  // namespace
 
 PrivateServer::PrivateServer() : port_(freePort()) {
-    install();
     start({});
 }
 
@@ -91,22 +78,10 @@ void PrivateServer::publish() const {
     setenv("MYSQL_TCP_PORT", std::to_string(port_).c_str(), 1);
 }
 
-void PrivateServer::install() const {
-    outputOf({"mariadb-install-db", "--no-defaults", "--user=" + userName(),
-              "--datadir=" + folder_.path("data"), "--tmpdir=" + folder_.path(),
-              "--auth-root-authentication-method=normal", "--skip-test-db", "--skip-name-resolve"});
-}
-
 void PrivateServer::start(const std::vector<std::string>& options) {
-    std::vector<std::string> command = {
-        serverProgram(), "--no-defaults", "--user=" + userName(),
-        // Servers that share a folder for temporary files take each other's.
-        "--datadir=" + folder_.path("data"), "--tmpdir=" + folder_.path(), "--socket=" + socket(),
-        "--port=" + std::to_string(port_), "--bind-address=127.0.0.1",
-        "--pid-file=" + folder_.path("pid"), "--log-error=" + folder_.path("log"),
-        "--skip-name-resolve", "--open-files-limit=1000",
-        // Nothing here has to survive a loss of power.
-        "--innodb-flush-log-at-trx-commit=0"};
+    std::vector<std::string> command = {BRACKEN_PRIVATE_SERVER, folder(),
+                                        "--port=" + std::to_string(port_),
+                                        "--bind-address=127.0.0.1"};
     command.insert(command.end(), options.begin(), options.end());
     options_ = options;
     process_ = spawn(command, -1);

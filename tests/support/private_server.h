@@ -20,7 +20,7 @@ class PrivateServer {
     PrivateServer(const PrivateServer&) = delete;
     PrivateServer& operator=(const PrivateServer&) = delete;
 
-    // Has the server run with these options added and no others; starts it anew if need be.
+    // Has the server run with these options added and no others; starts it again if need be.
     void runWith(const std::vector<std::string>& options);
     // Ends it at once, as a crash would.
     void kill();
@@ -35,7 +35,6 @@ class PrivateServer {
     void publish() const;
 
   private:
-    void install() const;
     void start(const std::vector<std::string>& options);
     void end(int signal);
     void awaitAnswer();

@@ -28,14 +28,14 @@ class Program {
     static std::string settingsFile() {
         return std::string(getenv("XDG_CONFIG_HOME")) + "/com.tallowmere.brackenlens.plist";
     }
-    // The settings' keys as they stand on the disk, a line each: key, tag and value.
+    // The settings file's bytes; "" without the file.
     static std::string saved() {
         std::ifstream file(settingsFile());
         std::ostringstream bytes;
         bytes << file.rdbuf();
         return bytes.str();
     }
-    // One setting as it stands on the disk; "none" without the file.
+    // One setting as it stands on the disk; "none" without the file, "missing" without the key.
     static std::string saved(const std::string& key) {
         if (!std::filesystem::exists(settingsFile())) return "none";
         plist onDisk(GetFolderItem(settingsFile(), 0), nullptr);

@@ -16,7 +16,7 @@ constexpr uint64_t bytesPerLine = 64;
 
 // The size of an object as XML, with all below it.
 struct Extent {
-    enum class State { New, Open, Done } state = State::New;
+    enum class State { unseen, open, done } state = State::unseen;
     int depth = 1;
     uint64_t lines = 1;
     uint64_t bytes = 0;
@@ -33,12 +33,12 @@ class Measurement {
             uint64_t index = pending.back();
             ObjectTable::Object object = table_.object(index);
             Extent& extent = extents_[index];
-            if (extent.state == Extent::State::New) {
-                extent.state = Extent::State::Open;
+            if (extent.state == Extent::State::unseen) {
+                extent.state = Extent::State::open;
                 appendParts(object, pending);
             } else {
                 pending.pop_back();
-                if (extent.state == Extent::State::Open) measure(object, extent);
+                if (extent.state == Extent::State::open) measure(object, extent);
             }
         }
     }
@@ -48,14 +48,14 @@ class Measurement {
         references_ += object.children.size();
         if (references_ * bytesPerLine > maxBytes) throw std::runtime_error("is too large");
         for (uint64_t child : object.children) {
-            if (child >= extents_.size() || extents_[child].state == Extent::State::Open)
+            if (child >= extents_.size() || extents_[child].state == Extent::State::open)
                 throw std::runtime_error("not a property list");
-            if (extents_[child].state == Extent::State::New) pending.push_back(child);
+            if (extents_[child].state == Extent::State::unseen) pending.push_back(child);
         }
     }
 
     void measure(const ObjectTable::Object& object, Extent& extent) {
-        extent.state = Extent::State::Done;
+        extent.state = Extent::State::done;
         extent.lines = object.container ? 2 : 1;
         extent.bytes = object.content + extent.lines * bytesPerLine;
         for (uint64_t child : object.children) {

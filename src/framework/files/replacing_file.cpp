@@ -93,7 +93,7 @@ void ReplacingFile::dropTemporary() {
 }
 
 bool ReplacingFile::openSpecial() {
-    method_ = Method::Direct;
+    method_ = Method::direct;
     // Not blocking: a pipe that nobody reads would stop the program here.
     file_ = Descriptor(calls_.open(target_.c_str(), O_WRONLY | O_NOCTTY | O_NONBLOCK, 0));
     if (!file_.isOpen()) return false;
@@ -133,7 +133,7 @@ bool ReplacingFile::openTemporary(mode_t mode) {
 }
 
 bool ReplacingFile::openInPlace(mode_t mode) {
-    method_ = Method::InPlaceAtCommit;
+    method_ = Method::inPlaceAtCommit;
     file_ = Descriptor(calls_.open(target_.c_str(), O_WRONLY, 0));
     if (!file_.isOpen()) return false;
     // Only a file of the user's own that has to become private gets another mode by this.
@@ -143,15 +143,15 @@ bool ReplacingFile::openInPlace(mode_t mode) {
 
 void ReplacingFile::write(std::string_view bytes) {
     pending_.append(bytes);
-    if (method_ == Method::InPlaceAtCommit || pending_.size() < flushSize) return;
+    if (method_ == Method::inPlaceAtCommit || pending_.size() < flushSize) return;
     failed_ = failed_ || !calls_.writeAll(file_.get(), pending_);
     pending_.clear();
 }
 
 bool ReplacingFile::commit() {
-    if (method_ == Method::InPlaceAtCommit) return overwriteInPlace();
+    if (method_ == Method::inPlaceAtCommit) return overwriteInPlace();
     failed_ = failed_ || !calls_.writeAll(file_.get(), pending_);
-    if (method_ == Method::Direct) return file_.close() && !failed_;
+    if (method_ == Method::direct) return file_.close() && !failed_;
     return !failed_ && renameOver();
 }
 

@@ -44,7 +44,7 @@ class ReplacingFile {
 
   private:
     // How the bytes of write() get into the target.
-    enum class Method { Rename, InPlaceAtCommit, Direct };
+    enum class Method { rename, inPlaceAtCommit, direct };
 
     ReplacingFile(std::string target, FileCalls& calls);
     bool openSpecial();
@@ -60,7 +60,7 @@ class ReplacingFile {
 
     std::string target_;
     FileCalls& calls_;
-    Method method_ = Method::Rename;
+    Method method_ = Method::rename;
     Descriptor file_;
     // Path of the temporary file; "" for none.
     std::string temporary_;

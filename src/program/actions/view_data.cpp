@@ -3,10 +3,24 @@
 
 namespace bracken {
 
-void winResults::butViewData_Action() {
-    ProgressWheel1.Visible = true;
-    class winViewData& window = winViewData();
-    window.init(lstResults.Text());
+namespace {
+
+void butViewData_Action(class winResults& window) {
+    window.ProgressWheel1.Visible = true;
+    winViewData().init(window.lstResults.Text());
+}
+
+}  // namespace
+
+void viewData(class winResults& window, ResultButton& button) {
+    button.place(142, 383, 80, 20);
+    button.LockLeft = button.LockBottom = true;
+    button.Caption = "View Data";
+    button.Action = [&window] { butViewData_Action(window); };
+    button.update = [&window, &button](ResultsEvent event) {
+        if (event == ResultsEvent::selectionChanged)
+            button.Enabled = window.lstResults.ListIndex >= 0;
+    };
 }
 
 }  // namespace bracken

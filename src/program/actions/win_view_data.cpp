@@ -15,8 +15,8 @@ namespace bracken {
 
 namespace {
 
-// Columns beyond these stay empty.
-constexpr int shownColumns = 25;
+// Columns after these stay empty.
+constexpr int maxFilledColumns = 25;
 
 // The estimate that headings and cells share: so many pixels a byte.
 int widthOf(std::string_view text) {
@@ -24,8 +24,8 @@ int widthOf(std::string_view text) {
     return toInt32(static_cast<double>(text.size()) * pixels);
 }
 
-// The n-th field of the row without a copy. Nil where the rows have fewer fields than the table is
-// said to have.
+// The n-th field of the row without a copy. Nil where the rows have fewer fields than
+// `describe` listed.
 std::string_view fieldText(DatabaseCursor& rows, int n) {
     if (n > rows.FieldCount()) throw NilObjectException("There is no field " + Str(n) + ".");
     return rows.fieldText(n);
@@ -82,10 +82,10 @@ void winViewData::readColumns(DatabaseCursor& description, Columns& columns) {
 int winViewData::limitColumns(const Columns& columns) {
     int count = static_cast<int>(columns.names.size()) - 1;
     Listbox1.ColumnCount = count;
-    if (count <= shownColumns) return count;
+    if (count <= maxFilledColumns) return count;
     lblMessage.Caption =
         "This table has " + Str(count) + " columns. Only the first 25 will be shown.";
-    return shownColumns;
+    return maxFilledColumns;
 }
 
 void winViewData::readRows(DatabaseCursor& rows, Columns& columns, int filled) {

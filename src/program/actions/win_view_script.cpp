@@ -20,7 +20,7 @@ constexpr const char* frameKey = "winViewScripts";
 // Pixels of a list that one can choose a file from.
 constexpr int leastList = 60;
 
-// The one that all paths are cut at, told by the first of them.
+// The separator of all paths, judged by the first of them.
 std::string separatorOf(const std::vector<std::string>& paths) {
     if (paths.empty()) throw IndexOutOfRangeException("the row names no file");
     if (InStr(paths.front(), ":") > 0) return ":";
@@ -50,7 +50,7 @@ void winViewScript::init(int row) {
         Thread::Yield();
     }
     App().prefs->root->GetWindow(frameKey, this);
-    // Behind GetWindow, which brings back the title of the table before.
+    // After GetWindow, which brings back the title of the table before.
     Title = "View Scripts for " + table;
 }
 

@@ -26,7 +26,7 @@ class winViewScript : public Window {
     Listbox lstScipts{*this, "lstScipts"};
     SmartSplitter splitter{*this, "splitter"};
 
-    // Adds the files of a row of the results list behind those that are there.
+    // Adds the files of a row of the results list after those that are there.
     void init(int row);
 
   protected:

@@ -67,7 +67,7 @@ class winLogin : public Window {
     void butGo_Action();
 
     void storeLogin();
-    // Fills the popup with the server's databases and gives the row of the one used last, else 0.
+    // Fills the popup with the server's databases; returns the row of the one used last, else 0.
     int listDatabases(const Ref<DatabaseCursor>& cursor, const std::string& saved);
 };
 

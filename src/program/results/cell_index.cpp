@@ -43,10 +43,10 @@ void CellIndex::add(uint32_t name, const FileNamePool& pool) {
 }
 
 bool CellIndex::contains(uint32_t name, const FileNamePool& pool) {
-    auto has = [this](uint32_t wanted) {
+    auto has = [this](uint32_t number) {
         if (slots_.empty()) return false;
-        size_t at = place(wanted, slots_.size());
-        while (slots_[at] != 0 && slots_[at] != wanted + 1) at = (at + 1) & (slots_.size() - 1);
+        size_t at = place(number, slots_.size());
+        while (slots_[at] != 0 && slots_[at] != number + 1) at = (at + 1) & (slots_.size() - 1);
         return slots_[at] != 0;
     };
     if (has(name)) return true;

@@ -8,7 +8,7 @@
 
 namespace bracken {
 
-// An index of the comma-separated names in a cell's text: tells whether a name lies anywhere inside
+// An index of the comma-separated names in a cell's text: finds whether a name lies anywhere inside
 // that text, as InStr would, without reading it. Belongs to one cell; the pool is shared by all.
 class CellIndex {
   public:

@@ -78,7 +78,7 @@ const std::vector<uint32_t>& FileNamePool::around(uint32_t number) const {
 }
 
 bool FileNamePool::liesIn(uint32_t part, uint32_t whole) const {
-    // Tells most apart, at a fraction of the search's cost.
+    // Rules most out, at a fraction of the search's cost.
     if ((pairs_[part] & ~pairs_[whole]) != 0) return false;
     std::string_view name = text(part);
     std::string_view other = text(whole);
@@ -117,8 +117,8 @@ uint32_t FileNamePool::intern(std::string_view name) {
     findInside(number);
     findAround(number);
     *slot = number + 1;
-    growGroups();
-    addGroups(number);
+    growGrams();
+    addGrams(number);
     if (lower.size() >= lengths_.size()) lengths_.resize(lower.size() + 1);
     lengths_[lower.size()] = true;
     endings_[endingOf(lower)] = true;
@@ -143,7 +143,7 @@ void FileNamePool::findInside(uint32_t number) {
 
 void FileNamePool::findAround(uint32_t number) {
     if (text(number).size() >= 4) {
-        findAroundByGroups(number);
+        findAroundByGrams(number);
         return;
     }
     std::vector<uint32_t> found;
@@ -152,42 +152,42 @@ void FileNamePool::findAround(uint32_t number) {
     if (!found.empty()) around_.emplace(number, std::move(found));
 }
 
-void FileNamePool::findAroundByGroups(uint32_t number) {
+void FileNamePool::findAroundByGrams(uint32_t number) {
     std::string_view name = text(number);
     std::vector<uint32_t> found;
     for (size_t parity : {0U, 1U})
-        for (uint32_t other : rarestGroup(name, parity))
+        for (uint32_t other : namesWithRarestGram(name, parity))
             if (liesIn(number, other)) found.push_back(other);
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     if (!found.empty()) around_.emplace(number, std::move(found));
 }
 
-const std::vector<uint32_t>& FileNamePool::namesWithGroup(std::string_view group) const {
-    return groups_.empty() ? none : groups_[place(hashOf(group), groups_.size())];
+const std::vector<uint32_t>& FileNamePool::namesWithGram(std::string_view gram) const {
+    return grams_.empty() ? none : grams_[place(hashOf(gram), grams_.size())];
 }
 
-const std::vector<uint32_t>& FileNamePool::rarestGroup(std::string_view name, size_t parity) const {
-    const std::vector<uint32_t>* rarest = &namesWithGroup(name.substr(parity, 3));
+const std::vector<uint32_t>& FileNamePool::namesWithRarestGram(std::string_view name,
+                                                               size_t parity) const {
+    const std::vector<uint32_t>* rarest = &namesWithGram(name.substr(parity, 3));
     for (size_t start = parity + 2; start + 3 <= name.size(); start += 2) {
-        const std::vector<uint32_t>& names = namesWithGroup(name.substr(start, 3));
+        const std::vector<uint32_t>& names = namesWithGram(name.substr(start, 3));
         if (names.size() < rarest->size()) rarest = &names;
     }
     return *rarest;
 }
 
-void FileNamePool::growGroups() {
-    if (ends_.size() <= groups_.size()) return;
-    groups_.assign(std::max<size_t>(256, groups_.size() * 2), {});
-    // The latest name's are added by its coming in.
-    for (uint32_t number = 0; number + 1 < ends_.size(); number++) addGroups(number);
+void FileNamePool::growGrams() {
+    if (ends_.size() <= grams_.size()) return;
+    grams_.assign(std::max<size_t>(256, grams_.size() * 2), {});
+    // Those of the latest name are added by `intern`.
+    for (uint32_t number = 0; number + 1 < ends_.size(); number++) addGrams(number);
 }
 
-void FileNamePool::addGroups(uint32_t number) {
+void FileNamePool::addGrams(uint32_t number) {
     std::string_view name = text(number);
     for (size_t start = 0; start + 3 <= name.size(); start += 2) {
-        std::vector<uint32_t>& names =
-            groups_[place(hashOf(name.substr(start, 3)), groups_.size())];
+        std::vector<uint32_t>& names = grams_[place(hashOf(name.substr(start, 3)), grams_.size())];
         if (names.empty() || names.back() != number) names.push_back(number);
     }
 }

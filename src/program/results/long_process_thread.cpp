@@ -1,7 +1,8 @@
 #include "program/results/long_process_thread.h"
 
+#include <ctime>
+
 #include "framework/text/text.h"
-#include "program/results/folder_count.h"
 #include "program/results/result_recorder.h"
 #include "scan/file_search.h"
 
@@ -9,10 +10,37 @@ namespace bracken {
 
 namespace {
 
-// The folder as a walk finds it: an entry that went before the walk is none of it.
-Ref<FolderItem> foundAnew(const Ref<FolderItem>& folder) {
+// The folder without the entries known so far: one that has gone before a walk is no part of it.
+Ref<FolderItem> freshCopy(const Ref<FolderItem>& folder) {
     return folder == nullptr ? folder : folder->copy();
 }
+
+// The end of a loop over a folder's entries, asked for again at each entry. The folder itself is
+// asked at the last known entry, so that no entry which has appeared by then is missed, and before
+// that once in a tick of the system's clock: to ask at each entry would cost as much as half the
+// reading.
+class FolderCount {
+  public:
+    FolderCount(ResultRecorder& recorder, FolderItem& folder)
+        : recorder_(recorder), folder_(folder) {}
+
+    // The number of entries, or a lower one that is at least `next`.
+    int count(int next) {
+        struct timespec now;
+        clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+        bool sameTick = now.tv_sec == asked_.tv_sec && now.tv_nsec == asked_.tv_nsec;
+        if (next <= known_ && sameTick) return known_;
+        asked_ = now;
+        known_ = recorder_.count(folder_);
+        return known_;
+    }
+
+  private:
+    ResultRecorder& recorder_;
+    FolderItem& folder_;
+    struct timespec asked_ = {};
+    int known_ = 0;
+};
 
 }  // namespace
 
@@ -23,27 +51,27 @@ void LongProcessThread::Event_Run() {
     filesProcessed = 0;
     totalFiles = 0;
     countAndSearch();
-    // The window may be made anew in the course of the call, and sets its handler then.
+    // A window that opens during the call sets its handler; this copy stays.
     auto handler = Finished;
     if (handler) handler();
 }
 
 void LongProcessThread::countAndSearch() {
-    ResultRecorder entry(*context_);
-    entry_ = &entry;
+    ResultRecorder recorder(*context_);
+    recorder_ = &recorder;
     context_->lblProgress().Caption = "Gathering Files...";
-    Ref<FolderItem> folder = foundAnew(context_->folder());
-    if (folder != nullptr) entry.enterFolder(folder, context_->peekExtensions());
+    Ref<FolderItem> folder = freshCopy(context_->folder());
+    if (folder != nullptr) recorder.enterFolder(folder, context_->peekExtensions());
     GetFileCount(folder);
     context_->ProgressBar1().Maximum = totalFiles;
     context_->pwInitializing().Visible = false;
     context_->ProgressBar1().Visible = true;
-    ProcessFolder(foundAnew(context_->folder()));
+    ProcessFolder(freshCopy(context_->folder()));
 }
 
 void LongProcessThread::GetFileCount(const Ref<FolderItem>& folder) {
     context_->ProgressBar1().Value = -1;
-    FolderCount entries(*entry_, *folder);
+    FolderCount entries(*recorder_, *folder);
     for (int i = 1; i <= entries.count(i); i++) {
         Ref<FolderItem> item = folder->Item(i);
         if (item->Directory()) {
@@ -59,8 +87,8 @@ void LongProcessThread::GetFileCount(const Ref<FolderItem>& folder) {
 void LongProcessThread::ProcessFolder(const Ref<FolderItem>& folder) {
     context_->lblProgress().Caption = "Processing files in " + folder->AbsolutePath();
     std::string extensions = context_->extensions();
-    entry_->enterFolder(folder, extensions);
-    FolderCount entries(*entry_, *folder);
+    recorder_->enterFolder(folder, extensions);
+    FolderCount entries(*recorder_, *folder);
     for (int i = 1; i <= entries.count(i); i++) {
         Ref<FolderItem> item = folder->Item(i);
         if (item->Directory()) {
@@ -68,11 +96,11 @@ void LongProcessThread::ProcessFolder(const Ref<FolderItem>& folder) {
         } else {
             filesProcessed++;
             context_->ProgressBar1().Value = filesProcessed;
-            if (passesExtensions(item->Name(), extensions)) entry_->enter(*item);
+            if (passesExtensions(item->Name(), extensions)) recorder_->record(*item);
         }
         Yield();
     }
-    entry_->leaveFolder(*folder);
+    recorder_->leaveFolder(*folder);
 }
 
 }  // namespace bracken

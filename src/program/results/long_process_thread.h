@@ -15,11 +15,11 @@ namespace bracken {
 class ResultRecorder;
 
 // The scan: counts the files under the folder, then walks it again, searches each file that passes
-// the extension list for every table name in column 0 of the list, and enters the file into the
+// the extension list for every table name in column 0 of the list, and records the file in the
 // rows hit. Stopping points lie at the end of each file and of each row hit, and around reading.
 //
 // What it does is defined by a plain loop over files and rows with InStr; reading and matching are
-// done ahead of it by ReadAhead, and what was found is entered here, file by file in order.
+// done ahead of it by ReadAhead, and what was found is recorded here, file by file in order.
 class LongProcessThread : public Thread {
   public:
     explicit LongProcessThread(std::unique_ptr<RunContext> context);
@@ -39,8 +39,8 @@ class LongProcessThread : public Thread {
     void countAndSearch();
 
     const std::unique_ptr<RunContext> context_;
-    // That of the latest run; a killed run unwinds without a look at it.
-    ResultRecorder* entry_ = nullptr;
+    // That of the latest run; a killed run unwinds without using it.
+    ResultRecorder* recorder_ = nullptr;
 };
 
 }  // namespace bracken

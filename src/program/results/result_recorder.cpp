@@ -10,20 +10,20 @@
 
 namespace bracken {
 
-const std::shared_ptr<const TableNames>& ResultRecorder::table() {
+const std::shared_ptr<const TableNames>& ResultRecorder::tables() {
     Listbox& list = context_.lstResults();
-    if (table_ == nullptr || !rows_.update(list, table_)) {
-        table_ = tableNamesOf(list);
-        rows_.update(list, table_);
+    if (tables_ == nullptr || !rows_.update(list, tables_)) {
+        tables_ = tableNamesOf(list);
+        rows_.update(list, tables_);
     }
-    return table_;
+    return tables_;
 }
 
 void ResultRecorder::enterFolder(const Ref<FolderItem>& folder, const std::string& extensions) {
-    if (gaveWay_) return;
+    if (descriptorsRanOut_) return;
     if (ahead_ != nullptr && ahead_->covers(folder->AbsolutePath(), extensions)) return;
     stopReadingAhead();
-    ahead_ = std::make_unique<ReadAhead>(folder, extensions, table());
+    ahead_ = std::make_unique<ReadAhead>(folder, extensions, tables());
 }
 
 void ResultRecorder::leaveFolder(const FolderItem& folder) {
@@ -36,24 +36,24 @@ void ResultRecorder::stopReadingAhead() {
 }
 
 template <class Call>
-auto ResultRecorder::givingWay(const Call& call) {
+auto ResultRecorder::withDescriptor(const Call& call) {
     try {
         return call();
     } catch (const UnreadableException& error) {
         const bool noneLeft = error.error() == EMFILE || error.error() == ENFILE;
         if (!noneLeft || ahead_ == nullptr) throw;
     }
-    gaveWay_ = true;
+    descriptorsRanOut_ = true;
     stopReadingAhead();
     return call();
 }
 
 int ResultRecorder::count(FolderItem& folder) {
-    return givingWay([&] { return folder.Count(); });
+    return withDescriptor([&] { return folder.Count(); });
 }
 
-FoundNames ResultRecorder::searchHere(const FolderItem& file) {
-    std::shared_ptr<const TableNames> names = table();
+FoundNames ResultRecorder::searchOnThisThread(const FolderItem& file) {
+    std::shared_ptr<const TableNames> names = tables();
     Matcher::Hits hits;
     hits.clear(names->matcher().nameCount());
     const std::atomic<bool>* killed = Thread::killedFlag();
@@ -71,17 +71,17 @@ FoundNames ResultRecorder::search(const FolderItem& file) {
         std::optional<FoundNames> found = ahead_->take(file.AbsolutePath());
         if (found) return *std::move(found);
     }
-    return givingWay([&] { return searchHere(file); });
+    return withDescriptor([&] { return searchOnThisThread(file); });
 }
 
 FoundNames ResultRecorder::searchAgain(const FolderItem& file) {
     try {
-        return givingWay([&] { return searchHere(file); });
+        return withDescriptor([&] { return searchOnThisThread(file); });
     } catch (const UnreadableException& error) {
         // By now the file may be gone, and with it what it named.
         if (!isAbsence(error.error())) throw;
     }
-    return {table(), {}};
+    return {tables(), {}};
 }
 
 void ResultRecorder::update(FoundNames& found, const FolderItem& file) {
@@ -91,7 +91,7 @@ void ResultRecorder::update(FoundNames& found, const FolderItem& file) {
     }
 }
 
-void ResultRecorder::enter(const FolderItem& file) {
+void ResultRecorder::record(const FolderItem& file) {
     FoundNames found = search(file);
     const std::string name = file.Name();
     const std::string& path = file.AbsolutePath();

@@ -12,47 +12,47 @@
 
 namespace bracken {
 
-// Enters the files of one run into the rows of the list that name them. Lives on the run's thread,
+// Records the files of one run in the rows of the tables that they name. Lives on the run's thread,
 // holding the baton.
 class ResultRecorder {
   public:
     explicit ResultRecorder(RunContext& context) : context_(context) {}
 
-    // Begins to read ahead from the folder, if nothing is being read ahead there with these
-    // extensions.
+    // Starts to read ahead from the folder, unless its files are being read ahead already with
+    // these extensions.
     void enterFolder(const Ref<FolderItem>& folder, const std::string& extensions);
     void leaveFolder(const FolderItem& folder);
 
-    // Number of the folder's entries, as Count says.
+    // The folder's Count.
     int count(FolderItem& folder);
-    // Searches the file for the names of the list's rows and enters it into those hit, yielding
+    // Searches the file for the names of the list's rows and records it in those hit, yielding
     // after each. A file that can't be read raises UnreadableException.
-    void enter(const FolderItem& file);
+    void record(const FolderItem& file);
 
   private:
     // A stopping point, since it waits without the baton.
     void stopReadingAhead();
-    // Makes a call that needs a file descriptor. Where there is none left the threads that read
-    // ahead give up theirs, and the rest of the run goes without.
+    // Makes a call that needs a file descriptor. If none is left, ends the threads that read ahead,
+    // which frees theirs, for the rest of the run, and calls again.
     template <class Call>
-    auto givingWay(const Call& call);
+    auto withDescriptor(const Call& call);
     FoundNames search(const FolderItem& file);
-    // On this thread, piece by piece, hearing a stop between them.
-    FoundNames searchHere(const FolderItem& file);
-    // The same, with nothing found in a file that is there no more.
+    // On this thread, piece by piece; a stop takes effect between pieces.
+    FoundNames searchOnThisThread(const FolderItem& file);
+    // The same; nothing is found in a file that has gone.
     FoundNames searchAgain(const FolderItem& file);
-    // Brings the row index up to the list; searches anew if rows have come with names that nothing
-    // was searched for.
+    // Updates the row index from the list; searches again if rows have names that `found` does not
+    // cover.
     void update(FoundNames& found, const FolderItem& file);
-    const std::shared_ptr<const TableNames>& table();
+    const std::shared_ptr<const TableNames>& tables();
 
     RunContext& context_;
     // The tree is walked three times.
     ListingCache listings_;
-    std::shared_ptr<const TableNames> table_;
+    std::shared_ptr<const TableNames> tables_;
     RowIndex rows_;
     std::unique_ptr<ReadAhead> ahead_;
-    bool gaveWay_ = false;
+    bool descriptorsRanOut_ = false;
 };
 
 }  // namespace bracken

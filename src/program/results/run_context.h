@@ -7,8 +7,8 @@
 
 namespace bracken {
 
-// What a run works on. The scan asks anew at each access and keeps nothing of it, since the window
-// behind it may close, and another come up, between any two.
+// What a run works on. The scan asks again at each access and keeps nothing of it, since the
+// window may close, and another open, between any two.
 class RunContext {
   public:
     virtual ~RunContext() = default;
@@ -19,7 +19,7 @@ class RunContext {
     virtual StaticText& lblProgress() = 0;
     virtual ProgressBar& ProgressBar1() = 0;
     virtual ProgressWheel& pwInitializing() = 0;
-    // The extension list, "" for all files. Asking enters it into the settings if it is not there.
+    // The extension list, "" for all files. Asking adds it to the settings if it is not there.
     virtual std::string extensions() = 0;
     // The same, but changes nothing.
     virtual std::string peekExtensions() = 0;

@@ -26,7 +26,7 @@ class WindowContext : public RunContext {
     }
 };
 
-// Takes over the thread of a run that outlived its window, so that there is one at all times.
+// The thread of a run that outlived its window, else a new one: there is only one at any time.
 Ref<LongProcessThread> theThread() {
     static std::weak_ptr<LongProcessThread> last;
     auto thread = last.lock();
@@ -77,25 +77,19 @@ void winResults::nameTableToDrop() {
 
 void winResults::lstResults_Change() {
     nameTableToDrop();
-    butDropTable.Enabled = lstResults.ListIndex >= 0 && !searching;
-    butViewData.Enabled = lstResults.ListIndex >= 0;
-    butViewScript.Enabled = lstResults.ListIndex < 0 ||
-                            !equal(lstResults.cellText(lstResults.ListIndex, 1), notFoundYet);
+    updateResultButtons(ResultsEvent::selectionChanged);
 }
 
 void winResults::LongProcessThread1_Finished() {
     lblProgress.Caption = "Finished";
-    butPrint.Enabled = true;
-    butExport.Enabled = true;
+    updateResultButtons(ResultsEvent::runFinished);
     searching = false;
     butCancelRun.Caption = "Process";
     ProgressBar1.Visible = false;
     if (lstResults.ListCount() > 0) {
-        butNotFound.Enabled = true;
         MsgBox("Finished");
         Beep();
     } else {
-        butNotFound.Enabled = false;
         MsgBox("Nothing was found");
     }
 }
@@ -110,10 +104,7 @@ void winResults::butCancelRun_Action() {
 void winResults::stopRun() {
     LongProcessThread1->Kill();
     butCancelRun.Caption = "Process";
-    if (lstResults.ListCount() > 0) {
-        butPrint.Enabled = true;
-        butExport.Enabled = true;
-    }
+    updateResultButtons(ResultsEvent::runStopped);
     searching = false;
     lblProgress.Caption = "Processing was stopped. To start it over, click on Process";
     pwInitializing.Visible = false;
@@ -127,28 +118,11 @@ void winResults::restartRun() {
         Thread::Yield();
     }
     searching = false;
-    butPrint.Enabled = false;
-    butExport.Enabled = false;
+    updateResultButtons(ResultsEvent::runRestarted);
     searching = true;
     lstResults.DeleteAllRows();
     LongProcessThread1->Run();
     pwInitializing.Visible = true;
-}
-
-void winResults::butNotFound_Action() {
-    bool again = true;
-    while (again) {
-        again = false;
-        for (int row = 0; row < lstResults.ListCount(); row++) {
-            if (!equal(lstResults.cellText(row, 1), notFoundYet)) {
-                again = true;
-                lstResults.RemoveRow(row);
-                break;
-            }
-            Thread::Yield();
-        }
-        Thread::Yield();
-    }
 }
 
 void winResults::Event_Close() {

@@ -8,18 +8,21 @@
 #include "framework/ref.h"
 #include "framework/windows/window.h"
 #include "program/results/long_process_thread.h"
+#include "program/results/result_button.h"
 #include "program/results/results_list.h"
 
 namespace bracken {
 
+// The result actions: each sets up its button, in a file of actions/.
+ResultButton::SetUp exportList, printReport, dropTable, viewData, viewScript, keepNotFound;
+
 // The window of a run: the tables of a database and the files that name them. Its list is the only
-// store of results; the actions on results read and change it there. The bodies of those actions
-// stand where their subject is, in actions/.
+// store of results; the result actions read and change it there.
 class winResults : public Window {
   public:
     winResults();
 
-    // The folder to search; may be nil or not exist. Stays nil in a window that a run has made
+    // The folder to search; may be nil or not exist. Stays nil in a window that a run opens
     // because its own was closed.
     Ref<FolderItem> folder =
         Ref<FolderItem>::nilBecause("The results window was closed before the search began.");
@@ -31,19 +34,19 @@ class winResults : public Window {
     StaticText lblProgress{*this, "lblProgress"};
     ProgressWheel pwInitializing{*this, "pwInitializing"};
     Timer Timer1{*this, "Timer1"};
-    PushButton butExport{*this, "butExport"};
-    PushButton butPrint{*this, "butPrint"};
+    ResultButton butExport{*this, "butExport", exportList};
+    ResultButton butPrint{*this, "butPrint", printReport};
     // The one scan thread: that of a run which is still alive, else a new one.
     Ref<LongProcessThread> LongProcessThread1;
-    PushButton butDropTable{*this, "butDropTable"};
+    ResultButton butDropTable{*this, "butDropTable", dropTable};
     PushButton butCancelRun{*this, "butCancelRun"};
-    PushButton butViewData{*this, "butViewData"};
+    ResultButton butViewData{*this, "butViewData", viewData};
     ProgressWheel ProgressWheel1{*this, "ProgressWheel1"};
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
-    PushButton butViewScript{*this, "butViewScript"};
-    PushButton butNotFound{*this, "butNotFound"};
+    ResultButton butViewScript{*this, "butViewScript", viewScript};
+    ResultButton butNotFound{*this, "butNotFound", keepNotFound};
 
-    // Lists the database's tables behind the rows that are there, and starts a run.
+    // Lists the database's tables after the rows that are there, and starts a run.
     void init(const std::string& database, const Ref<FolderItem>& searchFolder);
 
     void Event_EnableMenuItems() override;
@@ -56,23 +59,16 @@ class winResults : public Window {
   private:
     void _CreateControls0();
     void placeProgress();
-    void placeButtons();
-    void attachHandlers();
+    void placeCancelRun();
+    void setUpResultButtons();
 
     void lstResults_Change();
     // Says in full which table of which database Drop Table would drop.
     void nameTableToDrop();
     void LongProcessThread1_Finished();
     void butCancelRun_Action();
-    // The actions on results.
-    void butExport_Action();
-    void butPrint_Action();
-    void butDropTable_Action();
-    void butViewData_Action();
-    void butNotFound_Action();
-    // Its body stands in actions/.
-    void butViewScript_Action();
 
+    void updateResultButtons(ResultsEvent event);
     void stopRun();
     void restartRun();
 };

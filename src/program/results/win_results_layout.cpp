@@ -20,9 +20,14 @@ void winResults::_CreateControls0() {
     lstResults.HasHeading = true;
     lstResults.setInitialValue("Table\tFound In");
     lstResults.HeadingIndex = 0;
+    lstResults.Change = [this] { lstResults_Change(); };
+    // A row that moves during a run could miss the file being applied.
+    lstResults.MaySort = [this] { return !LongProcessThread1->running(); };
+    // The run may outlive this window: the handler is that of the window then open.
+    LongProcessThread1->Finished = [] { bracken::winResults().LongProcessThread1_Finished(); };
     placeProgress();
-    placeButtons();
-    attachHandlers();
+    placeCancelRun();
+    setUpResultButtons();
 }
 
 void winResults::placeProgress() {
@@ -38,44 +43,25 @@ void winResults::placeProgress() {
     ProgressBar1.LockLeft = ProgressBar1.LockTop = ProgressBar1.LockRight = true;
 }
 
-void winResults::placeButtons() {
-    butExport.place(574, 383, 115, 20);
-    butExport.Caption = "Export to CSV";
-    butPrint.place(482, 383, 80, 20);
-    butPrint.Caption = "Print";
-    butDropTable.place(15, 383, 109, 20);
-    butDropTable.Caption = "Drop Table";
+void winResults::placeCancelRun() {
     butCancelRun.place(24, 52, 80, 20);
     butCancelRun.Caption = "Stop";
-    butViewData.place(142, 383, 80, 20);
-    butViewData.Caption = "View Data";
-    butViewScript.place(241, 383, 99, 20);
-    butViewScript.Caption = "View Script";
-    butNotFound.place(136, 52, 238, 20);
-    butNotFound.Caption = "Show Only \"Not Found\" Result";
-    for (PushButton* button : {&butExport, &butPrint}) button->LockRight = true;
-    for (PushButton* button : {&butDropTable, &butViewData, &butViewScript})
-        button->LockLeft = true;
-    for (PushButton* button : {&butExport, &butPrint, &butDropTable, &butViewData, &butViewScript})
-        button->LockBottom = true;
-    for (PushButton* button :
-         {&butExport, &butPrint, &butDropTable, &butViewData, &butViewScript, &butNotFound})
-        button->Enabled = false;
+    butCancelRun.Action = [this] { butCancelRun_Action(); };
 }
 
-void winResults::attachHandlers() {
-    lstResults.Change = [this] { lstResults_Change(); };
-    // A row that moves during a run could miss the file being applied.
-    lstResults.MaySort = [this] { return !LongProcessThread1->running(); };
-    // The run may outlive this window: the handler is that of the window then open.
-    LongProcessThread1->Finished = [] { bracken::winResults().LongProcessThread1_Finished(); };
-    butExport.Action = [this] { butExport_Action(); };
-    butPrint.Action = [this] { butPrint_Action(); };
-    butDropTable.Action = [this] { butDropTable_Action(); };
-    butViewData.Action = [this] { butViewData_Action(); };
-    butCancelRun.Action = [this] { butCancelRun_Action(); };
-    butNotFound.Action = [this] { butNotFound_Action(); };
-    butViewScript.Action = [this] { butViewScript_Action(); };
+void winResults::setUpResultButtons() {
+    for (Control* control : controls()) {
+        auto* button = dynamic_cast<ResultButton*>(control);
+        if (button == nullptr) continue;
+        button->Enabled = false;
+        button->setUp_(*this, *button);
+    }
+}
+
+void winResults::updateResultButtons(ResultsEvent event) {
+    for (Control* control : controls())
+        if (auto* button = dynamic_cast<ResultButton*>(control); button && button->update)
+            button->update(event);
 }
 
 }  // namespace bracken

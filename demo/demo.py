@@ -9,13 +9,17 @@ import subprocess
 import sys
 import tempfile
 
-import desktop as desktops
-import inputs
-import result_actions
-import program as programs
-import server as servers
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(ROOT / "tests/e2e"))
+sys.dont_write_bytecode = True
 
-BINARY = inputs.ROOT / "build/release/bin/bracken-lens"
+import desktop as desktops  # noqa: E402
+import inputs  # noqa: E402
+import program as programs  # noqa: E402
+import result_actions  # noqa: E402
+import server as servers  # noqa: E402
+
+BINARY = ROOT / "build/release/bin/bracken-lens"
 
 
 def by_hand(chosen, home, server):
@@ -107,7 +111,7 @@ def main():
         signal.signal(number, leave)
     given = arguments()
     chosen = inputs.CHOICES[given.on]()
-    pictures = inputs.ROOT / "build" / "demo" / given.on
+    pictures = ROOT / "build" / "demo" / given.on
     pictures.mkdir(parents=True, exist_ok=True)
     with tempfile.TemporaryDirectory(prefix="lens-home-") as folder, servers.Server() as server:
         print(f"Loading {chosen.database} into a private server", flush=True)

@@ -29,18 +29,26 @@ bool mayOpenBrowser() {
     return App().prefs->root->GetBoolean("no warning", false) || winConfirm().init();
 }
 
-}  // namespace
-
-void winResults::butPrint_Action() {
+void butPrint_Action(const ResultsList& list) {
     if (!mayOpenBrowser()) return;
     Ref<FolderItem> place = SpecialFolder::ApplicationData()->Child("Bracken Lens");
     if (!place->Exists()) place->CreateAsFolder();
     Ref<FolderItem> file = place->Child("report.html");
-    std::string html = reportOf(lstResults);
+    std::string html = reportOf(list);
     Ref<TextOutputStream> stream = file->CreateTextFile();
     stream->Write(html);
     stream->Close();
     Launch(file);
+}
+
+}  // namespace
+
+void printReport(class winResults& window, ResultButton& button) {
+    button.place(482, 383, 80, 20);
+    button.LockRight = button.LockBottom = true;
+    button.Caption = "Print";
+    button.Action = [&window] { butPrint_Action(window.lstResults); };
+    button.enableBetweenRuns(window);
 }
 
 }  // namespace bracken

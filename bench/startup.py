@@ -1,15 +1,20 @@
 #!/usr/bin/env python3
 """Prints how long the program takes from its start to its login window painted."""
 
+import pathlib
 import statistics
+import sys
 import tempfile
 import time
 
-import desktop as desktops
-import inputs
-import program as programs
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(ROOT / "tests/e2e"))
+sys.dont_write_bytecode = True
 
-BINARY = inputs.ROOT / "build/release/bin/bracken-lens"
+import desktop as desktops  # noqa: E402
+import program as programs  # noqa: E402
+
+BINARY = ROOT / "build/release/bin/bracken-lens"
 STARTS = 10
 
 

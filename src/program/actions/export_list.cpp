@@ -6,8 +6,10 @@
 
 namespace bracken {
 
+namespace {
+
 // Called CSV, yet separated by tabs and with nothing quoted: that is the format.
-void winResults::butExport_Action() {
+void butExport_Action(const ResultsList& list) {
     SaveAsDialog dialog;
     dialog.InitialDirectory = SpecialFolder::Documents();
     dialog.PromptText = "Save File";
@@ -17,15 +19,25 @@ void winResults::butExport_Action() {
     Ref<FolderItem> file = dialog.ShowModal();
     if (file == nullptr) return;
     Ref<TextOutputStream> stream = file->CreateTextFile();
-    for (int row = 0; row < lstResults.ListCount(); row++) {
-        std::string record(lstResults.cellText(row, 0));
+    for (int row = 0; row < list.ListCount(); row++) {
+        std::string record(list.cellText(row, 0));
         record += '\t';
-        record += lstResults.cellText(row, 1);
+        record += list.cellText(row, 1);
         stream->WriteLine(record);
         Thread::Yield();
     }
     stream->Close();
     MsgBox("Your file has been saved");
+}
+
+}  // namespace
+
+void exportList(class winResults& window, ResultButton& button) {
+    button.place(574, 383, 115, 20);
+    button.LockRight = button.LockBottom = true;
+    button.Caption = "Export to CSV";
+    button.Action = [&window] { butExport_Action(window.lstResults); };
+    button.enableBetweenRuns(window);
 }
 
 }  // namespace bracken
