@@ -19,7 +19,7 @@ constexpr size_t flushSize = size_t{64} * 1024;
 constexpr int maxLinks = 40;
 constexpr int maxNames = 1000;
 constexpr mode_t permissions = 07777;
-constexpr mode_t ownerOnly = 0600;
+constexpr mode_t privateMode = 0600;
 
 // The file that `path` stands for, existing or not: every link at its end is followed.
 std::string resolveLinks(std::string path) {
@@ -75,7 +75,7 @@ std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Mo
     struct stat present;
     bool opened = false;
     if (stat(file->target_.c_str(), &present) != 0)
-        opened = errno == ENOENT && file->openBeside(modes.ownerOnly ? ownerOnly : modes.fresh);
+        opened = errno == ENOENT && file->openBeside(modes.ownerOnly ? privateMode : modes.fresh);
     else if (S_ISREG(present.st_mode))
         opened = file->openExisting(present, modes.ownerOnly);
     else
@@ -114,9 +114,9 @@ bool ReplacingFile::openSpecial() {
 
 bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
     if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
-    const mode_t mode = ownerOnly ? ownerOnly : present.st_mode & permissions;
+    const mode_t mode = ownerOnly ? privateMode : present.st_mode & permissions;
     if (!mayRenameOver(target_, present) || isMountPoint(target_)) return openInPlace(mode);
-    if (!openBeside(ownerOnly)) return isRefusal(errno) && openInPlace(mode);
+    if (!openBeside(privateMode)) return isRefusal(errno) && openInPlace(mode);
     // A file system may have no modes to set; a private file is made as one.
     if (calls_.fchmod(descriptor_, keepOwner(present) ? mode : mode & 0777) == 0 || ownerOnly)
         return true;
