@@ -29,18 +29,19 @@ class Measuring {
 
     // Visits each object once, its parts first. Without recursion, whatever the depth.
     void run() {
-        std::vector<uint64_t> pending = {table_.root()};
+        std::vector<uint64_t> pending;
+        appendReference(table_.root(), pending);
         while (!pending.empty()) {
             const uint64_t index = pending.back();
-            const ObjectTable::Object object = table_.object(index);
             Extent& extent = extents_[index];
             if (extent.state == Extent::State::New) {
                 extent.state = Extent::State::Open;
-                appendParts(object, pending);
-            } else {
-                pending.pop_back();
-                if (extent.state == Extent::State::Open) measure(object, extent);
+                appendParts(table_.object(index), pending);
+                continue;
             }
+            pending.pop_back();
+            // What is shared may be pending several times.
+            if (extent.state == Extent::State::Open) measure(table_.object(index), extent);
         }
     }
 
@@ -48,11 +49,13 @@ class Measuring {
     void appendParts(const ObjectTable::Object& object, std::vector<uint64_t>& pending) {
         references_ += object.children.size();
         if (references_ * bytesPerLine > maxBytes) throw std::runtime_error("is too large");
-        for (const uint64_t child : object.children) {
-            if (child >= extents_.size() || extents_[child].state == Extent::State::Open)
-                throw std::runtime_error("not a property list");
-            if (extents_[child].state == Extent::State::New) pending.push_back(child);
-        }
+        for (const uint64_t child : object.children) appendReference(child, pending);
+    }
+
+    void appendReference(uint64_t index, std::vector<uint64_t>& pending) {
+        if (index >= extents_.size() || extents_[index].state == Extent::State::Open)
+            throw std::runtime_error("not a property list");
+        if (extents_[index].state == Extent::State::New) pending.push_back(index);
     }
 
     void measure(const ObjectTable::Object& object, Extent& extent) {
