@@ -137,7 +137,6 @@ std::string bigEndian(size_t number) {
     return bytes;
 }
 
-// An array of these objects.
 std::string arrayOf(const std::vector<size_t>& elements) {
     std::string bytes = "\xAF\x12" + bigEndian(elements.size());
     for (const size_t element : elements) bytes += bigEndian(element);
