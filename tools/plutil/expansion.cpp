@@ -25,7 +25,11 @@ struct Extent {
 
 class Measuring {
   public:
-    explicit Measuring(std::string_view binary) : table_(binary), extents_(table_.count()) {}
+    explicit Measuring(std::string_view binary) : table_(binary) {
+        // With a line for each it would be; none is there that nothing refers to.
+        if (table_.count() > maxBytes / bytesPerLine) throw std::runtime_error("is too large");
+        extents_.resize(table_.count());
+    }
 
     // Visits each object once, its parts first. Without recursion, whatever the depth.
     void run() {
