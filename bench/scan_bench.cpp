@@ -24,7 +24,6 @@
 #include "framework/windows/windows.h"
 #include "program/results/long_process_thread.h"
 #include "program/results/results_list.h"
-#include "scan/extension_filter.h"
 #include "scan/file_search.h"
 #include "scan/tree_walk.h"
 

@@ -46,6 +46,13 @@ class Ref {
     std::shared_ptr<const std::string> why_;
 };
 
+// The object of a pointer that may be null; NilObjectException if it is.
+template <class T>
+T& checked(T* object) {
+    if (object == nullptr) throw NilObjectException();
+    return *object;
+}
+
 template <class T, class... Args>
 Ref<T> make(Args&&... args) {
     return Ref<T>(std::make_shared<T>(std::forward<Args>(args)...));

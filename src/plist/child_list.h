@@ -12,8 +12,8 @@ namespace bracken {
 
 class plistDict;
 
-// The container children of a node and their names, two arrays side by side whose element 0 is
-// never used: children stand at positions 1 to the upper bound. Names may occur more than once.
+// The container children of a node and their names, two parallel arrays whose element 0 is never
+// used: children have the positions 1 to the upper bound. A name may occur more than once.
 class ChildList {
   public:
     using Node = std::shared_ptr<plistDict>;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "framework/text/text.h"
-#include "plist/tags.h"
+#include "plist/markup.h"
 
 namespace bracken {
 
@@ -23,34 +23,34 @@ size_t containersBelow(const plistDict& node) {
 
 void copyString(plistDict& source, const std::string& key, plistDict& to,
                 const std::string& target) {
-    const std::string value = source.GetString(key);
+    std::string value = source.GetString(key);
     to.isArray ? to.AppendString(value) : to.SetString(target, value);
 }
 
 void copyBoolean(plistDict& source, const std::string& key, plistDict& to,
                  const std::string& target) {
-    const bool value = source.GetBoolean(key);
+    bool value = source.GetBoolean(key);
     to.isArray ? to.AppendBoolean(value) : to.SetBoolean(target, value);
 }
 
 void copyReal(plistDict& source, const std::string& key, plistDict& to, const std::string& target) {
-    const double value = source.GetDouble(key);
+    double value = source.GetDouble(key);
     to.isArray ? to.AppendDouble(value) : to.SetDouble(target, value);
 }
 
 void copyInteger(plistDict& source, const std::string& key, plistDict& to,
                  const std::string& target) {
-    const int32_t value = source.GetInteger(key);
+    int32_t value = source.GetInteger(key);
     to.isArray ? to.AppendInteger(value) : to.SetInteger(target, value);
 }
 
 void copyData(plistDict& source, const std::string& key, plistDict& to, const std::string& target) {
-    const std::string value = source.GetString(key);
+    std::string value = source.GetString(key);
     to.isArray ? to.AppendData(value) : to.SetData(target, value);
 }
 
 void copyDate(plistDict& source, const std::string& key, plistDict& to, const std::string& target) {
-    const Ref<Date> value = source.GetDate(key);
+    Ref<Date> value = source.GetDate(key);
     to.isArray ? to.AppendDate(value) : to.SetDate(target, value);
 }
 
@@ -66,27 +66,27 @@ constexpr ScalarCopy scalarCopies[] = {
     {"integer", copyInteger}, {"data", copyData},       {"date", copyDate},
 };
 
-// Whether a copy appended to an array is copied again when the array is copied on: a "real" becomes
-// a "double".
-bool isCopiedOn(const std::string& tag) {
+// Whether a copy appended to an array is itself copied when the array is copied again: a "real"
+// has become a "double", which is not.
+bool isCopiedAgain(const std::string& tag) {
     return isContainer(tag) ||
            (!equal(tag, "real") &&
             std::any_of(std::begin(scalarCopies), std::end(scalarCopies),
                         [&](const ScalarCopy& scalar) { return equal(tag, scalar.tag); }));
 }
 
-bool isNumberFrom(const std::string& key, int least) {
-    const int32_t number = toInt32(CDbl(key));
-    return number >= least && key == Str(number);
+bool isNumberFrom(const std::string& key, int minimum) {
+    int32_t number = toInt32(CDbl(key));
+    return number >= minimum && key == Str(number);
 }
 
-// Whether an array that is copied onto itself appends without end. It stops growing where the next
+// Whether an array that is copied onto itself appends without end. It stops growing when the next
 // number is a key already, which needs a gap in its numbers.
 bool growsWithoutEnd(const plistDict& array) {
     bool grows = false;
     for (int i = 0; i < array.count(); ++i) {
         if (isNumberFrom(array.types.Key(i), array.count())) return false;
-        grows = grows || isCopiedOn(array.types.ValueAt(i));
+        grows = grows || isCopiedAgain(array.types.ValueAt(i));
     }
     return grows;
 }
@@ -95,7 +95,7 @@ bool growsWithoutEnd(const plistDict& array) {
 
 bool Mover::copy(plistDict& source, const std::string& key, const Ref<plistDict>& destination,
                  const std::string& target) {
-    const bool copied = copyKey(source, key, destination, target);
+    bool copied = copyKey(source, key, destination, target);
     copyLevels();
     return copied;
 }
@@ -111,7 +111,7 @@ bool Mover::copyKey(plistDict& source, const std::string& key, const Ref<plistDi
         source.SetError(true, "Source does not exist.");
         return false;
     }
-    const std::string tag = source.GetType(key);
+    std::string tag = source.GetType(key);
     if (isContainer(tag)) {
         beginContainer(source, key, destination, target);
         return true;
@@ -124,21 +124,21 @@ bool Mover::copyKey(plistDict& source, const std::string& key, const Ref<plistDi
 
 void Mover::beginContainer(plistDict& source, const std::string& key,
                            const Ref<plistDict>& destination, const std::string& target) {
-    std::string made = target;
+    std::string newKey = target;
     if (destination->isArray) {
         destination->AppendDict();
         // One above the key just appended: the copy goes to a second new element.
-        made = Str(destination->count());
+        newKey = Str(destination->count());
     } else {
         destination->AddChild(target);
     }
-    const Ref<plistDict> to = destination->child(made);
-    const Ref<plistDict> from = source.child(key);
-    // A copy that goes deeper than its source has nodes copies what it makes, without end, and so
-    // does an array that appends to itself.
-    if (levels_.empty()) deepest_ = 2 * containersBelow(*from) + 16;
-    const bool grows = from == to && to->isArray && growsWithoutEnd(*to);
-    if (grows || levels_.size() > deepest_)
+    Ref<plistDict> to = destination->child(newKey);
+    Ref<plistDict> from = source.child(key);
+    // A copy deeper than its source has nodes is copying its own result, without end, and so is an
+    // array that appends to itself.
+    if (levels_.empty()) maxDepth_ = 2 * containersBelow(*from) + 16;
+    bool grows = from == to && to->isArray && growsWithoutEnd(*to);
+    if (grows || levels_.size() > maxDepth_)
         throw StackOverflowException("Copied into itself: " + key);
     from->MoveFirst();
     levels_.push_back({from, to});
@@ -146,14 +146,14 @@ void Mover::beginContainer(plistDict& source, const std::string& key,
 
 void Mover::copyLevels() {
     while (!levels_.empty()) {
-        const Level level = levels_.back();
+        Level level = levels_.back();
         if (level.from->eof) {
             levels_.pop_back();
             if (!levels_.empty()) levels_.back().from->MoveNext();
             continue;
         }
-        const size_t depth = levels_.size();
-        const std::string key = level.from->CurrentKey();
+        size_t depth = levels_.size();
+        std::string key = level.from->CurrentKey();
         copyKey(*level.from, key, level.to, key);
         if (levels_.size() == depth) level.from->MoveNext();
     }
@@ -161,10 +161,10 @@ void Mover::copyLevels() {
 
 void plistDict::Move(const std::string& key, const Ref<plistDict>& destination, bool remove,
                      const std::string& newName) {
-    // The tree may hold the texts themselves, and lets them go as it changes.
-    const std::string from = key;
-    const std::string to = newName.empty() ? from : newName;
-    const bool copied = Mover().copy(*this, from, destination, to);
+    // The parameters may refer to texts in the tree, which changes here.
+    std::string from = key;
+    std::string to = newName.empty() ? from : newName;
+    bool copied = Mover().copy(*this, from, destination, to);
     if (copied && remove) Remove(from);
 }
 
@@ -177,7 +177,7 @@ void plistDict::Copy(const std::string& key, const Ref<plistDict>& destination) 
 }
 
 void plistDict::Rename(const std::string& oldKey, const std::string& newKey) {
-    // An older error is cleared by Move: the new key may be its text.
+    // An older error is cleared by Move, not before: the new key may refer to its text.
     if (Exists(newKey)) {
         SetError(true, "Key " + newKey + " already exists.");
         return;

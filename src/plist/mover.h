@@ -18,7 +18,7 @@ class Mover {
               const std::string& target);
 
   private:
-    // A container whose keys, from its cursor on, go to `to`.
+    // A container whose keys, from its cursor on, are copied to `to`.
     struct Level {
         Ref<plistDict> from;
         Ref<plistDict> to;
@@ -31,7 +31,7 @@ class Mover {
     void copyLevels();
 
     std::vector<Level> levels_;
-    size_t deepest_ = 0;
+    size_t maxDepth_ = 0;
 };
 
 }  // namespace bracken

@@ -11,15 +11,15 @@ plist::plist(const Ref<FolderItem>& file, const Ref<FolderItem>& fallback) {
 
 void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& fallback) {
     root = make<plistDict>();
-    // The fallback may be what was saved to so far.
-    const Ref<FolderItem> source = !file->Exists() && fallback ? fallback : file;
+    // The fallback may be the savePath so far.
+    Ref<FolderItem> source = !file->Exists() && fallback ? fallback : file;
     savePath = file;
     if (!source->Exists()) {
         startNew(*source);
         return;
     }
     std::string line;
-    const Ref<TextInputStream> stream = openText(source, line);
+    Ref<TextInputStream> stream = openText(source, line);
     read(stream, std::move(line));
     stream->Close();
 }
@@ -36,16 +36,16 @@ void plist::startNew(const FolderItem& missing) {
 }
 
 Ref<TextInputStream> plist::openText(const Ref<FolderItem>& source, std::string& line) {
-    const Ref<TextInputStream> stream = source->OpenAsTextFile();
+    Ref<TextInputStream> stream = source->OpenAsTextFile();
     line = stream->ReadLine(nullptr);
-    const bool binary = equal(Left(line, 6), "bplist");
+    bool binary = equal(Left(line, 6), "bplist");
     stream->Close();
     return binary ? openCopy(source) : source->OpenAsTextFile();
 }
 
 Ref<TextInputStream> plist::openCopy(const Ref<FolderItem>& binary) {
     isBinary = true;
-    const Ref<FolderItem> copy = binary->Parent()->Child(binary->Name() + " temp");
+    Ref<FolderItem> copy = binary->Parent()->Child(binary->Name() + " temp");
     copy->Delete();
     binary->CopyFileTo(copy);
     Shell().Execute("plutil -convert xml1 " + copy->ShellPath());
@@ -72,7 +72,7 @@ void plist::Save() {
 }
 
 void plist::Save(bool cleanup) {
-    const Ref<TextOutputStream> stream = savePath->CreateTextFile();
+    Ref<TextOutputStream> stream = savePath->CreateTextFile();
     if (stream) {
         writeText(stream);
         stream->Close();

@@ -2,29 +2,29 @@
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/text/text.h"
+#include "plist/markup.h"
 #include "plist/plist.h"
-#include "plist/tags.h"
 
 namespace bracken {
 
 namespace {
 
-void drain(ChildList& children, std::vector<ChildList::Node>& nodes) {
+void moveNodes(ChildList& children, std::vector<ChildList::Node>& nodes) {
     for (int i = 1; i <= children.upperBound(); ++i) nodes.push_back(children.node(i));
     children = ChildList();
 }
 
 }  // namespace
 
-// Takes the tree apart level by level: its depth is the file's, and must not be the stack's. Nodes
-// that somebody else holds keep their children.
+// Destroys the tree without recursion: a deep file must not overflow the stack. Nodes that are held
+// elsewhere keep their children.
 plistDict::~plistDict() {
     std::vector<ChildList::Node> pending;
-    drain(children, pending);
+    moveNodes(children, pending);
     while (!pending.empty()) {
-        const ChildList::Node node = std::move(pending.back());
+        ChildList::Node node = std::move(pending.back());
         pending.pop_back();
-        if (node.use_count() == 1) drain(node->children, pending);
+        if (node.use_count() == 1) moveNodes(node->children, pending);
     }
 }
 
@@ -74,54 +74,74 @@ std::string plistDict::MakeTwo(int32_t n) const {
 }
 
 Ref<plistDict> plistDict::child(std::string_view key) {
-    const ChildList::Node* known = children.first(key);
-    if (known != nullptr) return Ref<plistDict>(*known);
+    const ChildList::Node* existing = children.first(key);
+    if (existing != nullptr) return Ref<plistDict>(*existing);
     AddChild(key);
     const ChildList::Node* added = children.first(key);
     if (added != nullptr) return Ref<plistDict>(*added);
-    // The next try says that the key exists, and any more would say the same.
+    // The next attempt reports that the key exists, as would every further one.
     AddChild(key);
     throw StackOverflowException("No child: " + std::string(key));
 }
 
 Ref<plistDict> plistDict::index(int32_t i) const {
-    const ChildList::Node* known = children.first(Str(i));
-    return known == nullptr ? Ref<plistDict>() : Ref<plistDict>(*known);
+    const ChildList::Node* node = children.first(Str(i));
+    return node == nullptr ? Ref<plistDict>() : Ref<plistDict>(*node);
 }
 
 void plistDict::AddChild(std::string_view keyText) {
-    // The tree may hold the text itself.
-    const std::string key(keyText);
+    // The parameter may refer to a text in the tree, which changes here.
+    std::string key(keyText);
     SetError(false, "");
     if (types.HasKey(key)) {
         SetError(true, "Child exists: " + key + " already exists");
         return;
     }
-    adopt(key, "dict", key);
+    addNode(key, "dict", key);
     searched.Value(key, false);
 }
 
 bool plistDict::AddArray(std::string_view keyText) {
-    const std::string key(keyText);
+    std::string key(keyText);
     SetError(false, "");
     if (types.HasKey(key)) {
         SetError(true, "Array exists: " + key + " already exists");
         return false;
     }
-    adopt(key, "array", key);
+    addNode(key, "array", key);
     searched.Value(key, false);
     return true;
 }
 
-plistDict& plistDict::adopt(std::string_view key, std::string_view tag, std::string nodeName) {
+void plistDict::addNode(std::string_view key, std::string_view tag, std::string nodeName) {
     types.Value(key, std::string(tag));
-    const auto node = std::make_shared<plistDict>();
+    auto node = std::make_shared<plistDict>();
     node->name = std::move(nodeName);
     node->isArray = tag == "array";
     node->parent = weak_from_this();
     node->rootClass = rootClass;
     children.append(key, node);
-    return *node;
+}
+
+std::string plistDict::AbsolutePath() {
+    path = ":" + name;
+    BuildPath(parent.lock().get(), path);
+    return path;
+}
+
+// Sets `path` to the names from the root, or else the topmost node, down to `node`, then `text`.
+void plistDict::BuildPath(const plistDict* node, const std::string& text) {
+    std::vector<std::string> names;
+    bool isComplete = false;
+    for (std::shared_ptr<plistDict> above; node != nullptr && !isComplete; node = above.get()) {
+        isComplete = equal(node->name, "root");
+        names.push_back(":" + (isComplete ? "root" : node->name));
+        above = node->parent.lock();
+    }
+    std::string whole;
+    for (auto part = names.rbegin(); part != names.rend(); ++part) whole += *part;
+    path = whole + text;
+    if (!isComplete) throw NilObjectException("No root above " + name);
 }
 
 void plistDict::MoveFirst() {

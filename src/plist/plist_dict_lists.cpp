@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "framework/checked.h"
 #include "framework/controls/listbox.h"
 #include "framework/controls/popup_menu.h"
+#include "framework/ref.h"
 #include "framework/text/text.h"
 #include "plist/plist_dict.h"
 
@@ -23,7 +23,7 @@ void limitBounds(const std::vector<std::string>& list, int32_t& first, int32_t& 
     last = std::min(last, upperBound(list));
 }
 
-// As a list indexed outside its range fails.
+// IndexOutOfRangeException outside the list.
 const std::string& element(const std::vector<std::string>& list, int32_t i) {
     if (i < 0 || i > upperBound(list)) throw IndexOutOfRangeException("Element " + Str(i));
     return list[static_cast<size_t>(i)];
@@ -35,13 +35,13 @@ void storeRow(plistDict& elements, Listbox& listbox, int row) {
         return;
     }
     elements.AppendArray();
-    const Ref<plistDict> cells = elements.index(row);
+    Ref<plistDict> cells = elements.index(row);
     for (int column = 0; column < listbox.ColumnCount; ++column) {
         cells->AppendString(listbox.Cell(row, column));
     }
 }
 
-// The text of the row added, "" in a list of several columns.
+// Returns the text of the row added, "" in a list of several columns.
 std::string restoreRow(plistDict& elements, Listbox& listbox, int row) {
     if (listbox.ColumnCount < 2) {
         std::string text = elements.GetString(Str(row));
@@ -49,7 +49,7 @@ std::string restoreRow(plistDict& elements, Listbox& listbox, int row) {
         return text;
     }
     listbox.AddRow("");
-    const int cells = elements.index(row)->count();
+    int cells = elements.index(row)->count();
     for (int column = 0; column < cells; ++column) {
         if (column >= listbox.ColumnCount) continue;
         listbox.Cell(row, column) = elements.index(row)->GetString(Str(column));
@@ -59,7 +59,7 @@ std::string restoreRow(plistDict& elements, Listbox& listbox, int row) {
 
 }  // namespace
 
-Ref<plistDict> plistDict::startList(const std::string& key, const std::string& selected) {
+Ref<plistDict> plistDict::addListNode(const std::string& key, const std::string& selected) {
     AddChild(key);
     searched.Value(key, false);
     child(key)->SetString("default", selected);
@@ -67,41 +67,41 @@ Ref<plistDict> plistDict::startList(const std::string& key, const std::string& s
 }
 
 void plistDict::SetListbox(Listbox* listbox) {
-    const std::string key = controlKey(checked(listbox));
+    std::string key = controlKey(checked(listbox));
     if (Exists(key)) Remove(key);
-    const Ref<plistDict> elements = startList(key, listbox->Text());
+    Ref<plistDict> elements = addListNode(key, listbox->Text());
     if (elements == nullptr) return;
     for (int row = 0; row < listbox->ListCount(); ++row) storeRow(*elements, *listbox, row);
 }
 
 void plistDict::SetPopup(PopupMenu* popup) {
-    const std::string key = controlKey(checked(popup));
+    std::string key = controlKey(checked(popup));
     if (Exists(key)) Remove(key);
-    const Ref<plistDict> elements = startList(key, popup->Text());
+    Ref<plistDict> elements = addListNode(key, popup->Text());
     if (elements == nullptr) return;
     for (int row = 0; row < popup->ListCount(); ++row) elements->AppendString(popup->List(row));
 }
 
 void plistDict::GetListbox(Listbox* listbox, bool setDefault) {
-    const std::string key = controlKey(checked(listbox));
+    std::string key = controlKey(checked(listbox));
     if (!Exists(key)) SetListbox(listbox);
-    const std::string selected = child(key)->GetString("default");
-    const Ref<plistDict> elements = child(key)->child("elements");
-    const int count = elements->count();
+    std::string selected = child(key)->GetString("default");
+    Ref<plistDict> elements = child(key)->child("elements");
+    int count = elements->count();
     for (int row = 0; row < count; ++row) {
-        const std::string text = restoreRow(*elements, *listbox, row);
+        std::string text = restoreRow(*elements, *listbox, row);
         if (setDefault && equal(text, selected)) listbox->ListIndex = row;
     }
 }
 
 void plistDict::GetPopup(PopupMenu* popup, bool setDefault) {
-    const std::string key = controlKey(checked(popup));
+    std::string key = controlKey(checked(popup));
     if (!Exists(key)) SetPopup(popup);
-    const std::string selected = child(key)->GetString("default");
-    const Ref<plistDict> elements = child(key)->child("elements");
-    const int count = elements->count();
+    std::string selected = child(key)->GetString("default");
+    Ref<plistDict> elements = child(key)->child("elements");
+    int count = elements->count();
     for (int row = 0; row < count; ++row) {
-        const std::string text = elements->GetString(Str(row));
+        std::string text = elements->GetString(Str(row));
         popup->AddRow(text);
         if (setDefault && equal(text, selected)) popup->ListIndex = row;
     }
@@ -117,8 +117,8 @@ void plistDict::AppendPopup(PopupMenu* popup) {
 
 void plistDict::SetList(std::string_view key, const std::vector<std::string>& list, int32_t first,
                         int32_t last) {
-    // The tree may hold the key's text itself, and lets it go with the key.
-    const std::string own(key);
+    // The key may refer to a text in the tree, which Remove frees.
+    std::string own(key);
     if (Exists(own)) Remove(own);
     limitBounds(list, first, last);
     if (!AddArray(own)) return;
@@ -128,7 +128,7 @@ void plistDict::SetList(std::string_view key, const std::vector<std::string>& li
 
 void plistDict::GetList(std::string_view key, std::vector<std::string>& list, int32_t base) {
     std::vector<std::string> read(base == 0 ? 0 : 1);
-    const int count = child(key)->count();
+    int count = child(key)->count();
     for (int i = 0; i < count; ++i) read.push_back(child(key)->GetString(Str(i)));
     list = std::move(read);
 }

@@ -1,7 +1,7 @@
 #include <chrono>
 #include <thread>
 
-#include "plist/brackets.h"
+#include "plist/markup.h"
 #include "plist/plist_dict.h"
 #include "plist/reader.h"
 #include "plist/tree_lines.h"
@@ -31,7 +31,7 @@ class Writer : public TreeLines {
 
 void plistDict::Load(const Ref<TextInputStream>& stream, const std::string& nodeName, bool array,
                      const std::weak_ptr<plistDict>& parentNode, plist* document, bool populate) {
-    // Ahead of the values, one of which may be that name.
+    // Before the values are cleared, one of which may be that name.
     name = nodeName;
     values.Clear();
     types.Clear();
@@ -46,7 +46,8 @@ std::string plistDict::StripAll(std::string text) {
     if (text.empty() || !isControl(text[0])) return text;
     size_t start = 0;
     while (start < text.size() && isControl(text[start])) ++start;
-    // No end is looked for: what comes behind the last character counts as a control character too.
+    // The end is not checked: what comes after the last character counts as a control character
+    // too.
     while (start == text.size()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
     return text.substr(start);
 }

@@ -77,12 +77,12 @@ Ref<Date> plistDict::GetDate(std::string_view key, const Ref<Date>& missing) {
     if (!Exists(key)) SetDate(key, missing);
     if (!TypeOK(key)) return nullptr;
     auto date = make<Date>();
-    const std::string text = GetValue(key);
-    const int64_t t = InStr(text, "T");
-    const std::string day = t == 0 ? text : Left(text, t - 1);
+    std::string text = GetValue(key);
+    int64_t t = InStr(text, "T");
+    std::string day = t == 0 ? text : Left(text, t - 1);
     std::string time = t == 0 ? "" : Mid(text, t + 1);
     if (equal(Right(time, 1), "Z")) time.pop_back();
-    const std::string monthFirst =
+    std::string monthFirst =
         NthField(day, "-", 2) + "/" + NthField(day, "-", 3) + "/" + NthField(day, "-", 1);
     if (!ParseDate(monthFirst, *date)) {
         SetError(true, "Could not create date object from " + std::string(key) + "(" + text + ")");
@@ -96,6 +96,10 @@ Ref<Date> plistDict::GetDate(std::string_view key) {
     return GetDate(key, make<Date>());
 }
 
+void plistDict::AppendColor(Color color) {
+    append("string", colorText(color));
+}
+
 Color plistDict::GetColor(std::string_view key, Color missing) {
     if (!Exists(key)) SetColor(key, missing);
     const std::string& tag = types.Value(key);
@@ -103,48 +107,12 @@ Color plistDict::GetColor(std::string_view key, Color missing) {
         SetError(true, "Type Mismatch: " + std::string(key) + " is a " + tag);
         return RGB(0, 0, 0);
     }
-    const std::string text = GetValue(key);
+    std::string text = GetValue(key);
     return RGB(hexPair(Left(text, 2)), hexPair(Mid(text, 3, 2)), hexPair(Right(text, 2)));
 }
 
 Color plistDict::GetColor(std::string_view key) {
     return GetColor(key, RGB(0, 0, 0));
-}
-
-void plistDict::append(std::string_view tag, std::string value) {
-    if (!CheckArray()) return;
-    indexOf = types.Count();
-    const std::string key = Str(indexOf);
-    types.Value(key, std::string(tag));
-    values.Value(key, std::move(value));
-}
-
-void plistDict::AppendString(const std::string& value) {
-    append("string", value);
-}
-
-void plistDict::AppendInteger(int32_t value) {
-    append("integer", Str(value));
-}
-
-void plistDict::AppendDouble(double value) {
-    append("double", Str(value));
-}
-
-void plistDict::AppendBoolean(bool value) {
-    append("boolean", value ? "true" : "false");
-}
-
-void plistDict::AppendDate(const Ref<Date>& date) {
-    if (CheckArray()) append("date", dateText(*date));
-}
-
-void plistDict::AppendData(const std::string& value) {
-    append("data", value);
-}
-
-void plistDict::AppendColor(Color color) {
-    append("string", colorText(color));
 }
 
 }  // namespace bracken

@@ -3,12 +3,12 @@
 
 namespace bracken {
 
-bool plistDict::store(std::string_view key, std::string_view checked, std::string_view tag,
+bool plistDict::store(std::string_view key, std::string_view accepted, std::string_view tag,
                       std::string value) {
-    // The tree, or its document's error, may hold the key's text itself, and let it go.
-    const std::string kept(key);
-    if (CheckType(kept, checked) == 0) return false;
-    put(kept, tag, std::move(value));
+    // The key may refer to a text in the tree or to the error message, which change here.
+    std::string own(key);
+    if (CheckType(own, accepted) == 0) return false;
+    put(own, tag, std::move(value));
     return true;
 }
 

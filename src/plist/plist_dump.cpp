@@ -1,4 +1,4 @@
-#include "framework/dialogs/clipboard.h"
+#include "framework/dialogs/dialogs.h"
 #include "plist/plist.h"
 #include "plist/tree_lines.h"
 
@@ -12,27 +12,27 @@ void appendToClipboard(const std::string& text) {
     clipboard.Close();
 }
 
-// Gathers the lines of each node as soon as the node has ended, which is ahead of its parent's.
+// Collects the lines of each node when the node ends, which is before its parent does.
 class Dumper : public TreeLines {
   public:
-    const std::string& gathered() const { return gathered_; }
+    const std::string& text() const { return text_; }
 
   private:
     void line(std::string_view indent, std::string_view text) override {
-        texts_.top().append(indent).append(text).push_back('\r');
+        unfinished_.top().append(indent).append(text).push_back('\r');
     }
     void keyEnded(const plistDict& node, const std::string& key, std::string_view indent) override {
         line(indent, node.searched.HasKey(key) ? "<search/>" : "<nosearch/>");
     }
-    void nodeBegins() override { texts_.emplace(); }
+    void nodeBegins() override { unfinished_.emplace(); }
     void nodeEnds() override {
-        gathered_ += texts_.top();
-        texts_.pop();
+        text_ += unfinished_.top();
+        unfinished_.pop();
     }
 
     // One for each node that has not ended.
-    std::stack<std::string> texts_;
-    std::string gathered_;
+    std::stack<std::string> unfinished_;
+    std::string text_;
 };
 
 }  // namespace
@@ -40,7 +40,7 @@ class Dumper : public TreeLines {
 void plistDict::Dump(int32_t level) const {
     Dumper dumper;
     dumper.run(*this, level);
-    appendToClipboard(dumper.gathered());
+    appendToClipboard(dumper.text());
 }
 
 void plist::Dump() const {

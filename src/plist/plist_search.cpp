@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "framework/text/text.h"
+#include "plist/markup.h"
 #include "plist/plist.h"
-#include "plist/tags.h"
 
 namespace bracken {
 
@@ -12,14 +12,14 @@ namespace {
 // Called with each scalar key; true ends the walk.
 using Visit = std::function<bool(const Ref<plistDict>& node, const std::string& key)>;
 
-// Walks the tree with the cursors of its nodes, depth first. Returns whether the walk was ended,
+// Walks the tree depth first with the cursors of its nodes. Returns whether a visit ended the walk,
 // which leaves the cursors where they are. Nesting costs memory, not stack.
 bool walk(const Ref<plistDict>& top, const Visit& visit) {
     std::vector<Ref<plistDict>> path = {top};
     top->MoveFirst();
     while (!path.empty()) {
-        const Ref<plistDict> node = path.back();
-        const std::string key = node->eof ? "" : node->CurrentKey();
+        Ref<plistDict> node = path.back();
+        std::string key = node->eof ? "" : node->CurrentKey();
         if (node->eof) {
             path.pop_back();
             if (!path.empty()) path.back()->MoveNext();
@@ -39,12 +39,12 @@ bool walk(const Ref<plistDict>& top, const Visit& visit) {
 }  // namespace
 
 bool plist::Find(const std::string& text) {
-    // The text may be one of the fields that are emptied.
-    std::string sought = text;
+    // The parameter may refer to one of the fields that are cleared.
+    std::string own = text;
     foundDict = nullptr;
     foundKey = foundValue = foundType = "";
     ClearSearch(root);
-    lastSearch = std::move(sought);
+    lastSearch = std::move(own);
     return ReadStructure(root, lastSearch, "valueSearch");
 }
 
@@ -69,10 +69,10 @@ bool plist::ReadStructure(const Ref<plistDict>& node, const std::string& text,
 
 bool plist::hit(const Ref<plistDict>& node, const std::string& key, const std::string& text,
                 const std::string& kind) {
-    const std::string value = node->GetValue(key);
-    const bool hits = (InStr(value, text) > 0 && equal(kind, "valueSearch")) ||
-                      (InStr(key, text) > 0 && equal(kind, "keySearch"));
-    if (!hits) return false;
+    std::string value = node->GetValue(key);
+    bool matches = (InStr(value, text) > 0 && equal(kind, "valueSearch")) ||
+                   (InStr(key, text) > 0 && equal(kind, "keySearch"));
+    if (!matches) return false;
     if (!node->searched.HasKey(key)) node->searched.Value(key, false);
     if (node->searched.Value(key)) return false;
     foundDict = node;

@@ -3,22 +3,21 @@
 #include <utility>
 
 #include "framework/text/text.h"
-#include "plist/brackets.h"
-#include "plist/tags.h"
+#include "plist/markup.h"
 
 namespace bracken {
 
 namespace {
 
-bool startsWith(std::string_view text, std::string_view start) {
-    return equal(text.substr(0, start.size()), start);
+bool startsWith(std::string_view text, std::string_view prefix) {
+    return equal(text.substr(0, prefix.size()), prefix);
 }
 
 }  // namespace
 
-Reader::Level::Level(plistDict& levelNode, Ref<plistDict> kept)
+Reader::Level::Level(plistDict& levelNode, Ref<plistDict> owned)
     : node(levelNode),
-      keptNode(std::move(kept)),
+      ownedNode(std::move(owned)),
       endTag(levelNode.isArray ? "</array>" : "</dict>") {}
 
 void Reader::read(plistDict& node) {
@@ -47,9 +46,9 @@ void Reader::nextLine(Level& level) {
     level.nextField = 0;
 }
 
-// Fields end between adjacent tags, except in front of a closing one.
+// Fields end between adjacent tags, except before a closing one.
 bool Reader::nextField(Level& level) {
-    const std::string_view line = level.line;
+    std::string_view line = level.line;
     if (level.nextField == line.size()) return false;
     size_t end = line.find("><", level.nextField);
     while (end != line.npos && line.substr(end + 2, 1) == "/") end = line.find("><", end + 1);
@@ -63,7 +62,7 @@ void Reader::handleField(Level& level) {
     if (startsWith(level.current, "<key>")) {
         handleKey(level);
     } else if (equal(level.current, level.endTag)) {
-        // The node ends behind the line's last field.
+        // The node ends after the line's last field.
     } else if (level.multiLine && !equal(level.current, "</" + level.tag + ">")) {
         handleContinuation(level);
     } else if (handleTag(level) && isContainer(level.type)) {
@@ -74,7 +73,7 @@ void Reader::handleField(Level& level) {
 void Reader::handleKey(Level& level) {
     constexpr std::string_view closing = "</key>";
     level.current.remove_prefix(5);
-    const size_t size = level.current.size();
+    size_t size = level.current.size();
     if (size >= closing.size() && equal(level.current.substr(size - closing.size()), closing)) {
         level.current.remove_suffix(closing.size());
     }
@@ -82,7 +81,7 @@ void Reader::handleKey(Level& level) {
 }
 
 void Reader::handleContinuation(Level& level) {
-    const int64_t closing = InStr(level.current, "</" + level.tag + ">");
+    int64_t closing = InStr(level.current, "</" + level.tag + ">");
     if (closing > 0) {
         level.current = level.current.substr(0, static_cast<size_t>(closing) - 1);
         level.multiLine = false;
@@ -93,7 +92,7 @@ void Reader::handleContinuation(Level& level) {
 }
 
 bool Reader::handleTag(Level& level) {
-    const size_t end = level.current.find('>');
+    size_t end = level.current.find('>');
     if (end == level.current.npos) return false;
     level.tag = level.current.substr(0, end);
     if (level.tag.starts_with('<')) level.tag.erase(0, 1);
@@ -126,7 +125,7 @@ void Reader::handleOpening(Level& level) {
 }
 
 void Reader::handleScalar(Level& level) {
-    const int64_t closing = InStr(level.current, "</" + level.type);
+    int64_t closing = InStr(level.current, "</" + level.type);
     if (closing > 0) {
         level.accumulator = level.current.substr(0, static_cast<size_t>(closing) - 1);
         storeAccumulator(level);
@@ -140,12 +139,12 @@ void Reader::handleScalar(Level& level) {
 }
 
 void Reader::beginChild(Level& level) {
-    const auto node = std::make_shared<plistDict>();
+    auto node = std::make_shared<plistDict>();
     level.node.children.append(level.key, node);
-    const bool populate = !level.selfClosed;
+    bool populate = !level.selfClosed;
     node->Load(nullptr, level.key, equal(level.type, "array"), level.node.weak_from_this(),
                level.node.rootClass, false);
-    // An empty dictionary's line must not end this node.
+    // The tag of an empty dictionary must not end this node.
     if (level.selfClosed && equal(level.type, "dict")) level.current = {};
     if (populate) levels_.emplace(*node, node);
 }

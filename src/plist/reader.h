@@ -5,14 +5,14 @@
 #include <string>
 #include <string_view>
 
-#include "framework/files/text_input_stream.h"
+#include "framework/files/streams.h"
 #include "plist/plist_dict.h"
 
 namespace bracken {
 
-// Reads the body of a property list line by line. It is no XML reader: it knows a handful of tag
-// shapes and takes everything else by position. It reports nothing; a malformed body gives a tree
-// of odd shape. Nesting costs memory, not stack.
+// Reads the body of a property list line by line. It is no XML parser: it recognises a few forms of
+// tags and takes everything else by position. It reports no errors; a malformed body results in an
+// odd tree. Nesting costs memory, not stack.
 class Reader {
   public:
     explicit Reader(TextInputStream& stream) : stream_(stream) {}
@@ -21,14 +21,15 @@ class Reader {
     void read(plistDict& node);
 
   private:
-    // Reading of one node. `current` is the field in hand, a piece of `line`, and stays what the
-    // last field left of it while the next line is read.
+    // A node being read. `current` is the current field, a part of `line`. While the next line is
+    // read it stays as handling the last field left it.
     struct Level {
-        explicit Level(plistDict& levelNode, Ref<plistDict> kept = nullptr);
+        explicit Level(plistDict& levelNode, Ref<plistDict> owned = nullptr);
 
         plistDict& node;
-        // A list without its element zero takes a node for that one, and drops it.
-        Ref<plistDict> keptNode;
+        // A list of children without its element 0 uses the node in place of that one, and drops
+        // it.
+        Ref<plistDict> ownedNode;
         std::string_view endTag;
         std::string line;
         size_t nextField = 0;
@@ -37,14 +38,14 @@ class Reader {
         std::string tag;
         std::string type;
         std::string accumulator;
-        // Within a value that spans lines.
+        // Inside a value that spans lines.
         bool multiLine = false;
         bool selfClosed = false;
     };
 
     bool ended(const Level& level) const;
     void nextLine(Level& level);
-    // The next field of the line becomes the current one; false behind the last.
+    // Moves to the next field of the line; false after the last one.
     static bool nextField(Level& level);
     void handleField(Level& level);
 

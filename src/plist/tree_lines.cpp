@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "framework/text/text.h"
-#include "plist/brackets.h"
+#include "plist/markup.h"
 
 namespace bracken {
 
@@ -48,14 +48,14 @@ void TreeLines::key(Level& level) {
     const std::string& key = level.node.types.Key(level.nextKey);
     const std::string& tag = level.node.types.ValueAt(level.nextKey);
     ++level.nextKey;
-    const bool isArray = equal(tag, "array");
-    const bool isContainer = isArray || equal(tag, "dict");
-    const std::string value = isContainer ? "" : encodeBrackets(valueOf(level, key));
+    bool isArray = equal(tag, "array");
+    bool isChild = isContainer(tag);
+    std::string value = isChild ? "" : encodeBrackets(valueOf(level, key));
     if (!level.node.isArray) {
         indented("<key>" + key + "</key>");
         keyEnded(level.node, key, indent());
     }
-    if (isContainer) {
+    if (isChild) {
         level.containerTag = isArray ? "array" : "dict";
         level.nextChild = level.node.children.position(key);
     } else {
@@ -90,8 +90,8 @@ void TreeLines::tagLine(std::string_view before, std::string_view after) {
 }
 
 std::string_view TreeLines::indent() {
-    const int64_t tabs = topIndent_ + static_cast<int64_t>(levels_.size()) - 1;
-    const auto count = static_cast<size_t>(std::max<int64_t>(tabs, 0));
+    int64_t tabs = topIndent_ + static_cast<int64_t>(levels_.size()) - 1;
+    auto count = static_cast<size_t>(std::max<int64_t>(tabs, 0));
     if (tabs_.size() < count) tabs_.resize(count, '\t');
     return std::string_view(tabs_).substr(0, count);
 }

@@ -4,6 +4,7 @@
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/files/special_folder.h"
+#include "framework/platform/platform.h"
 #include "program/menu_bar1.h"
 
 namespace bracken {
@@ -30,7 +31,7 @@ void App::Event_EnableMenuItems() {
 
 bool App::CheckError() {
     if (!db->Error) return false;
-    MsgBox(db->ErrorMessage);
+    MsgBox(db->ErrorMessage, BoxCode::error);
     return true;
 }
 

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -10,18 +9,21 @@
 #include <cstring>
 #include <optional>
 
+#include "framework/files/file_calls.h"
+#include "framework/text/text.h"
+
 namespace bracken {
 
 namespace {
 
 // Bytes read at a time: few calls, and the piece is still in the cache when it is searched.
 constexpr int64_t pieceSize = int64_t{256} * 1024;
-// Of a file that ends within the first piece the length need not be asked: it costs as much as a
-// quarter of the rest.
-constexpr int64_t unasked = -1;
-// A read that an error of the disk cuts short ends at the edge of a page, and the next one reports
-// the error; a file that ends elsewhere needs no next one.
-constexpr int64_t smallestPage = 4096;
+// The length of a file that ends within the first piece need not be asked, which would cost as much
+// as a quarter of the rest.
+constexpr int64_t unknownLength = -1;
+// A read that a disk error cuts short ends at a page boundary, and the next one reports the error;
+// a file that ends elsewhere needs no next one.
+constexpr int64_t minPageSize = 4096;
 
 // None, with errno set, if it can't be asked.
 std::optional<int64_t> lengthOf(int descriptor) {
@@ -32,6 +34,11 @@ std::optional<int64_t> lengthOf(int descriptor) {
 
 }  // namespace
 
+bool passesExtensions(std::string_view fileName, std::string_view extensions) {
+    std::string_view last = fileName.substr(fileName.rfind('.') + 1);
+    return InStr(0, extensions, last) > 0 || extensions.empty();
+}
+
 int64_t searchedLength(uint64_t fileLength) {
     return std::max(static_cast<int32_t>(static_cast<uint32_t>(fileLength)), 0);
 }
@@ -39,7 +46,7 @@ int64_t searchedLength(uint64_t fileLength) {
 int FileSearch::search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
                        const Matcher& matcher, const std::function<bool()>& cancelled,
                        Matcher::Hits& hits) {
-    // Too long to be opened by whoever does not know the folder.
+    // Nobody could open the file by that path.
     if (path.size() >= PATH_MAX) return ENAMETOOLONG;
     const char* name = folder.nameOf(path);
     struct stat status;
@@ -48,31 +55,28 @@ int FileSearch::search(const OpenFolder& folder, const std::string& path, bool l
         if (S_ISDIR(status.st_mode)) return EISDIR;
         if (!S_ISREG(status.st_mode)) return 0;
     }
-    int descriptor =
-        openat(folder.descriptor(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) return errno;
+    Descriptor file(
+        openat(folder.descriptor(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.isOpen()) return errno;
     bool ask = !listedAsFile || folder.askLengths();
-    std::optional<int64_t> length = ask ? lengthOf(descriptor) : unasked;
-    int error = length ? searchOpened(descriptor, *length, matcher, cancelled, hits) : errno;
-    close(descriptor);
-    return error;
+    std::optional<int64_t> length = ask ? lengthOf(file.get()) : unknownLength;
+    return length ? searchOpened(file.get(), *length, matcher, cancelled, hits) : errno;
 }
 
 int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matcher,
                              const std::function<bool()>& cancelled, Matcher::Hits& hits) {
     // What a name that straddles two pieces needs of the first one.
-    size_t overlap = matcher.longestName() > 0 ? matcher.longestName() - 1 : 0;
+    size_t overlap = matcher.maxNameLength() > 0 ? matcher.maxNameLength() - 1 : 0;
     buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(pieceSize)));
     size_t kept = 0;
-    int64_t left = length == unasked ? pieceSize : length;
+    int64_t left = length == unknownLength ? pieceSize : length;
     while (left > 0) {
         if (cancelled()) return ECANCELED;
-        size_t wanted = static_cast<size_t>(std::min<int64_t>(left, pieceSize));
-        ssize_t got = read(descriptor, buffer_.data() + kept, wanted);
-        if (got < 0 && errno == EINTR) continue;
+        size_t count = static_cast<size_t>(std::min(left, pieceSize));
+        int64_t got = readSome(descriptor, buffer_.data() + kept, count);
         if (got < 0) return errno;
         if (got == 0) break;
-        if (length == unasked && got % smallestPage == 0) {
+        if (length == unknownLength && got % minPageSize == 0) {
             std::optional<int64_t> asked = lengthOf(descriptor);
             if (!asked) return errno;
             left = length = *asked;
@@ -81,7 +85,7 @@ int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matc
         size_t filled = kept + static_cast<size_t>(got);
         matcher.search({buffer_.data(), filled}, hits);
         left -= got;
-        if (length == unasked) break;
+        if (length == unknownLength) break;
         kept = std::min(filled, overlap);
         std::memmove(buffer_.data(), buffer_.data() + filled - kept, kept);
     }

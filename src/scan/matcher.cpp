@@ -4,8 +4,9 @@
 #include <array>
 #include <cstring>
 
+#include "framework/text/ascii.h"
 #include "framework/text/text.h"
-#include "scan/group_choice.h"
+#include "scan/gram_choice.h"
 
 namespace bracken {
 
@@ -14,25 +15,18 @@ namespace {
 constexpr uint32_t bucketBits = 13;
 constexpr uint32_t bucketCount = 1U << bucketBits;
 
-// Positions that the filter tests at a call.
-constexpr size_t stride = 2048;
-// Bytes behind a position that are looked at there.
-constexpr size_t room = 8;
+// Positions tested at a call of the filter.
+constexpr size_t stride = NgramFilter::maxBlocks * NgramFilter::block;
+// Bytes read from a position on.
+constexpr size_t lookAhead = 8;
 
 uint32_t bucketOf(uint32_t hash) {
-    return hash >> (GroupSieve::hashBits - bucketBits);
+    return hash >> (HashFilter::hashBits - bucketBits);
 }
 
-unsigned char lower(char byte) {
-    auto c = static_cast<unsigned char>(byte);
-    return c >= 'A' && c <= 'Z' ? c | 0x20 : c;
-}
-
-// Whether `text` begins with `name`, which is in lower case; there are enough bytes.
-bool beginsWith(const char* text, const std::string& name) {
-    for (char c : name)
-        if (lower(*text++) != static_cast<unsigned char>(c)) return false;
-    return true;
+size_t pairIndex(char first, char second) {
+    auto byte = [](char c) { return size_t{static_cast<unsigned char>(asciiLower(c))}; };
+    return byte(first) << 8 | byte(second);
 }
 
 }  // namespace
@@ -53,40 +47,41 @@ void Matcher::Hits::add(uint32_t name) {
 }
 
 Matcher::Matcher(const std::vector<std::string>& names) {
-    std::vector<uint32_t> grouped;
+    std::vector<uint32_t> longNames;
     names_.reserve(names.size());
     for (const std::string& name : names) {
         auto number = static_cast<uint32_t>(names_.size());
         names_.push_back(Lowercase(name));
-        longest_ = std::max(longest_, name.size());
-        if (name.size() >= 3) grouped.push_back(number);
+        maxNameLength_ = std::max(maxNameLength_, name.size());
+        if (name.size() >= 3) longNames.push_back(number);
         if (name.size() == 2) twos_.push_back(number);
         if (name.size() == 1) ones_.push_back(number);
     }
-    addGrouped(grouped);
+    addLong(longNames);
 }
 
-void Matcher::addGrouped(const std::vector<uint32_t>& grouped) {
+void Matcher::addLong(const std::vector<uint32_t>& numbers) {
     std::vector<Candidate> candidates;
-    GroupChoice choice(filter_);
-    for (uint32_t number : grouped) {
+    GramChoice choice(ngrams_);
+    for (uint32_t number : numbers) {
         const std::string& name = names_[number];
         auto offset = static_cast<uint32_t>(choice.choose(name));
-        filter_.add(std::string_view(name).substr(offset, 4));
+        ngrams_.add(std::string_view(name).substr(offset, 4));
         std::array<char, 8> start{};
         size_t known = name.copy(start.data(), start.size(), offset);
-        uint64_t classes = classesAt(start.data());
-        size_t kind = GroupSieve::kindOf(known);
-        sieve_.add(classes, kind);
-        candidates.push_back({classes, ~uint64_t{0} >> (64 - 8 * known), kind, number, offset});
-        if (std::find(kinds_.begin(), kinds_.end(), kind) == kinds_.end()) kinds_.push_back(kind);
+        uint64_t symbols = symbolsAt(start.data());
+        size_t length = HashFilter::lengthIndex(known);
+        hashes_.add(symbols, length);
+        candidates.push_back({symbols, ~uint64_t{0} >> (64 - 8 * known), length, number, offset});
+        if (std::find(lengths_.begin(), lengths_.end(), length) == lengths_.end())
+            lengths_.push_back(length);
     }
     sortCandidates(candidates);
 }
 
 void Matcher::sortCandidates(const std::vector<Candidate>& candidates) {
     auto bucket = [](const Candidate& candidate) {
-        return bucketOf(GroupSieve::hashOf(candidate.start, candidate.kind));
+        return bucketOf(HashFilter::hashOf(candidate.symbols, candidate.lengthIndex));
     };
     starts_.assign(bucketCount + 1, 0);
     for (const Candidate& candidate : candidates) starts_[bucket(candidate) + 1]++;
@@ -101,39 +96,40 @@ void Matcher::search(std::string_view text, Hits& hits) const {
     if (!ones_.empty() || !twos_.empty()) searchShort(text, hits);
     if (candidates_.empty()) return;
     size_t at = 0;
-    for (; at + stride + room <= text.size(); at += stride)
-        searchGroups(text, at, text.data() + at, stride / GroupFilter::block, hits);
-    // The last positions by a copy with room behind it.
-    std::array<char, stride + room + GroupFilter::block> tail;
+    for (; at + stride + lookAhead <= text.size(); at += stride)
+        searchGrams(text, at, text.data() + at, stride / NgramFilter::block, hits);
+    // The last positions in a copy, followed by zeros to read.
+    std::array<char, stride + lookAhead + NgramFilter::block> tail;
     while (at < text.size()) {
-        size_t left = std::min(text.size() - at, stride + room);
+        size_t left = std::min(text.size() - at, stride + lookAhead);
         std::memcpy(tail.data(), text.data() + at, left);
         std::memset(tail.data() + left, 0, tail.size() - left);
-        size_t blocks = (std::min(left, stride) + GroupFilter::block - 1) / GroupFilter::block;
-        searchGroups(text, at, tail.data(), blocks, hits);
+        size_t blocks = (std::min(left, stride) + NgramFilter::block - 1) / NgramFilter::block;
+        searchGrams(text, at, tail.data(), blocks, hits);
         at += stride;
     }
 }
 
-void Matcher::searchGroups(std::string_view text, size_t begin, const char* bytes, size_t blocks,
-                           Hits& hits) const {
-    std::array<uint16_t, stride + GroupFilter::excess> positions;
-    size_t count = filter_.collect(bytes, blocks, positions.data());
-    count = sieve_.sift(bytes, positions.data(), count);
+void Matcher::searchGrams(std::string_view text, size_t begin, const char* bytes, size_t blocks,
+                          Hits& hits) const {
+    std::array<uint16_t, stride + NgramFilter::slack> positions;
+    size_t count = ngrams_.collect(bytes, blocks, positions.data());
+    count = hashes_.keepPossible(bytes, positions.data(), count);
     for (size_t i = 0; i < count; i++)
-        compare(text, begin + positions[i], classesAt(bytes + positions[i]), hits);
+        compare(text, begin + positions[i], symbolsAt(bytes + positions[i]), hits);
 }
 
-void Matcher::compare(std::string_view text, size_t at, uint64_t start, Hits& hits) const {
-    for (size_t kind : kinds_) {
-        uint32_t bucket = bucketOf(GroupSieve::hashOf(start, kind));
+void Matcher::compare(std::string_view text, size_t at, uint64_t symbols, Hits& hits) const {
+    for (size_t length : lengths_) {
+        uint32_t bucket = bucketOf(HashFilter::hashOf(symbols, length));
         for (uint32_t i = starts_[bucket]; i < starts_[bucket + 1]; i++) {
             const Candidate& candidate = candidates_[i];
-            if ((start & candidate.mask) != candidate.start || hits.has(candidate.name)) continue;
-            const std::string& name = names_[candidate.name];
-            if (candidate.offset > at || at - candidate.offset + name.size() > text.size())
+            if ((symbols & candidate.mask) != candidate.symbols || hits.has(candidate.name))
                 continue;
-            if (beginsWith(text.data() + at - candidate.offset, name)) hits.add(candidate.name);
+            const std::string& name = names_[candidate.name];
+            if (candidate.offset > at) continue;
+            if (equal(text.substr(at - candidate.offset, name.size()), name))
+                hits.add(candidate.name);
         }
     }
 }
@@ -146,13 +142,12 @@ void Matcher::searchShort(std::string_view text, Hits& hits) const {
                            [&](uint32_t name) { return hits.has(name); });
     };
     if (allFound()) return;
-    // Which pairs of bytes, in lower case, stand in the text.
+    // Which pairs of bytes, in lower case, the text has.
     std::vector<bool> pairs(1U << 16);
-    for (size_t at = 0; at + 1 < text.size(); at++)
-        pairs[static_cast<size_t>(lower(text[at]) << 8 | lower(text[at + 1]))] = true;
+    for (size_t at = 0; at + 1 < text.size(); at++) pairs[pairIndex(text[at], text[at + 1])] = true;
     for (uint32_t number : twos_) {
         const std::string& name = names_[number];
-        if (pairs[static_cast<size_t>(lower(name[0]) << 8 | lower(name[1]))]) hits.add(number);
+        if (pairs[pairIndex(name[0], name[1])]) hits.add(number);
     }
 }
 

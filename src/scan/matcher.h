@@ -7,27 +7,29 @@
 #include <string_view>
 #include <vector>
 
-#include "scan/group_filter.h"
-#include "scan/group_sieve.h"
+#include "scan/hash_filter.h"
+#include "scan/ngram_filter.h"
 
 namespace bracken {
 
 // Finds which of a set of names lie inside a text, all in one pass: exactly those for which InStr
 // gives a position. Immutable once made, so any number of threads may search with it at a time.
 //
-// Each name of three bytes or more is represented by a group of four of its bytes (three for a name
-// of three), chosen where it is rare; a filter tells where such a group may begin, 64 positions at
-// a time, a sieve looks closer at those, and names are compared only where both let a position
-// pass. Names of one and two bytes are looked up in a pass of their own.
+// Names of one and two bytes are looked up in a pass of their own. Each longer one is represented
+// by a 4-gram in it (by itself if it has three bytes), chosen where it is rare. Three steps, each
+// on what the one before let through:
+// - the NgramFilter finds where such a gram may begin, 64 positions at a time;
+// - the HashFilter looks at up to seven bytes there;
+// - names are compared.
 class Matcher {
   public:
-    // Names count from 0 in this order. Equal names but for letter case may be there more than
-    // once; an empty name is never found.
+    // Names are numbered from 0 in this order. Names that are equal but for letter case may be
+    // there more than once; an empty name is never found.
     explicit Matcher(const std::vector<std::string>& names);
 
     size_t nameCount() const { return names_.size(); }
-    // Bytes of the longest name.
-    size_t longestName() const { return longest_; }
+    // In bytes.
+    size_t maxNameLength() const { return maxNameLength_; }
 
     // The names found in one text. Reused from text to text.
     class Hits {
@@ -49,36 +51,38 @@ class Matcher {
     void search(std::string_view text, Hits& hits) const;
 
   private:
-    // A name whose group lies `offset` bytes behind its start: the classes of the bytes from the
-    // group on, eight at most, which of the eight there are, and the kind of its group.
+    // A name of three bytes or more.
     struct Candidate {
-        uint64_t start;
+        // The symbols of its bytes from the gram on, eight at most, and a mask of those it has.
+        uint64_t symbols;
         uint64_t mask;
-        size_t kind;
+        // See HashFilter.
+        size_t lengthIndex;
         uint32_t name;
+        // Of its gram.
         uint32_t offset;
     };
 
-    void addGrouped(const std::vector<uint32_t>& grouped);
+    void addLong(const std::vector<uint32_t>& numbers);
     void sortCandidates(const std::vector<Candidate>& candidates);
     void searchShort(std::string_view text, Hits& hits) const;
-    // Goes through positions of `text` from `begin` on, by what stands in `bytes`, which is the
-    // text there with room behind it.
-    void searchGroups(std::string_view text, size_t begin, const char* bytes, size_t blocks,
-                      Hits& hits) const;
-    void compare(std::string_view text, size_t at, uint64_t start, Hits& hits) const;
+    // Searches positions of `text` from `begin` on; `bytes` is the text there, with readable bytes
+    // after its end.
+    void searchGrams(std::string_view text, size_t begin, const char* bytes, size_t blocks,
+                     Hits& hits) const;
+    void compare(std::string_view text, size_t at, uint64_t symbols, Hits& hits) const;
 
     // In lower case.
     std::vector<std::string> names_;
-    size_t longest_ = 0;
-    GroupFilter filter_;
-    GroupSieve sieve_;
-    // Candidates by the hash of their group; those of bucket b stand from starts_[b] to
+    size_t maxNameLength_ = 0;
+    NgramFilter ngrams_;
+    HashFilter hashes_;
+    // Candidates in buckets by their hash; those of bucket b are from starts_[b] up to
     // starts_[b + 1].
     std::vector<uint32_t> starts_;
     std::vector<Candidate> candidates_;
-    // The kinds of group that there are.
-    std::vector<size_t> kinds_;
+    // The length indices that there are.
+    std::vector<size_t> lengths_;
     // Names of one and of two bytes.
     std::vector<uint32_t> ones_;
     std::vector<uint32_t> twos_;

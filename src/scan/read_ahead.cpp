@@ -10,25 +10,25 @@
 #include "framework/files/unreadable.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
-#include "scan/extension_filter.h"
 
 namespace bracken {
 
 namespace {
 
-// Files that the threads may be ahead of the scan: enough to keep them busy through the counting of
-// most trees, and a few megabytes.
+// Files that the threads may be ahead of the scan: enough to keep them busy while the scan counts
+// the files of most trees, and a few megabytes.
 constexpr size_t maxFilesAhead = 16384;
-// Threads that have got as far go on when the scan has caught up to here.
+// Threads that have got so far wait until the scan has caught up to here.
 constexpr size_t resumeBelow = maxFilesAhead / 2;
-// Files taken off the walk at a time, so that the threads seldom meet.
-constexpr size_t batch = 16;
+// Files that a thread takes from the walk at a time, so that the threads rarely contend for it.
+constexpr size_t batchSize = 16;
 
-// Waking the run costs as much as reading a small file: it is told of a batch, or after this time.
+// Waking the run costs as much as reading a small file, so it is woken after a batch, or after this
+// time.
 constexpr std::chrono::milliseconds announceAfter{5};
 
-// How far the threads stand back behind the scan and the windows. Each of those two is one thread
-// that others wait for, and must not share its processor with work that can be done on any.
+// The threads have a lower priority than the scan and the windows. Each of those two is one thread
+// that others wait for, and must not share its processor with work that any can do.
 constexpr int workerNiceness = 5;
 
 unsigned threadCount() {
@@ -47,7 +47,7 @@ ReadAhead::ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
     try {
         for (unsigned i = 0; i < threadCount(); i++) threads_.emplace_back([this] { work(); });
     } catch (const std::system_error&) {
-        // The system gives no more: the run reads by itself what none of them reads.
+        // The system gives no more threads: the run itself reads what none of them reads.
         if (threads_.empty()) walkEnded_ = true;
     }
 }
@@ -114,7 +114,7 @@ void ReadAhead::waitFor(const Task& task) {
 std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
     std::lock_guard walking(walkMutex_);
     std::vector<TaskRef> tasks;
-    while (tasks.size() < batch) {
+    while (tasks.size() < batchSize) {
         Ref<FolderItem> file = nextFile();
         if (file == nullptr) break;
         if (!passesExtensions(file->Name(), extensions_)) continue;

@@ -27,26 +27,26 @@ struct FoundNames {
 };
 
 // Reads and searches the files below a folder ahead of the scan, in the scan's order, on threads of
-// its own, which never hold the baton and never touch the model. How far it runs ahead is bounded
-// by a number of files; only what was found is kept, no text. Belongs to one run's thread.
+// its own, which never hold the baton and never touch the model. It is a bounded number of files
+// ahead, and keeps only what was found, no text. Belongs to one run's thread.
 class ReadAhead {
   public:
-    // `extensions` is a guess at what the scan will use in every folder from here on; files that it
-    // keeps out are not opened.
+    // `extensions` is a guess at what the scan will use in every folder from here on; files that
+    // don't pass it are not opened.
     ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
               std::shared_ptr<const TableNames> table);
-    // Stops the threads; gives the baton up while it waits for them.
+    // Stops the threads; releases the baton while it waits for them.
     ~ReadAhead();
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
     const std::string& root() const { return root_; }
-    // Whether the folder lies at or below the root and its files pass by the extensions guessed.
+    // Whether the folder is the root or below it, and the extensions are those guessed.
     bool covers(const std::string& folder, const std::string& extensions) const;
 
-    // What was found in the file; files ahead of it in the order are given up. Waits, without the
-    // baton, for a file that is still being searched. Nothing for a file that was not met or could
-    // not be read.
+    // What was found in the file; drops files ahead of it in the order. Waits, without the baton,
+    // for a file that is still being searched. None for a file that was not met or could not be
+    // read.
     std::optional<FoundNames> take(const std::string& path);
 
   private:
@@ -63,9 +63,9 @@ class ReadAhead {
     using TaskRef = std::shared_ptr<Task>;
 
     void work();
-    // Walks on, and enters the next files into the order; empty at the end of the walk.
+    // Walks on, and appends the next files to the order; empty at the end of the walk.
     std::vector<TaskRef> nextTasks();
-    // Nil at the end. What can't be seen is left to the scan, which meets it by itself.
+    // Nil at the end. Skips what can't be read: the scan will meet and report it.
     Ref<FolderItem> nextFile();
     TaskRef taskOf(const FolderItem& file);
     void perform(Task& task, FileSearch& search, Matcher::Hits& hits);
@@ -82,13 +82,13 @@ class ReadAhead {
     const std::atomic<bool>* const runKilled_;
     std::atomic<bool> stopped_{false};
 
-    // Guards the walk; taken ahead of the other.
+    // Guards the walk; locked before the other.
     std::mutex walkMutex_;
     TreeWalk walk_;
-    // That of the latest file.
+    // The latest file's.
     std::shared_ptr<const OpenFolder> folder_;
 
-    // Guards what follows.
+    // Guards the order and whether the walk has ended.
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<TaskRef> order_;

@@ -11,7 +11,8 @@
 
 namespace bracken {
 
-// Distinct table names, numbered from 0 in their first order, with a matcher for them. Immutable.
+// Distinct table names, numbered from 0 in the order of their first occurrence, with a matcher for
+// them. Immutable.
 class TableNames {
   public:
     // Names that are equal but for letter case count as one.

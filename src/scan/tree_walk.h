@@ -7,14 +7,14 @@
 
 namespace bracken {
 
-// The files below a folder, one by one, in the order in which the scan comes to them. For one
+// The files below a folder, one by one, in the order of the scan. For one
 // thread at a time; touches no model.
 class TreeWalk {
   public:
     explicit TreeWalk(const Ref<FolderItem>& folder);
 
-    // The next file; nil at the end. Entries that have vanished are passed over. Raises
-    // UnreadableException at what can't be seen whole, and goes on after it at the next call.
+    // The next file; nil at the end. Skips entries that have vanished. Raises UnreadableException
+    // for what can't be read; the next call goes on after that.
     Ref<FolderItem> next();
 
   private:

@@ -17,7 +17,7 @@ double half(int64_t length) {
 
 }  // namespace
 
-// Applies a move of the splitter, which has been placed, to every attached control.
+// Applies a move of the splitter, which is at its new position already, to every attached control.
 void SmartSplitter::adjustAttachedControls(int distance, bool behaving) {
     size_t count = attached.size();
     for (size_t i = 0; i < count; ++i) {
@@ -31,18 +31,19 @@ void SmartSplitter::adjustAttachedControls(int distance, bool behaving) {
         if (!show && control.Visible) control.Visible = false;
         if (debugCanvas != nullptr) debugCanvas->markControl(control);
     }
-    if (!behaving) tellNestedSplitters();
+    if (!behaving) adjustNestedSplitters();
 }
 
 SmartSplitter::Span SmartSplitter::newSpan(const Attached& entry, int distance) const {
     int64_t position = axis().position(*entry.control);
     int64_t extent = axis().extent(*entry.control);
     if (entry.shouldCenter) {
-        double start =
-            entry.behind
-                ? MinLimit + half(axis().extent(*this)) + half(here() - MinLimit) - half(extent)
-                : static_cast<double>(axis().farEdge(*this)) +
-                      half(MaxLimit - here() - axis().extent(*this)) - half(extent);
+        double start = entry.behind
+                           ? MinLimit + half(axis().extent(*this)) +
+                                 half(currentPosition() - MinLimit) - half(extent)
+                           : static_cast<double>(axis().farEdge(*this)) +
+                                 half(MaxLimit - currentPosition() - axis().extent(*this)) -
+                                 half(extent);
         return {toInt32(start), extent};
     }
     if (entry.shouldMove) position += distance;
@@ -50,7 +51,7 @@ SmartSplitter::Span SmartSplitter::newSpan(const Attached& entry, int distance) 
     return {position, extent};
 }
 
-// A control is hidden before it gets a size of nothing or less. What already fits is not set.
+// A control is hidden before its extent drops below 1. Values that don't change are not set.
 void SmartSplitter::apply(const Attached& entry, const Span& span) {
     RectControl& control = *entry.control;
     if (span.extent < 1 && control.Visible) control.Visible = false;
@@ -65,21 +66,21 @@ bool SmartSplitter::shouldShow(const Attached& entry, int64_t extent) const {
     if (control.Parent == nullptr || dynamic_cast<const SmartSplitter*>(&control) != nullptr)
         return true;
     const RectControl& parent = *control.Parent;
-    return liesWithin(control, parent, Axis::across()) && liesWithin(control, parent, Axis::down());
+    return liesWithin(control, parent, Axis::x()) && liesWithin(control, parent, Axis::y());
 }
 
-// Whether the splitter has run over a control that stays where it is.
+// Whether the splitter overlaps a control that doesn't move with it.
 bool SmartSplitter::isOverlapped(const Attached& entry) const {
-    // A lying splitter may reach one pixel further than an upright one.
+    // A horizontal splitter may overlap by one pixel more than a vertical one.
     int margin = isVertical ? 1 : 2;
     const RectControl& control = *entry.control;
-    return entry.behind ? here() + margin < axis().farEdge(control)
+    return entry.behind ? currentPosition() + margin < axis().farEdge(control)
                         : axis().position(control) < axis().farEdge(*this) - margin;
 }
 
-// Splitters of the same orientation settle their own limits and controls. They behave, and one that
-// behaves tells nobody, so the word goes no further than here.
-void SmartSplitter::tellNestedSplitters() {
+// Lets attached splitters of the same orientation update their own limits and controls. One that
+// behaves doesn't call this, so only one level is reached and cycles end.
+void SmartSplitter::adjustNestedSplitters() {
     for (size_t i = 0; i < attached.size(); ++i) {
         auto* splitter = dynamic_cast<SmartSplitter*>(attached[i].control);
         if (splitter != nullptr && splitter->isVertical == isVertical) splitter->behave();

@@ -1,22 +1,22 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "framework/controls/line.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/tab_panel.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/dialogs/dialogs.h"
 #include "framework/exception.h"
+#include "framework/ref.h"
 #include "splitter/smart_splitter.h"
 
 namespace bracken {
 
 namespace {
 
-// Distances below this count as touching.
-constexpr int64_t near = 5;
+// Distances in pixels below this count as touching.
+constexpr int64_t tolerance = 5;
 
 bool isNear(int64_t distance) {
-    return std::abs(distance) < near;
+    return std::abs(distance) < tolerance;
 }
 
 RectControl& asRectControl(Control& control) {
@@ -26,11 +26,6 @@ RectControl& asRectControl(Control& control) {
 }
 
 }  // namespace
-
-RectControl& SmartSplitter::present(RectControl* control) {
-    if (control == nullptr) throw NilObjectException();
-    return *control;
-}
 
 int SmartSplitter::indexOf(const RectControl* control) const {
     auto at = std::find_if(attached.begin(), attached.end(),
@@ -55,17 +50,18 @@ bool SmartSplitter::sharesPageWith(const RectControl& control) const {
     return !hasPages || TabPanelIndex == control.TabPanelIndex;
 }
 
-// Beside the splitter on one side, and not wholly above or below it.
+// Whether an edge of the control touches one of the splitter along its axis, and the two overlap
+// across it.
 bool SmartSplitter::touches(const RectControl& control) const {
     const Axis& cross = crossAxis();
     int64_t start = cross.position(*this);
     int64_t end = cross.farEdge(*this);
-    int64_t from = cross.position(control);
-    int64_t to = cross.farEdge(control);
-    bool overlaps = (start - near < from && end + near > from) ||
-                    (start - near < to && end + near > to) ||
-                    (from - near < start && to + near > end);
-    return overlaps && (isNear(here() - axis().farEdge(control)) ||
+    int64_t controlStart = cross.position(control);
+    int64_t controlEnd = cross.farEdge(control);
+    bool overlaps = (start - tolerance < controlStart && end + tolerance > controlStart) ||
+                    (start - tolerance < controlEnd && end + tolerance > controlEnd) ||
+                    (controlStart - tolerance < start && controlEnd + tolerance > end);
+    return overlaps && (isNear(currentPosition() - axis().farEdge(control)) ||
                         isNear(axis().farEdge(*this) - axis().position(control)));
 }
 
@@ -83,7 +79,7 @@ void SmartSplitter::attach(RectControl* control) {
     entry.normallyVisible = control->Visible;
     entry.minSizeVisible = suggestMinSizeControlShouldBeVisible(*control);
     entry.size = static_cast<int>(axis().extent(*control));
-    entry.behind = axis().position(*control) < here();
+    entry.behind = axis().position(*control) < currentPosition();
     chooseRole(entry, isAttached(control->Parent));
     attached.push_back(entry);
     raiseOffset(entry);
@@ -91,9 +87,9 @@ void SmartSplitter::attach(RectControl* control) {
         attachContents(*control);
 }
 
-// On the min side the near edge stays and the far edge follows; on the max side the whole control
-// moves. One that lies in an attached container is carried by that, and resizes only on the min
-// side and at the container's far edge.
+// On the min side the near edge stays and the far edge follows the splitter; on the max side the
+// whole control moves. A control inside an attached container moves with that, and resizes only on
+// the min side and only if it touches the container's far edge.
 void SmartSplitter::chooseRole(Attached& entry, bool parentAttached) {
     RectControl& control = *entry.control;
     bool suggested = suggestWhetherControlShouldResize(control);
@@ -124,12 +120,12 @@ void SmartSplitter::attachContents(RectControl& container) {
     }
 }
 
-// The far edge decides here, the near edge at the min end.
+// The far edge decides here, but the near edge at the min end.
 void SmartSplitter::setMaxAttachedControl(RectControl* control, bool onlyIfFurther) {
     initializeSmartSplitter();
     if (!onlyIfFurther || maxAttachedControl == nullptr) maxAttachedControl = control;
     if (onlyIfFurther &&
-        axis().farEdge(present(maxAttachedControl)) < axis().farEdge(present(control)))
+        axis().farEdge(checked(maxAttachedControl)) < axis().farEdge(checked(control)))
         maxAttachedControl = control;
     refreshDebugCanvas(true);
 }
@@ -138,7 +134,7 @@ void SmartSplitter::setMinAttachedControl(RectControl* control, bool onlyIfFurth
     initializeSmartSplitter();
     if (!onlyIfFurther || minAttachedControl == nullptr) minAttachedControl = control;
     if (onlyIfFurther &&
-        axis().position(present(control)) < axis().position(present(minAttachedControl)))
+        axis().position(checked(control)) < axis().position(checked(minAttachedControl)))
         minAttachedControl = control;
     refreshDebugCanvas(true);
 }

@@ -7,14 +7,21 @@
 
 namespace bracken {
 
-// A direction in a window: what `Left`, `Width` and the rest are across it, `Top`, `Height` and the
-// rest are down it. Code written on an Axis serves both orientations of a splitter.
+// A coordinate axis of a window. Code written on an Axis serves both orientations of a splitter.
 class Axis {
   public:
-    // The one that an upright splitter moves along.
-    static const Axis& across();
-    // The one that a lying splitter moves along.
-    static const Axis& down();
+    // Left and Width: a vertical splitter moves along it.
+    static const Axis& x() {
+        static const Axis axis(&RectControl::Left, &RectControl::Width, &RectControl::LockLeft,
+                               &RectControl::LockRight, &WindowContent::Width);
+        return axis;
+    }
+    // Top and Height: a horizontal splitter moves along it.
+    static const Axis& y() {
+        static const Axis axis(&RectControl::Top, &RectControl::Height, &RectControl::LockTop,
+                               &RectControl::LockBottom, &WindowContent::Height);
+        return axis;
+    }
 
     // The near edge of a control, and the distance from there to its far edge. All are read as 64
     // bits, so that sums of a few can't overflow.
@@ -37,13 +44,22 @@ class Axis {
     }
 
   private:
-    Axis() = default;
+    using Length = Property<int> RectControl::*;
+    using Lock = bool RectControl::*;
 
-    Property<int> RectControl::*position_ = nullptr;
-    Property<int> RectControl::*extent_ = nullptr;
-    bool RectControl::*nearLock_ = nullptr;
-    bool RectControl::*farLock_ = nullptr;
-    Property<int> WindowContent::*size_ = nullptr;
+    constexpr Axis(Length position, Length extent, Lock nearLock, Lock farLock,
+                   Property<int> WindowContent::*size)
+        : position_(position),
+          extent_(extent),
+          nearLock_(nearLock),
+          farLock_(farLock),
+          size_(size) {}
+
+    Length position_;
+    Length extent_;
+    Lock nearLock_;
+    Lock farLock_;
+    Property<int> WindowContent::*size_;
 };
 
 }  // namespace bracken

@@ -5,17 +5,17 @@
 
 #include "framework/controls/window_content.h"
 #include "framework/dialogs/dialogs.h"
-#include "framework/graphics/screen.h"
+#include "framework/graphics/picture.h"
 #include "framework/text/text.h"
 
 namespace bracken {
 
 namespace {
 
-// Greys of the mask: how far a mark lets the window through.
+// Greys of the mask: the transparency of a mark.
 const Color lineMask = RGB(0x44, 0x44, 0x44);
 const Color labelMask = RGB(0x22, 0x22, 0x22);
-const Color hidden = RGB(0xff, 0xff, 0xff);
+const Color transparentMask = RGB(0xff, 0xff, 0xff);
 
 }  // namespace
 
@@ -66,7 +66,7 @@ bool CanvasSmartSplitterDebugger::createP() {
 void CanvasSmartSplitterDebugger::clearP() {
     if (createP()) return;
     picture().ClearRect(0, 0, Width, Height);
-    mask().ForeColor = hidden;
+    mask().ForeColor = transparentMask;
     mask().FillRect(0, 0, Width, Height);
     minXdrawn = Width;
     minYdrawn = Height;
@@ -90,7 +90,7 @@ void CanvasSmartSplitterDebugger::drawRect(int x, int y, int width, int height) 
     maxYdrawn = std::max(maxYdrawn, y + height);
 }
 
-// The pen, two pixels wide, hangs right and down from its points.
+// The pen is two pixels wide, with its top left corner at each point.
 void CanvasSmartSplitterDebugger::drawX(const RectControl& c) {
     int right = c.Left + c.Width - 2;
     int bottom = c.Top + c.Height - 2;
@@ -106,15 +106,15 @@ void CanvasSmartSplitterDebugger::drawBox(const RectControl& c) {
 void CanvasSmartSplitterDebugger::drawBoxedString(const std::string& text, int x, int y,
                                                   Align align) {
     int width = toInt32(picture().StringWidth(text) + 2.0);
-    if (align == centre) x = toInt32(x - width / 2.0);
-    if (align == end) x -= width;
+    if (align == Align::center) x = toInt32(x - width / 2.0);
+    if (align == Align::right) x -= width;
     picture().FillRect(x, y, width, boxHeight);
     mask().ForeColor = labelMask;
     mask().FillRect(x, y, width, boxHeight);
-    Color kept = picture().ForeColor;
+    Color oldColor = picture().ForeColor;
     picture().ForeColor = HSV(0, 0, 0.94);
     picture().DrawString(text, x + 1, y + 9);
-    picture().ForeColor = kept;
+    picture().ForeColor = oldColor;
 }
 
 void CanvasSmartSplitterDebugger::markControl(const RectControl& c) {

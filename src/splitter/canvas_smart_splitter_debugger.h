@@ -10,9 +10,10 @@ namespace bracken {
 
 class SmartSplitter;
 
-// An overlay over its whole window on which splitters show what they do: green for a splitter and
-// its range, blue for the zones at its limits, red for the attached controls, crossed if hidden.
-// Put one into a window, created last so that it lies on top, and call setDebug on a splitter.
+// An overlay over its whole window on which splitters show what they do: a splitter and its range
+// in green, the zones at its limits in blue, the attached controls in red, crossed out if hidden.
+// Put one into a window, created last so that it lies on top, and call setDebug on a splitter. What
+// it draws of a splitter is in debugging.cpp.
 class CanvasSmartSplitterDebugger : public Canvas {
   public:
     CanvasSmartSplitterDebugger(WindowContent& window, std::string name);
@@ -22,7 +23,7 @@ class CanvasSmartSplitterDebugger : public Canvas {
 
     void Event_Open() override;
     void Event_Paint(class Graphics& g) override;
-    // Wipes the drawing; makes it first if there is none.
+    // Clears the drawing; creates it first if there is none.
     virtual void clearP();
     virtual void markControl(const RectControl& c);
     virtual void markSplitter(const SmartSplitter& s, int minLimit, int maxLimit, bool vertical);
@@ -30,16 +31,16 @@ class CanvasSmartSplitterDebugger : public Canvas {
   private:
     friend class SmartSplitterProbe;
 
-    enum Align { start = 0, centre = 1, end = 2 };
+    enum class Align { left, center, right };
 
     void drawBoxedString(const std::string& text, int x, int y, Align align);
     void drawX(const RectControl& c);
     void drawBox(const RectControl& c);
     void drawLine(int x1, int y1, int x2, int y2);
     void drawRect(int x, int y, int width, int height);
-    void markUpright(const SmartSplitter& s, int minLimit, int maxLimit);
-    void markLying(const SmartSplitter& s, int minLimit, int maxLimit);
-    // True if there is no picture afterwards.
+    void markVertical(const SmartSplitter& s, int minLimit, int maxLimit);
+    void markHorizontal(const SmartSplitter& s, int minLimit, int maxLimit);
+    // Returns true if there is still no picture.
     bool createP();
     class Graphics& picture() {
         return p->Graphics;
@@ -48,12 +49,12 @@ class CanvasSmartSplitterDebugger : public Canvas {
         return p->Mask(true)->Graphics;
     }
 
-    // The drawing, in window coordinates; as large as the screen, kept for life.
+    // The drawing, in window coordinates; as large as the screen, never released.
     Ref<Picture> p;
     int lastWidth = 0;
     int lastHeight = 0;
     int boxHeight = 0;
-    // The area that boxes have been drawn in; only that is shown.
+    // The bounds of the boxes drawn; only that area is shown.
     int minXdrawn = 0;
     int minYdrawn = 0;
     int maxXdrawn = 0;

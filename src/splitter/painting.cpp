@@ -3,15 +3,11 @@
 
 namespace bracken {
 
-namespace {
-
-Color grey(double value) {
+Color SmartSplitter::grey(double value) {
     return HSV(0, 0, value);
 }
 
-}  // namespace
-
-void SmartSplitter::takeColors() {
+void SmartSplitter::chooseColors() {
     colorLight = grey(backgroundDark ? 0.58 : 0.75);
     colorLightDisabled = grey(backgroundDark ? 0.63 : 0.87);
     colorMedium = grey(backgroundDark ? 0.5 : 0.62);
@@ -69,17 +65,19 @@ void SmartSplitter::drawHandle() {
     drawGhost();
     double spacing = handleDimple ? (handleLarge ? 5.0 : 3.0) : (handleLarge ? 1.5 : 1.0);
     double last = handleCount * spacing;
-    int at = toInt32(spacing - handleCount * spacing);
-    // Dimples are strung out along the divider, bars stand side by side across it.
-    for (; at <= last; at = toInt32(at + spacing * 2)) {
+    int offset = toInt32(spacing - handleCount * spacing);
+    // Dimples form a line along the splitter, bars stand side by side across it.
+    for (; offset <= last; offset = toInt32(offset + spacing * 2)) {
         if (handleDimple)
-            drawDimple(isVertical ? centerX : centerX - at, isVertical ? centerY - at : centerY);
+            drawDimple(isVertical ? centerX : centerX - offset,
+                       isVertical ? centerY - offset : centerY);
         else
-            drawBar(isVertical ? centerX + at : centerX, isVertical ? centerY : centerY + at);
+            drawBar(isVertical ? centerX + offset : centerX,
+                    isVertical ? centerY : centerY + offset);
     }
 }
 
-// The frame that is dragged while the attached controls stay put.
+// The frame that is dragged while the attached controls stay in place.
 void SmartSplitter::drawGhost() {
     if (!DisableLiveDrag || !mouseDownTriggered) return;
     int offset = Top < 0 ? Top : 0;
@@ -95,7 +93,7 @@ bool SmartSplitter::looksEnabled() const {
 void SmartSplitter::drawBar(int x, int y) {
     bool enabled = looksEnabled();
     int half = handleLarge ? 9 : 5;
-    // From a place along the bar and one across it to x and y.
+    // Draws a line given in coordinates along and across the bar.
     auto line = [&](int along1, int across1, int along2, int across2) {
         if (isVertical)
             Graphics.DrawLine(x + across1, y + along1, x + across2, y + along2);
@@ -111,40 +109,6 @@ void SmartSplitter::drawBar(int x, int y) {
     line(-half, -1, half, -1);
     line(-half, -1, -half, 0);
     line(half, -1, half, 0);
-}
-
-void SmartSplitter::drawDimple(int x, int y) {
-    if (handleLarge)
-        drawLargeDimple(x, y);
-    else
-        drawSmallDimple(x, y);
-}
-
-void SmartSplitter::drawLargeDimple(int x, int y) {
-    const DimplePixels& pixels = looksEnabled() ? dimplePixelValue : dimplePixelValueDisabled;
-    for (int row = 1; row <= 5; ++row) {
-        for (int column = 1; column <= 5; ++column) {
-            double value = pixels[static_cast<size_t>(column)][static_cast<size_t>(row)];
-            if (value < 0) continue;
-            Graphics.ForeColor = grey(value);
-            int px = x - 3 + column;
-            int py = y - 3 + row;
-            Graphics.DrawLine(px, py, px, py);
-        }
-    }
-}
-
-void SmartSplitter::drawSmallDimple(int x, int y) {
-    // Not the other marks' condition: inactive is lighter, disabled is not.
-    double lift = (!Active && Enabled) || !initializedSmartSplitter ? 0.2 : 0.0;
-    Graphics.ForeColor = grey((backgroundDark ? 0.68 : 0.8) + lift);
-    Graphics.FillRect(x - 1, y - 1, 3, 3);
-    Graphics.ForeColor = grey(0.44 + lift);
-    Graphics.DrawLine(x - 1, y, x, y - 1);
-    Graphics.ForeColor = grey(0.6 + lift);
-    Graphics.DrawLine(x, y + 1, x + 1, y);
-    Graphics.ForeColor = grey(0.3 + lift);
-    Graphics.DrawLine(x, y, x, y);
 }
 
 }  // namespace bracken

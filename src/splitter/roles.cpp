@@ -1,5 +1,5 @@
 #include "framework/dialogs/dialogs.h"
-#include "framework/text/end_of_line.h"
+#include "framework/text/text.h"
 #include "splitter/smart_splitter.h"
 
 namespace bracken {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/controls/tab_panel.h"
+#include "framework/controls/panels.h"
 #include "splitter/canvas_smart_splitter_debugger.h"
 
 namespace bracken {
@@ -10,25 +10,23 @@ namespace bracken {
 void SmartSplitter::initializeSmartSplitter() {
     if (initializedSmartSplitter || initializingSmartSplitter) return;
     initializingSmartSplitter = true;
-    takeDesignValues();
-    takeColors();
+    readDesignValues();
+    chooseColors();
     assignCursor();
     if (!maxLimitPropSet) MaxLimit = static_cast<int>(axis().size(window()) - axis().extent(*this));
     setHandleType(HandleType);
-    double factor = backgroundDark ? 1.0 : 1.1;
-    dimplePixelValue = dimplePixels(factor);
-    dimplePixelValueDisabled = dimplePixelsDisabled(factor);
+    fillDimplePixels();
     unAttachAllControls();
     if (Open) Open();
     if (attached.empty()) attachNearbyControls();
     assignLimits();
-    proportionValue = share(here());
+    proportionValue = proportionAt(currentPosition());
     proportionAtOpen = proportionValue;
     initializedSmartSplitter = true;
     initializingSmartSplitter = false;
 }
 
-void SmartSplitter::takeDesignValues() {
+void SmartSplitter::readDesignValues() {
     isVertical = Width < Height;
     maxLimitPropSet = MaxLimit != 0;
     minLimitPropSet = MinLimit != 0;
@@ -36,7 +34,7 @@ void SmartSplitter::takeDesignValues() {
     minLimitOffsetPropSet = MinLimitOffset != 0;
     if (Debug) setDebug(true);
     if (SwapOrientation) isVertical = !isVertical;
-    positionAtOpen = static_cast<int>(here());
+    positionAtOpen = static_cast<int>(currentPosition());
     windowSizeAtOpen = static_cast<int>(axis().size(window()));
     windowSizeLast = windowSizeAtOpen;
     UseFocusRing = false;
@@ -58,8 +56,7 @@ void SmartSplitter::assignCursor() {
 }
 
 bool SmartSplitter::usesDarkFrame() const {
-    constexpr int darkFrame = 9;
-    return window().Frame == darkFrame &&
+    return window().Frame == FrameKind::dark &&
            dynamic_cast<TabPanel*>(static_cast<RectControl*>(Parent)) == nullptr;
 }
 
@@ -109,7 +106,7 @@ bool SmartSplitter::Event_MouseDown(int x, int y) {
 }
 
 void SmartSplitter::Event_MouseDrag(int x, int y) {
-    // The control moves along with the mouse, so this is the distance still to go.
+    // Coordinates are relative to the splitter, so this is the distance left to move.
     moveDistance(isVertical ? x - mouseDownX : y - mouseDownY, false);
     markOnDebugCanvas();
     if (MouseDrag) MouseDrag(x, y);

@@ -1,36 +1,29 @@
 #include <optional>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
-#include "framework/controls/group_box.h"
-#include "framework/controls/image_well.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/placard.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/controls/popup_menu.h"
-#include "framework/controls/radio_button.h"
-#include "framework/controls/rectangle.h"
-#include "framework/controls/separator.h"
-#include "framework/controls/static_text.h"
-#include "framework/controls/tab_panel.h"
 #include "splitter/smart_splitter.h"
 
 namespace bracken {
 
 namespace {
 
-template <class... Kinds>
+template <class... Classes>
 bool isOneOf(const RectControl& control) {
-    return (... || (dynamic_cast<const Kinds*>(&control) != nullptr));
+    return (... || (dynamic_cast<const Classes*>(&control) != nullptr));
 }
 
-// The orientation that an unopened splitter would take by its shape.
-bool isSplitterAlong(const RectControl& control, bool vertical) {
+// Judged by shape, since the other splitter may not be set up yet.
+bool isSplitterOfOrientation(const RectControl& control, bool vertical) {
     return isOneOf<SmartSplitter>(control) && (control.Width < control.Height) == vertical;
 }
 
-// What scroll bars ask for; nothing where other rules decide.
-std::optional<int> scrolledOffset(const RectControl& control, bool vertical) {
+// The offset of a control that can have scroll bars; nullopt if the other rules decide.
+std::optional<int> scrollableOffset(const RectControl& control, bool vertical) {
     if (auto* list = dynamic_cast<const Listbox*>(&control)) {
         if (vertical) return 86;
         if (list->ScrollbarHorizontal) return 66;
@@ -56,14 +49,14 @@ int SmartSplitter::suggestMinSizeControlShouldBeVisible(const RectControl& contr
 int SmartSplitter::suggestOffsetSizeForControl(const RectControl& control) const {
     if (isOneOf<TabPanel>(control)) return 140;
     if (isOneOf<GroupBox, PagePanel>(control)) return 100;
-    if (auto offset = scrolledOffset(control, isVertical)) return *offset;
+    if (auto offset = scrollableOffset(control, isVertical)) return *offset;
     if (isVertical && isOneOf<CheckBox, RadioButton>(control)) return 60;
     if (isVertical && isOneOf<PopupMenu, StaticText>(control)) return 40;
     return 30;
 }
 
 bool SmartSplitter::suggestWhetherControlShouldResize(const RectControl& control) const {
-    if (isSplitterAlong(control, isVertical)) return false;
+    if (isSplitterOfOrientation(control, isVertical)) return false;
     if (axis().lockedAtBothEnds(control)) return true;
     if (isOneOf<Separator, Rectangle, Placard, ImageWell, Canvas, Listbox>(control)) return true;
     auto* field = dynamic_cast<const EditField*>(&control);

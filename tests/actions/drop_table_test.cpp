@@ -57,6 +57,7 @@ TEST_F(Drop, ARefusalShowsTheServersWordsAndChangesNothing) {
         EXPECT_EQ(state(), "users log a`b | Drop Table, View Data, " +
                                std::string(row == 0 ? "View Script, " : ""));
     }
+    EXPECT_EQ(program.platform.boxCodes, (std::vector<int>{36, 16, 36, 16, 36, 16}));
     EXPECT_EQ(program.db->statements,
               (std::vector<std::string>{"drop table `d`.`users`", "drop table `d`.`users`",
                                         "drop table `d`.`a`b`"}));

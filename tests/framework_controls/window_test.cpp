@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "framework/controls/buttons.h"
 #include "framework/controls/control.h"
-#include "framework/controls/group_box.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
-#include "framework/controls/tab_panel.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/windows/windows.h"
 #include "tests/support/fake_platform.h"
 
@@ -22,7 +20,6 @@ class Probe : public Window {
     RectControl innermost{*this, "innermost"};
     StaticText label{*this, "label"};
     PushButton first{*this, "first"};
-    PushButton second{*this, "second"};
     std::string events;
 
   protected:
@@ -164,22 +161,6 @@ TEST_F(WindowTest, LocksOfAContainedControlAreTheWindowsEdgesToo) {
         EXPECT_EQ(place(window.innermost), one.innermost) << one.left << one.right;
         window.Close();
     }
-}
-
-TEST_F(WindowTest, ReturnPressesTheDefaultButtonIfItCanBePressed) {
-    Probe& window = open();
-    std::string pressed;
-    window.first.Action = [&] { pressed += "first "; };
-    window.second.Action = [&] { pressed += "second "; };
-    window.userPressedReturn();
-    window.first.Default = window.second.Default = true;
-    window.userPressedReturn();
-    window.first.Enabled = false;
-    window.userPressedReturn();
-    window.second.Visible = false;
-    window.userPressedReturn();
-    window.first.userPressed();
-    EXPECT_EQ(pressed, "first second ");
 }
 
 TEST_F(WindowTest, AWindowLivesUntilTheHandlerThatClosesItHasEnded) {

@@ -2,17 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/text/variant.h"
+#include "framework/values/variant.h"
 
 namespace bracken {
 namespace {
 
-std::string shown(const Date& date) {
+std::string toText(const Date& date) {
     return Str(date.Year) + " " + Str(date.Month) + " " + Str(date.Day) + " " + Str(date.Hour) +
            " " + Str(date.Minute) + " " + Str(date.Second);
 }
 
-TEST(ParseDate, TakesDaysOfTheCalendarOnly) {
+TEST(ParseDate, AcceptsDaysOfTheCalendarOnly) {
     const std::pair<std::string_view, std::string_view> cases[] = {
         {"3/9/2004", "2004 3 9 0 0 0"},
         {"02/29/2004", "2004 2 29 0 0 0"},
@@ -31,13 +31,13 @@ TEST(ParseDate, TakesDaysOfTheCalendarOnly) {
     };
     for (const auto& [text, expected] : cases) {
         Date date;
-        const std::string before = shown(date);
+        std::string before = toText(date);
         EXPECT_EQ(ParseDate(text, date), !expected.empty()) << text;
-        EXPECT_EQ(shown(date), expected.empty() ? before : expected);
+        EXPECT_EQ(toText(date), expected.empty() ? before : expected);
     }
 }
 
-TEST(Variant, TellsNumbersFromText) {
+TEST(Variant, DistinguishesNumbersFromText) {
     struct Case {
         Variant value;
         bool numeric;

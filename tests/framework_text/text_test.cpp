@@ -12,11 +12,11 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-TEST(InStr, FindsWithoutRegardToCase) {
+TEST(InStr, IgnoresCase) {
     struct Case {
         int64_t start;
         std::string_view source, find;
-        int64_t place;
+        int64_t position;
     };
     const Case cases[] = {
         {1, "SELECT * FROM Users", "users", 15},
@@ -36,31 +36,31 @@ TEST(InStr, FindsWithoutRegardToCase) {
         {1, std::string_view("a\0b", 3), std::string_view("\0B", 2), 2},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(InStr(c.start, c.source, c.find), c.place) << c.source << " / " << c.find;
+        EXPECT_EQ(InStr(c.start, c.source, c.find), c.position) << c.source << " / " << c.find;
     }
 }
 
-// Against the plainest search there is, over texts of few letters, where starts are many.
+// Compared with a plain search in texts of few letters, which have many partial matches.
 TEST(InStr, AgreesWithAPlainSearch) {
     std::mt19937 random(7);
-    const auto text = [&](size_t longest) {
-        std::string made(random() % (longest + 1), ' ');
+    auto text = [&](size_t maxLength) {
+        std::string made(random() % (maxLength + 1), ' ');
         for (char& c : made) c = "abAB"[random() % 4];
         return made;
     };
     for (int i = 0; i < 20000; ++i) {
-        const std::string source = text(24);
-        const std::string find = text(4);
-        const auto start = static_cast<size_t>(random() % 8);
-        const size_t place =
+        std::string source = text(24);
+        std::string find = text(4);
+        auto start = static_cast<size_t>(random() % 8);
+        size_t position =
             find.empty() ? std::string::npos : Lowercase(source).find(Lowercase(find), start);
-        const int64_t expected = place == std::string::npos ? 0 : static_cast<int64_t>(place) + 1;
+        int64_t expected = position == std::string::npos ? 0 : static_cast<int64_t>(position) + 1;
         ASSERT_EQ(InStr(static_cast<int64_t>(start) + 1, source, find), expected)
             << source << " / " << find;
     }
 }
 
-TEST(Fields, AreCutAtSeparators) {
+TEST(Fields, AreSplitAtSeparators) {
     struct Case {
         std::string_view source, separator;
         Texts fields;
@@ -87,8 +87,8 @@ TEST(Fields, AreCutAtSeparators) {
     }
 }
 
-TEST(Cutting, ClampsPositionsAndCounts) {
-    const std::string text = "abcde";
+TEST(Substrings, ClampPositionsAndCounts) {
+    std::string text = "abcde";
     EXPECT_EQ(Texts({Left(text, 2), Left(text, 9), Left(text, -1)}), Texts({"ab", "abcde", ""}));
     EXPECT_EQ(Texts({Right(text, 2), Right(text, 9), Right(text, -1)}), Texts({"de", "abcde", ""}));
     EXPECT_EQ(Texts({Mid(text, 2), Mid(text, 0), Mid(text, 6)}), Texts({"bcde", "abcde", ""}));
@@ -131,10 +131,10 @@ TEST(Numbers, AsText) {
         EXPECT_EQ(CDbl(text), value);
     }
     EXPECT_EQ(Str(INT64_MIN), "-9223372036854775808");
-    constexpr double endless = std::numeric_limits<double>::infinity();
-    EXPECT_EQ(Texts({Str(endless), Str(-endless), Str(endless - endless)}),
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(Texts({Str(infinity), Str(-infinity), Str(infinity - infinity)}),
               Texts({"1.7976931348623157e+308", "-1.7976931348623157e+308", "0"}));
-    EXPECT_EQ(CDbl(Format(endless, "-#")), std::numeric_limits<double>::max());
+    EXPECT_EQ(CDbl(Format(infinity, "-#")), std::numeric_limits<double>::max());
     EXPECT_EQ(Texts({Hex(0), Hex(255), Hex(-1)}), Texts({"0", "FF", "FFFFFFFFFFFFFFFF"}));
     EXPECT_EQ(Texts({Format(2.5, "-#"), Format(-2.5, "-#"), Format(0, "-#"), Format(-0.4, "-#"),
                      Format(1e20, "-#")}),
@@ -165,7 +165,7 @@ TEST(Numbers, FromText) {
         EXPECT_EQ(Val(c.text), c.start) << c.text;
         EXPECT_EQ(IsNumeric(c.text), c.numeric) << c.text;
     }
-    const std::string zeros(5000, '0');
+    std::string zeros(5000, '0');
     EXPECT_EQ(Str(CDbl("1e999")), "1.7976931348623157e+308");
     EXPECT_EQ(Str(CDbl("-1e999")), "-1.7976931348623157e+308");
     EXPECT_EQ(CDbl(Str(CDbl("&h1" + zeros))), CDbl("1e999"));

@@ -50,6 +50,51 @@ TEST_F(Controls, CaptionsAreLiteralAndFit) {
     EXPECT_LE(button.fontMetrics().height(), 20);
 }
 
+TEST_F(Controls, ABoxIsVisibleOnADarkPalette) {
+    auto& box = widget<QCheckBox>(form.box);
+    const QColor dark(53, 53, 53);
+    QPalette palette(dark);
+    palette.setColor(QPalette::Base, QColor(42, 42, 42));
+    box.setPalette(palette);
+    QImage image = box.grab({0, 0, 14, box.height()}).toImage();
+    double best = 1;
+    for (int y = 0; y < image.height(); y++)
+        best = std::max(best, contrast(image.pixelColor(image.width() / 2, y), dark));
+    EXPECT_GT(best, 3);
+}
+
+class Labelled : public Window {
+  public:
+    StaticText path{*this, "path"};
+
+  protected:
+    void Layout() override { Width = Height = 300; }
+    void CreateControls() override {
+        path.place(10, 10, 280, 49);
+        path.MultiLine = path.showsEnd = true;
+    }
+};
+
+TEST_F(Controls, APathThatIsTooLongShowsItsEndAndAllOfItInATip) {
+    auto& window = open<Labelled>();
+    auto& label = widget(window.path);
+    std::string middle;
+    for (int folder = 0; folder < 40; folder++) middle += "/folder" + std::to_string(folder);
+    auto picture = [&](const std::string& start, const std::string& end) {
+        window.path.Caption = start + middle + end;
+        showFrame(window);
+        return label.grab().toImage();
+    };
+    QImage whole = picture("/home", "/www");
+    EXPECT_EQ(picture("/root", "/www"), whole);
+    EXPECT_NE(picture("/root", "/web"), whole);
+    EXPECT_EQ(tipAt(label, {5, 5}).join(QString()).toStdString(), window.path.Caption.get());
+    window.path.Caption = std::string("/short");
+    showFrame(window);
+    tipAt(label, {5, 5});
+    EXPECT_EQ(label.toolTip(), QString());
+}
+
 TEST_F(Controls, AFieldTakesTypedTextAndShowsTheModels) {
     auto& field = widget<QLineEdit>(form.field);
     int changes = 0;

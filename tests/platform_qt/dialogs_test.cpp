@@ -7,7 +7,6 @@
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/platform/platform.h"
-#include "framework/threads/blocking.h"
 #include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/event.h"
@@ -73,6 +72,16 @@ TEST_F(Dialogs, KeysAndButtonsAnswerABox) {
     EXPECT_EQ(ask("text", BoxCode::ok, key(Qt::Key_Return)), BoxCode::okPressed);
     EXPECT_EQ(ask("text", BoxCode::ok, key(Qt::Key_Escape)), BoxCode::okPressed);
     EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, yes), BoxCode::yesPressed);
+    for (auto [code, icon] : {std::pair(BoxCode::ok, QMessageBox::Information),
+                              {BoxCode::error, QMessageBox::Critical},
+                              {BoxCode::yesNoQuestion, QMessageBox::Question}}) {
+        onBox([icon = icon](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_GT(box.width(), 120 + box.fontMetrics().horizontalAdvance(box.windowTitle()));
+            box.reject();
+        });
+        MsgBox(".", code, "A title that is longer than the text of the box");
+    }
     for (const Act& no : {key(Qt::Key_Return), key(Qt::Key_Escape), Act(&QMessageBox::close)})
         EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, no), BoxCode::noPressed);
 }
@@ -184,6 +193,7 @@ TEST_F(Statements, InputIsDroppedButForABoxAndTheWindowPaints) {
     auto& button = widget<QPushButton>(form.button);
     makeStatement([&] {
         press();
+        EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
         QTest::keyClick(&button, Qt::Key_Space);
         // As an assistive program does it.
         button.click();
@@ -194,6 +204,7 @@ TEST_F(Statements, InputIsDroppedButForABoxAndTheWindowPaints) {
         waitFor([&] { return button.text() == QStringLiteral("Painted"); });
     });
     EXPECT_TRUE(completed_);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(presses, 0);
     EXPECT_FALSE(form.closed());
     press();

@@ -2,13 +2,11 @@
 
 #include <functional>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/listbox.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/controls/popup_menu.h"
-#include "framework/controls/progress.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
 #include "framework/windows/window.h"
 
 namespace bracken::test {

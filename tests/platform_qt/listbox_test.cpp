@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLabel>
 #include <QTableView>
 
 #include "tests/platform_qt/form.h"
@@ -61,9 +62,11 @@ TEST_F(List, SelectionGoesBothWays) {
     int changes = 0;
     list.Change = [&] { changes++; };
     click(1);
-    QTest::keyClick(&view, Qt::Key_Down);
+    QTest::keyClick(&view, Qt::Key_Home);
+    EXPECT_EQ(list.ListIndex, 0);
+    QTest::keyClick(&view, Qt::Key_End);
     EXPECT_EQ(list.ListIndex, 2);
-    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(changes, 3);
     list.RemoveRow(0);
     showFrame(form);
     EXPECT_EQ(list.ListIndex, 1) << "the selection stays with its row";
@@ -92,6 +95,22 @@ TEST_F(List, AClickOnAHeadingSortsIfItMay) {
         EXPECT_EQ(shownAt(0, 0), sorted ? QStringLiteral("a") : QStringLiteral("b"));
         EXPECT_TRUE(view.selectionModel()->isRowSelected(2));
     }
+}
+
+TEST_F(List, ATipIsLiteralBreaksAtCommasAndFitsTheScreen) {
+    std::string names = "<b>&.php,";
+    while (names.size() < 100'000) names += "some_file_of_a_folder.php,";
+    addRows({"users"});
+    list.setCell(0, 1, names);
+    QPoint at = view.visualRect(view.model()->index(0, 1)).center();
+    QStringList lines = tipAt(*view.viewport(), at);
+    EXPECT_TRUE(lines.first().startsWith(QStringLiteral("<b>&.php,")));
+    EXPECT_TRUE(lines.takeLast().endsWith(QStringLiteral(",\u200b\u2026")));
+    for (const QString& line : lines) EXPECT_TRUE(line.endsWith(QStringLiteral(",\u200b")));
+    auto* label = view.viewport()->findChild<QLabel*>();
+    EXPECT_LT(label->width(), view.screen()->availableSize().width());
+    EXPECT_LT(label->height(), view.screen()->availableSize().height() / 2);
+    EXPECT_GT(lines.size(), 5);
 }
 
 TEST_F(List, RowsThatTheModelHasLostReadAsEmpty) {

@@ -1,5 +1,9 @@
 #include "tests/platform_qt/qt_test.h"
 
+#include <QHelpEvent>
+#include <QTextDocument>
+#include <QToolTip>
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 
@@ -79,6 +83,25 @@ void QtTest::showFrame(Window& window) {
     static int frames = 0;
     window.Title = "Frame " + std::to_string(++frames);
     waitFor([&] { return viewOf(window)->windowTitle().toStdString() == window.Title.get(); });
+}
+
+QStringList QtTest::tipAt(QWidget& widget, const QPoint& at) {
+    QHelpEvent event(QEvent::ToolTip, at, widget.mapToGlobal(at));
+    QCoreApplication::sendEvent(&widget, &event);
+    QTextDocument tip;
+    tip.setHtml(QToolTip::text());
+    return tip.toPlainText().split(u'\n');
+}
+
+double QtTest::contrast(const QColor& one, const QColor& other) {
+    auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    auto light = [&](const QColor& color) {
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF()) + 0.05;
+    };
+    return std::max(light(one), light(other)) / std::min(light(one), light(other));
 }
 
 QWidget* QtTest::viewOf(const WindowContent& window) {

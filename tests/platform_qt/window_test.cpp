@@ -14,6 +14,19 @@ class FixedForm : public Form {
     }
 };
 
+class HugeForm : public Form {
+  public:
+    int opened = 0;
+
+  protected:
+    void Layout() override { Width = Height = 9000; }
+    void CreateControls() override {
+        go.place(8900, 8970, 90, 20);
+        go.LockRight = go.LockBottom = true;
+    }
+    void Event_Open() override { opened = Width; }
+};
+
 // The content area's frame on the screen.
 QRect contentFrame(const QWidget& view) {
     return view.geometry().adjusted(0, view.findChild<QMenuBar*>()->height(), 0, 0);
@@ -54,6 +67,16 @@ TEST_F(WindowTest, BoundsAreTheUsersOnly) {
     }
 }
 
+TEST_F(WindowTest, OneLargerThanTheScreenIsFittedAheadOfItsOpening) {
+    auto& window = open<HugeForm>();
+    EXPECT_EQ(window.opened, window.Width);
+    EXPECT_TRUE(viewOf(window)->screen()->availableGeometry().contains(viewOf(window)->geometry()));
+    EXPECT_EQ(window.go.Left, window.Width - 100) << "the layout follows";
+    EXPECT_EQ(window.go.Top, window.Height - 30);
+    window.Height = 9000;
+    waitFor([&] { return contentFrame(*viewOf(window)).height() == 9000; });
+}
+
 TEST_F(WindowTest, HidesShowsAndCloses) {
     auto& window = open<Form>();
     int closes = 0;
@@ -62,30 +85,36 @@ TEST_F(WindowTest, HidesShowsAndCloses) {
     waitFor([&] { return !viewOf(window)->isVisible(); });
     window.Show();
     waitFor([&] { return viewOf(window)->isVisible(); });
+    viewOf(window)->setWindowState(Qt::WindowMinimized | Qt::WindowMaximized);
+    window.Show();
+    waitFor([&] { return viewOf(window)->windowState() == Qt::WindowMaximized; });
     auto keep = window.shared_from_this();
     viewOf(window)->close();
     EXPECT_EQ(closes, 1);
     waitFor([&] { return viewOf(*keep) == nullptr; });
 }
 
-TEST_F(WindowTest, ReturnPressesTheEnabledDefaultButtonFromAnywhere) {
+TEST_F(WindowTest, ReturnPressesTheButtonInFocusElseTheEnabledDefaultOne) {
     auto& window = open<Form>();
-    int presses = 0;
-    window.go.Action = [&] { presses++; };
+    std::string presses;
+    window.go.Action = [&] { presses += "go "; };
+    window.button.Action = [&] { presses += "button "; };
     for (Control* control : window.controls()) {
         QWidget& focus = widget(*control);
         if (focus.focusPolicy() == Qt::NoFocus) continue;
-        presses = 0;
+        presses.clear();
         focus.setFocus();
         QTest::keyClick(&focus, Qt::Key_Return);
         QTest::keyClick(&focus, Qt::Key_Enter);
         QTest::keyClick(&focus, Qt::Key_Escape);
-        EXPECT_EQ(presses, 2) << control->name();
+        EXPECT_EQ(presses, control == &window.button ? "button button " : "go go ")
+            << control->name();
     }
     EXPECT_FALSE(window.closed()) << "Escape does nothing";
     window.go.Enabled = false;
+    presses.clear();
     QTest::keyClick(&widget(window.field), Qt::Key_Return);
-    EXPECT_EQ(presses, 2);
+    EXPECT_EQ(presses, "");
 }
 
 TEST_F(WindowTest, TabGoesByIndexOrCreationAndPassesHiddenControls) {

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/listbox.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/controls/popup_menu.h"
-#include "framework/controls/radio_button.h"
-#include "framework/controls/static_text.h"
 #include "framework/text/text.h"
 #include "framework/threads/baton.h"
 #include "framework/windows/window.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "framework/exception.h"
-#include "framework/files/text_input_stream.h"
+#include "framework/files/streams.h"
 #include "framework/graphics/color.h"
 #include "framework/ref.h"
 #include "framework/text/text.h"

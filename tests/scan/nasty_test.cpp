@@ -9,7 +9,7 @@
 #include <random>
 
 #include "scan/file_search.h"
-#include "scan/group_filter.h"
+#include "scan/ngram_filter.h"
 #include "tests/scan/plain_scan.h"
 #include "tests/scan/results.h"
 
@@ -158,26 +158,26 @@ TEST_F(Nasty, ANameIsFoundOverEveryEdge) {
 }
 
 TEST_F(Nasty, AllFiltersLetTheSamePositionsThrough) {
-    constexpr size_t blocks = GroupFilter::maxBlocks;
+    constexpr size_t blocks = NgramFilter::maxBlocks;
     for (size_t count : {0U, 1U, 20U, 400U}) {
-        GroupFilter filter;
+        NgramFilter filter;
         for (const std::string& name : make_.names(count))
             if (name.size() >= 3) filter.add(std::string_view(name).substr(0, 4));
         for (bool odd : {false, true}) {
-            std::string text = make_.bytes(blocks * GroupFilter::block + 3);
+            std::string text = make_.bytes(blocks * NgramFilter::block + 3);
             if (odd)
                 for (char& c : text) c = static_cast<char>(make_.below(256));
             auto positionsBy = [&](auto collect) {
-                std::vector<uint16_t> positions(text.size() + GroupFilter::excess);
+                std::vector<uint16_t> positions(text.size() + NgramFilter::slack);
                 positions.resize((filter.*collect)(text.data(), blocks, positions.data()));
                 return positions;
             };
-            const auto bytes = positionsBy(&GroupFilter::collectByBytes);
-            if (GroupFilter::hasVectors()) {
-                ASSERT_EQ(positionsBy(&GroupFilter::collectByVectors), bytes) << count;
+            const auto plain = positionsBy(&NgramFilter::collectPlain);
+            if (NgramFilter::hasAvx2()) {
+                ASSERT_EQ(positionsBy(&NgramFilter::collectAvx2), plain) << count;
             }
-            if (GroupFilter::hasWideVectors()) {
-                ASSERT_EQ(positionsBy(&GroupFilter::collectByWideVectors), bytes) << count;
+            if (NgramFilter::hasAvx512()) {
+                ASSERT_EQ(positionsBy(&NgramFilter::collectAvx512), plain) << count;
             }
         }
     }

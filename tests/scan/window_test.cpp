@@ -10,6 +10,10 @@ namespace {
 
 const std::string stopped = "Processing was stopped. To start it over, click on Process";
 
+std::string dropTip(const std::string& database) {
+    return "Drops the table \"users\" of the database \"" + database + "\"";
+}
+
 class ResultsWindow : public testing::Test, protected test::Results {
   protected:
     void writeTree() {
@@ -90,8 +94,15 @@ TEST_F(ResultsWindow, ASecondGoAddsItsRowsBehindTheOld) {
     writeTree();
     goToEnd({"users"});
     folder.write("b/5.php", "users");
+    class Other : public Window {};
+    Windows::get().instance<Other>();
     program.platform.expectBox("Finished");
-    go({"users", "none"});
+    winResults().lstResults.userSelected(0);
+    EXPECT_EQ(winResults().butDropTable.toolTip.get(), dropTip("d"));
+    program.db->answers("show tables in new", {"Tables_in_new"}, {{"users"}, {"none"}});
+    winResults().init("new", GetFolderItem(folder.path(), 0));
+    EXPECT_EQ(winResults().butDropTable.toolTip.get(), dropTip("new"));
+    EXPECT_EQ(Windows::get().front(), &winResults());
     EXPECT_EQ(winResults().butCancelRun.Caption.get(), "Stop");
     finish();
     EXPECT_EQ(column(0), "users|users|none|");

@@ -1,5 +1,5 @@
-#include "framework/controls/group_box.h"
-#include "framework/controls/push_button.h"
+#include "framework/controls/buttons.h"
+#include "framework/controls/plain_controls.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
@@ -85,8 +85,8 @@ TEST_P(Adjust, ShowsWhatTheProgramHidUnlessToldOtherwise) {
     EXPECT_FALSE(control.Visible);
 }
 
-TEST_P(Adjust, AStandingControlMayBeOverlappedByAMargin) {
-    // One pixel for an upright splitter, two for a lying one.
+TEST_P(Adjust, AFixedControlMayBeOverlappedByAMargin) {
+    // One pixel for a vertical splitter, two for a horizontal one.
     int margin = vertical() ? 1 : 2;
     struct Case {
         int position, extent;
@@ -106,7 +106,7 @@ TEST_P(Adjust, AStandingControlMayBeOverlappedByAMargin) {
         splitter.setMinLimit(380);
         splitter.setMaxLimit(430);
         splitter.behave();
-        EXPECT_FALSE(control.Visible) << "centring does not spare it";
+        EXPECT_FALSE(control.Visible) << "also if it is centred";
     }
 }
 
@@ -136,14 +136,14 @@ TEST_P(Adjust, HidesWhatSticksOutOfItsContainer) {
     }
 }
 
-TEST_P(Adjust, SkipsAnEntryThatIsEmptyForTheMoment) {
+TEST_P(Adjust, SkipsAnEmptyEntry) {
     RectControl& control = attach(300, 100);
     Probe::attached(splitter).insert(Probe::attached(splitter).begin(), Probe::Entry());
     splitter.moveDistance(-50, false);
-    EXPECT_FALSE(control.Visible) << "the one behind it is adjusted";
+    EXPECT_FALSE(control.Visible) << "the one after it is adjusted";
 }
 
-TEST_P(Adjust, CentringActsAtOnce) {
+TEST_P(Adjust, CentringTakesEffectAtOnce) {
     RectControl& control = attach(300, 100);
     splitter.setAttachedControlShouldCenter(&control, true);
     EXPECT_EQ(at(control), 155);  // 0 + 5 + 400/2 - 50
@@ -151,24 +151,24 @@ TEST_P(Adjust, CentringActsAtOnce) {
     EXPECT_EQ(at(control), 155);
 }
 
-// A desktop that looks at each change of the model as it is made.
-class Watching : public FakePlatform {
+// Observes each change of the model as it is made.
+class ObservingPlatform : public FakePlatform {
   public:
     void modelChanged() override {
-        if (look) look();
+        if (observe) observe();
     }
-    std::function<void()> look;
+    std::function<void()> observe;
 };
 
-TEST(AdjustOrder, AControlIsHiddenBeforeItsSizeIsNothing) {
-    Watching platform;
+TEST(AdjustOrder, AControlIsHiddenBeforeItsExtentDropsBelowOne) {
+    ObservingPlatform platform;
     Stage& stage = Stage::make();
     auto& splitter = stage.add<SmartSplitter>("splitter", true, {400, 10});
     auto& control = stage.add<Canvas>("control", true, {300, 100});
     splitter.Event_Open();
     splitter.setMinLimit(0);
     std::vector<std::pair<bool, int>> states;
-    platform.look = [&] {
+    platform.observe = [&] {
         std::pair<bool, int> state(control.Visible, control.Width);
         if (states.empty() || states.back() != state) states.push_back(state);
         control.takeDirty();
@@ -195,46 +195,46 @@ class NestedSplitters : public SplitterTest {
         splitter.setMinLimit(0);
         splitter.setMaxLimit(2000);
         splitter.setMaxLimitOffset(0);
-        other.Moved = [this](int /*distance*/) { ++told; };
+        other.Moved = [this](int /*distance*/) { ++behaved; };
     }
 
     SmartSplitter& other = add<SmartSplitter>("other", 500, 10);
     RectControl& pane = add<RectControl>("pane", 410, 90);
-    int told = 0;
+    int behaved = 0;
 };
 INSTANTIATE_TEST_SUITE_P(Both, NestedSplitters, testing::Bool(), orientationName);
 
-TEST_P(NestedSplitters, AreToldOfAMoveButPassNothingOn) {
+TEST_P(NestedSplitters, BehaveAfterAMoveButPassNothingOn) {
     other.attach(&splitter);
     int back = 0;
     splitter.Moved = [&](int /*distance*/) { ++back; };
     splitter.moveDistance(20, false);
-    EXPECT_EQ(at(other), 520) << "it moves along as attached controls do";
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(at(other), 520) << "it moves as attached controls do";
+    EXPECT_EQ(behaved, 1);
     EXPECT_EQ(back, 1);
     splitter.behave();
-    EXPECT_EQ(told, 1) << "behaving tells nobody";
+    EXPECT_EQ(behaved, 1) << "behaving passes nothing on";
     EXPECT_EQ(back, 2);
 }
 
-TEST_P(NestedSplitters, OfTheOtherOrientationAreNotTold) {
+TEST_P(NestedSplitters, OfTheOtherOrientationDoNotBehave) {
     int crossing = 0;
     auto& crossed = stage.add<SmartSplitter>("crossed", !vertical(), {150, 10});
     crossed.Moved = [&](int /*distance*/) { ++crossing; };
     crossed.Event_Open();
     splitter.attach(&crossed);
     splitter.moveDistance(20, false);
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(behaved, 1);
     EXPECT_EQ(crossing, 0);
 }
 
-TEST_P(NestedSplitters, AreNotToldBySettingThePositionWithoutLiveDrag) {
+TEST_P(NestedSplitters, DoNotBehaveIfThePositionIsSetWithoutLiveDrag) {
     splitter.DisableLiveDrag = true;
     int moved = 0;
     splitter.Moved = [&](int /*distance*/) { ++moved; };
     splitter.setPosition(430);
     EXPECT_EQ(at(other), 530) << "the controls follow all the same";
-    EXPECT_EQ(told, 0);
+    EXPECT_EQ(behaved, 0);
     EXPECT_EQ(moved, 0);
 }
 

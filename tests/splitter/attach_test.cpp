@@ -1,10 +1,7 @@
-#include "framework/controls/group_box.h"
-#include "framework/controls/line.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/page_panel.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/tab_panel.h"
-#include "framework/controls/timer.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 
@@ -17,9 +14,9 @@ using Probe = SmartSplitterProbe;
 class Attach : public SplitterTest {};
 INSTANTIATE_TEST_SUITE_P(Both, Attach, testing::Bool(), orientationName);
 
-TEST_P(Attach, TakesWhatTouchesTheSplitter) {
+TEST_P(Attach, AttachesWhatTouchesTheSplitter) {
     struct Case {
-        int position, extent, from, length;
+        int position, extent, crossPosition, crossExtent;
         bool touches;
     };
     // The splitter reaches from 400 to 410 along its axis, from 100 to 300 across it.
@@ -34,22 +31,22 @@ TEST_P(Attach, TakesWhatTouchesTheSplitter) {
     };
     for (const Case& c : cases) {
         auto& control = add("control", c.position, c.extent);
-        cross().setPosition(control, c.from);
-        cross().setExtent(control, c.length);
+        cross().setPosition(control, c.crossPosition);
+        cross().setExtent(control, c.crossExtent);
         splitter.unAttachAllControls();
         splitter.attachNearbyControls();
         EXPECT_EQ(Probe::attached(splitter).size(), c.touches ? 1U : 0U)
-            << c.position << " " << c.extent << " " << c.from << " " << c.length;
+            << c.position << " " << c.extent << " " << c.crossPosition << " " << c.crossExtent;
         axis().setPosition(control, 700);
     }
 }
 
-TEST_P(Attach, TakesOnlyNeighboursOfTheSameContainerAndPage) {
+TEST_P(Attach, AttachesOnlyNeighboursOfTheSameContainerAndPage) {
     struct Case {
         bool tabs;
-        int itsPage;
+        int page;
         bool inside;
-        bool taken;
+        bool attached;
     };
     const Case cases[] = {{true, 1, true, true},
                           {true, 2, true, false},
@@ -63,21 +60,21 @@ TEST_P(Attach, TakesOnlyNeighboursOfTheSameContainerAndPage) {
         splitter.Parent = &panel;
         splitter.TabPanelIndex = 1;
         control.Parent = c.inside ? &panel : nullptr;
-        control.TabPanelIndex = c.itsPage;
+        control.TabPanelIndex = c.page;
         splitter.unAttachAllControls();
         splitter.attachNearbyControls();
-        EXPECT_EQ(Probe::names(splitter), c.taken ? Names{"control"} : Names{});
+        EXPECT_EQ(Probe::names(splitter), c.attached ? Names{"control"} : Names{});
         axis().setPosition(control, 700);
     }
     auto& elsewhere = add("elsewhere", 410, 50);
     elsewhere.TabPanelIndex = 7;
     splitter.attach(&elsewhere);
-    EXPECT_EQ(Probe::names(splitter), Names{"elsewhere"}) << "by hand it is taken";
+    EXPECT_EQ(Probe::names(splitter), Names{"elsewhere"}) << "by hand it is attached";
 }
 
-TEST_P(Attach, KeepsTheWindowsOrderAndLeavesOutWhatIsNoNeighbour) {
+TEST_P(Attach, KeepsTheWindowsOrderAndSkipsWhatIsNoNeighbour) {
     stage.keep(std::make_shared<Timer>(stage, "timer"));
-    add("behind", 410, 50);
+    add("after", 410, 50);
     add<Line>("line", 410, 50);
     add("before", 300, 100);
     axis().setExtent(splitter, 4);  // thin: it touches itself
@@ -87,10 +84,10 @@ TEST_P(Attach, KeepsTheWindowsOrderAndLeavesOutWhatIsNoNeighbour) {
     splitter.attach(nullptr);
     splitter.attach(&splitter);
     splitter.attachNearbyControls();
-    EXPECT_EQ(Probe::attached(splitter).size(), 2U) << "what is attached already is left alone";
+    EXPECT_EQ(Probe::attached(splitter).size(), 2U) << "what is attached already is ignored";
 }
 
-TEST_P(Attach, GivesTheRoleBySideAndKind) {
+TEST_P(Attach, ChoosesTheRoleBySideAndClass) {
     auto& minList = add<Listbox>("minList", 300, 100);
     auto& minButton = add<PushButton>("minButton", 300, 100);
     auto& level = add<PushButton>("level", 400, 100);
@@ -118,7 +115,7 @@ TEST_P(Attach, GivesTheRoleBySideAndKind) {
     EXPECT_EQ(splitter.MaxLimitOffset, vertical() ? 86 : 30);
 }
 
-TEST_P(Attach, LeavesAnOffsetThatTheAuthorGave) {
+TEST_P(Attach, KeepsAnOffsetThatTheAuthorGave) {
     splitter.MinLimitOffset = 7;
     splitter.MaxLimitOffset = -7;
     open();
@@ -133,7 +130,7 @@ TEST_P(Attach, LeavesAnOffsetThatTheAuthorGave) {
     EXPECT_EQ(other.MinLimitOffset, 30) << "one that was set after opening is raised";
 }
 
-TEST_P(Attach, TakesAContainersContentsAlong) {
+TEST_P(Attach, AttachesAContainersContentsToo) {
     struct Case {
         int position, innerPosition, innerExtent;
         bool resizes;
@@ -160,10 +157,10 @@ TEST_P(Attach, TakesAContainersContentsAlong) {
     }
     splitter.unAttachAllControls();
     splitter.doNotAttachEmbeddedControls = true;
-    auto& box = add<GroupBox>("lonely", 200, 200);
-    add<Listbox>("left out", 250, 50).Parent = &box;
+    auto& box = add<GroupBox>("alone", 200, 200);
+    add<Listbox>("skipped", 250, 50).Parent = &box;
     splitter.attach(&box);
-    EXPECT_EQ(Probe::names(splitter), Names{"lonely"});
+    EXPECT_EQ(Probe::names(splitter), Names{"alone"});
 }
 
 TEST_P(Attach, FindsTheBoundsByNearEdgeAndFarEdge) {
@@ -183,7 +180,7 @@ TEST_P(Attach, FindsTheBoundsByNearEdgeAndFarEdge) {
     splitter.attach(&z);
     EXPECT_EQ(Probe::maxControl(splitter), &z);
     splitter.unAttach(&z, false);
-    EXPECT_EQ(Probe::maxControl(splitter), &z) << "letting go leaves the bounds";
+    EXPECT_EQ(Probe::maxControl(splitter), &z) << "detaching keeps the bounds";
     splitter.setMinAttachedControl(&a, false);
     EXPECT_EQ(Probe::minControl(splitter), &a);
     splitter.setMinAttachedControl(nullptr, false);
@@ -195,7 +192,7 @@ TEST_P(Attach, FindsTheBoundsByNearEdgeAndFarEdge) {
     EXPECT_EQ(Probe::names(splitter), Names{});
 }
 
-TEST_P(Attach, LettingGoOfAContainerCastsEveryControl) {
+TEST_P(Attach, DetachingAContainerCastsEveryControl) {
     open();
     auto& box = add<GroupBox>("box", 410, 100);
     auto& button = add<PushButton>("button", 410, 100);

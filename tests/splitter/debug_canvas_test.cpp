@@ -1,4 +1,4 @@
-#include "framework/controls/group_box.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 
@@ -18,7 +18,7 @@ class DebugCanvas : public SplitterTest {
         canvas.Event_Open();
         return canvas;
     }
-    // By place along the splitter's axis and across it.
+    // By position along the splitter's axis and across it.
     uint32_t pixel(CanvasSmartSplitterDebugger& canvas, int along, int across) {
         return Probe::picture(canvas)->pixels().at(vertical() ? along : across,
                                                    vertical() ? across : along);
@@ -35,7 +35,7 @@ TEST_P(DebugCanvas, MarksSplitterZonesAndControls) {
     EXPECT_EQ(canvas.Width, stage.Width);
     splitter.setDebug(true);
     splitter.behave();
-    // Seen at 110 to 130 across, where no label and no slope of the range lies.
+    // At 110 to 130 across there is no label and no diagonal of the range.
     EXPECT_EQ(pixel(canvas, 400, 130), green) << "the splitter's frame, two pixels thick";
     EXPECT_EQ(pixel(canvas, 401, 130), green);
     EXPECT_NE(pixel(canvas, 402, 130), green);
@@ -48,7 +48,7 @@ TEST_P(DebugCanvas, MarksSplitterZonesAndControls) {
     min.Visible = false;
     canvas.markControl(min);
     int middle = 100 + extent(min) / 2;
-    EXPECT_EQ(pixel(canvas, middle, 200), red) << "crossed, as it is hidden";
+    EXPECT_EQ(pixel(canvas, middle, 200), red) << "crossed out, as it is hidden";
 }
 
 TEST_P(DebugCanvas, ShowsTheBoxesAreaThroughTheMask) {
@@ -59,7 +59,7 @@ TEST_P(DebugCanvas, ShowsTheBoxesAreaThroughTheMask) {
         return canvas.paint().at(vertical() ? along : across, vertical() ? across : along) >> 24;
     };
     splitter.setDebug(true);
-    canvas.paint();  // of a new size, so the drawing is wiped
+    canvas.paint();  // of a new size, so the drawing is cleared
     splitter.setDebug(true);
     EXPECT_EQ(opacity(2, 2), 0U);
     EXPECT_EQ(opacity(400, 290), 255U - 0x44) << "lines";
@@ -74,17 +74,17 @@ TEST_P(DebugCanvas, ShowsTheBoxesAreaThroughTheMask) {
     EXPECT_EQ(opacity(400, 290), 0U);
 }
 
-TEST_P(DebugCanvas, TheFirstCanvasOfTheWindowIsTaken) {
+TEST_P(DebugCanvas, TheFirstCanvasOfTheWindowIsUsed) {
     open();
     auto& first = addCanvas();
     auto& second = addCanvas();
     splitter.setDebug(true);
     EXPECT_TRUE(first.debug);
     EXPECT_FALSE(second.debug);
-    Ref<Picture> kept = Probe::picture(first);
+    Ref<Picture> picture = Probe::picture(first);
     splitter.setDebug(false);
     EXPECT_FALSE(first.debug);
-    EXPECT_TRUE(Probe::picture(first) == kept) << "the picture stays";
+    EXPECT_TRUE(Probe::picture(first) == picture) << "the picture stays";
 }
 
 TEST_P(DebugCanvas, WithoutOneDebuggingStaysOff) {
@@ -100,10 +100,10 @@ TEST_P(DebugCanvas, WithoutOneDebuggingStaysOff) {
     EXPECT_TRUE(Probe::debug(splitter));
     splitter.Event_Close();
     press(5);
-    EXPECT_THROW(drag(-20), NilObjectException) << "no canvas left to wipe";
+    EXPECT_THROW(drag(-20), NilObjectException) << "no canvas left to clear";
 }
 
-TEST_P(DebugCanvas, BeforeOpeningItShowsTheLimitsNotFoundYet) {
+TEST_P(DebugCanvas, BeforeOpeningItShowsTheLimitsNotDerivedYet) {
     auto& canvas = addCanvas();
     Probe::debug(splitter) = true;
     int minLimit = 0;
@@ -115,13 +115,13 @@ TEST_P(DebugCanvas, BeforeOpeningItShowsTheLimitsNotFoundYet) {
     EXPECT_EQ(pixel(canvas, 50, 290), green);
 }
 
-// A desktop with more screen than there is memory.
+// A screen larger than the memory.
 class WideScreen : public FakePlatform {
   public:
     ScreenRect screen() override { return {0, 0, 2000000000, 2000000000}; }
 };
 
-TEST(DebugCanvasMemory, RunningOutIsToldOnce) {
+TEST(DebugCanvasMemory, RunningOutIsReportedOnce) {
     WideScreen platform;
     Stage& stage = Stage::make();
     auto& splitter = stage.add<SmartSplitter>("splitter", true, {400, 10});

@@ -1,6 +1,6 @@
-#include "framework/controls/group_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/push_button.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 
@@ -12,8 +12,8 @@ using Probe = SmartSplitterProbe;
 class Lifecycle : public SplitterTest {};
 INSTANTIATE_TEST_SUITE_P(Both, Lifecycle, testing::Bool(), orientationName);
 
-struct Turned : SmartSplitter {
-    Turned(Window& window, std::string name) : SmartSplitter(window, std::move(name)) {
+struct Swapped : SmartSplitter {
+    Swapped(Window& window, std::string name) : SmartSplitter(window, std::move(name)) {
         SwapOrientation = true;
     }
 };
@@ -21,16 +21,16 @@ struct Turned : SmartSplitter {
 TEST_P(Lifecycle, TheShapeGivesTheOrientation) {
     struct Case {
         int width, height;
-        bool upright;
+        bool vertical;
     };
     for (const Case& c : {Case{10, 11, true}, Case{11, 10, false}, Case{10, 10, false}}) {
-        for (bool turned : {false, true}) {
-            SmartSplitter& made = turned ? stage.add<Turned>("made", true, {0, 0})
-                                         : stage.add<SmartSplitter>("made", true, {0, 0});
+        for (bool swapped : {false, true}) {
+            SmartSplitter& made = swapped ? stage.add<Swapped>("made", true, {0, 0})
+                                          : stage.add<SmartSplitter>("made", true, {0, 0});
             made.place(50, 60, c.width, c.height);
             made.Event_Open();
-            EXPECT_EQ(Probe::vertical(made), c.upright != turned) << c.width << " " << c.height;
-            EXPECT_EQ(made.position(), c.upright != turned ? 50 : 60);
+            EXPECT_EQ(Probe::vertical(made), c.vertical != swapped) << c.width << " " << c.height;
+            EXPECT_EQ(made.position(), c.vertical != swapped ? 50 : 60);
         }
     }
 }
@@ -40,7 +40,7 @@ TEST_P(Lifecycle, SetUpRunsOnceAndBeforeTheFirstCall) {
     auto& pane = add<GroupBox>("pane", 300, 100);
     splitter.Open = [&] {
         ++opened;
-        EXPECT_EQ(splitter.MinLimit, 9999) << "the limits are not found yet";
+        EXPECT_EQ(splitter.MinLimit, 9999) << "the limits are not derived yet";
         EXPECT_FALSE(splitter.doNotAttachEmbeddedControls);
         EXPECT_FALSE(splitter.showWarningsDialogs);
         splitter.showWarningsDialogs = true;
@@ -53,7 +53,7 @@ TEST_P(Lifecycle, SetUpRunsOnceAndBeforeTheFirstCall) {
     splitter.Event_Open();
     EXPECT_EQ(opened, 1);
     EXPECT_EQ(Probe::names(splitter), std::vector<std::string>{"pane"})
-        << "what the handler attached is all";
+        << "only what the handler attached";
     EXPECT_EQ(at(splitter), 500);
     EXPECT_TRUE(splitter.showWarningsDialogs);
     EXPECT_FALSE(splitter.UseFocusRing);
@@ -88,7 +88,7 @@ TEST_P(Lifecycle, TheCursorShowsTheDirectionUnlessItCannotBeDragged) {
     open();
     EXPECT_EQ(splitter.MouseCursor, arrows);
     splitter.setConceal(true);
-    EXPECT_EQ(splitter.MouseCursor, arrows) << "corrected when the mouse comes next";
+    EXPECT_EQ(splitter.MouseCursor, arrows) << "corrected when the mouse enters next";
     int entered = 0;
     splitter.MouseEnter = [&] { ++entered; };
     splitter.userEntered();

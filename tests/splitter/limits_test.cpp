@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "framework/controls/group_box.h"
-#include "framework/controls/push_button.h"
+#include "framework/controls/buttons.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/exception.h"
 #include "tests/splitter/stage.h"
 
@@ -12,7 +12,7 @@ using Probe = SmartSplitterProbe;
 
 class Limits : public SplitterTest {
   protected:
-    // Fixed limits and offsets; one control, far off, is attached so that calls are not ignored.
+    // Fixed limits and offsets; a distant control is attached so that calls are not ignored.
     void openWith(int minLimit, int minOffset, int maxLimit, int maxOffset) {
         open();
         splitter.attach(&add("anchor", 700, 10));
@@ -21,7 +21,7 @@ class Limits : public SplitterTest {
         splitter.setMinLimitOffset(minOffset);
         splitter.setMaxLimitOffset(maxOffset);
     }
-    void put(int position) { axis().setPosition(splitter, position); }
+    void place(int position) { axis().setPosition(splitter, position); }
 };
 INSTANTIATE_TEST_SUITE_P(Both, Limits, testing::Bool(), orientationName);
 
@@ -47,7 +47,7 @@ TEST_P(Limits, AMoveSnapsOrStopsAtTheZones) {
     openWith(0, 60, 600, 65);
     for (const Case& c : cases) {
         splitter.StopAtMinOffset = splitter.StopAtMaxOffset = c.stops;
-        put(c.from);
+        place(c.from);
         splitter.moveDistance(c.distance, false);
         EXPECT_EQ(at(splitter), c.reached) << c.from << " by " << c.distance;
         EXPECT_EQ(Probe::snapped(splitter), c.snaps) << c.from << " by " << c.distance;
@@ -55,7 +55,7 @@ TEST_P(Limits, AMoveSnapsOrStopsAtTheZones) {
     splitter.setMinLimitOffset(0);
     splitter.moveDistance(-900, false);
     EXPECT_EQ(at(splitter), 0);
-    EXPECT_FALSE(Probe::snapped(splitter)) << "told to stop, it stands there without snapping";
+    EXPECT_FALSE(Probe::snapped(splitter)) << "set to stop, it is there without snapping";
 }
 
 TEST_P(Limits, BehavingKeepsASnappedSplitterAtItsLimit) {
@@ -71,7 +71,7 @@ TEST_P(Limits, BehavingKeepsASnappedSplitterAtItsLimit) {
     EXPECT_EQ(at(splitter), 600);
     axis().setPosition(splitter, 300);
     splitter.moveDistance(0, false);
-    EXPECT_EQ(at(splitter), 300) << "a drag starts from where it stands";
+    EXPECT_EQ(at(splitter), 300) << "a drag starts at its position";
 }
 
 TEST_P(Limits, ComeFromTheBoundingControls) {
@@ -119,17 +119,17 @@ TEST_P(Limits, WithNothingAttachedFollowTheWindow) {
     splitter.setMaxLimit(300);
     EXPECT_EQ(at(splitter), 400) << "a new limit alone moves nothing";
     resizeWindow(windowSize() + 20);
-    EXPECT_EQ(splitter.MaxLimit, 320) << "goes on following from the new value";
+    EXPECT_EQ(splitter.MaxLimit, 320) << "still follows, from the new value";
     EXPECT_EQ(at(splitter), 320);
 }
 
-TEST_P(Limits, SetByHandLetGoOfTheBoundingControl) {
+TEST_P(Limits, SetByHandDropTheBoundingControl) {
     add<PushButton>("min", 290, 110);
     auto& max = add<PushButton>("max", 410, 90);
     open();
     splitter.setMinLimit(9999);
     splitter.behave();
-    EXPECT_EQ(splitter.MinLimit, 0) << "the mark of a limit not found yet";
+    EXPECT_EQ(splitter.MinLimit, 0) << "the mark of a limit not derived yet";
     EXPECT_EQ(Probe::minControl(splitter), nullptr);
     splitter.setMaxLimit(444);
     EXPECT_EQ(Probe::maxControl(splitter), nullptr);
@@ -151,7 +151,7 @@ TEST_P(Limits, SetByHandLetGoOfTheBoundingControl) {
     EXPECT_THROW(splitter.setMaxLimitOffset(nothing), NilObjectException);
 }
 
-TEST_P(Limits, MovedIsRaisedForEachMoveAndEachBehaviour) {
+TEST_P(Limits, MovedIsRaisedForEachMoveAndEachBehave) {
     openWith(0, 0, 600, 0);
     std::vector<int> moves;
     splitter.Moved = [&](int distance) { moves.push_back(distance); };
@@ -162,7 +162,7 @@ TEST_P(Limits, MovedIsRaisedForEachMoveAndEachBehaviour) {
     EXPECT_EQ(moves, (std::vector<int>{-30, 0, 230}));
 }
 
-TEST_P(Limits, ProportionIsThatOfThePlaceReached) {
+TEST_P(Limits, ProportionIsThatOfThePositionReached) {
     openWith(0, 0, 600, 0);
     splitter.behave();
     splitter.moveDistance(-250, false);
@@ -179,7 +179,7 @@ TEST_P(Limits, ProportionIsThatOfThePlaceReached) {
     splitter.StopAtMaxOffset = true;
     splitter.setMaxLimitOffset(450);
     splitter.setProportion(0.5);
-    EXPECT_DOUBLE_EQ(splitter.proportion(), 0.25) << "what limits have cut stays cut";
+    EXPECT_DOUBLE_EQ(splitter.proportion(), 0.25) << "what limits have clamped stays clamped";
     splitter.setMinLimitOffset(0);
     splitter.setMaxLimitOffset(0);
     for (auto [asked, kept] : {std::pair{7.0, 1.0}, {-7.0, 0.0}}) {
@@ -204,7 +204,7 @@ TEST_P(Limits, StayingProportionalFollowsTheWindow) {
     EXPECT_NEAR(splitter.proportion(), 410 / range, 0.001);
 }
 
-TEST_P(Limits, AnEmptyRangeGivesNoNumberAndNoError) {
+TEST_P(Limits, AnEmptyRangeGivesNaNAndNoError) {
     splitter.MinLimit = -10;
     splitter.MaxLimit = 700;
     auto& control = add("control", 700, 10);
@@ -237,7 +237,7 @@ TEST_P(Limits, TheTypeOfAProportionIsCheckedOnlyWithWarnings) {
     openWith(0, 0, 600, 0);
     splitter.behave();
     splitter.setProportion("0.5");
-    EXPECT_EQ(at(splitter), 300) << "converted whatever it is";
+    EXPECT_EQ(at(splitter), 300) << "converted from any type";
     splitter.setProportion(1);
     EXPECT_EQ(at(splitter), 600);
     splitter.showWarningsDialogs = true;
@@ -256,7 +256,7 @@ TEST_P(Limits, TheTypeOfAProportionIsCheckedOnlyWithWarnings) {
     EXPECT_EQ(at(splitter), 600);
 }
 
-TEST_P(Limits, ResetGoesBackToTheOpeningPlace) {
+TEST_P(Limits, ResetMovesBackToTheOpeningPosition) {
     struct Case {
         bool farLock;
         int reached;

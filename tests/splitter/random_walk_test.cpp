@@ -2,12 +2,10 @@
 #include <array>
 #include <random>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
-#include "framework/controls/group_box.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
@@ -15,8 +13,8 @@ namespace {
 
 using Probe = SmartSplitterProbe;
 
-// A splitter that tells of each move, before and after.
-struct Watched : SmartSplitter {
+// A splitter that reports each move, before and after.
+struct Observed : SmartSplitter {
     using SmartSplitter::SmartSplitter;
     void moveDistance(int distance, bool behaving) override {
         if (before) before();
@@ -27,13 +25,13 @@ struct Watched : SmartSplitter {
     std::function<void()> after;
 };
 
-// A stage with a splitter, a dozen controls around it and a parallel splitter, on which steps are
-// taken at random. After each step everything that must hold is looked at.
+// A stage with a splitter, a dozen controls around it and a parallel splitter, on which random
+// steps are taken. After each step all invariants are checked.
 class Walk {
   public:
     explicit Walk(uint64_t seed) : random_(seed), vertical_(chance(2)) {
         addControls();
-        splitter_ = &stage_.add<Watched>("splitter", vertical_, {between(150, 450), 10});
+        splitter_ = &stage_.add<Observed>("splitter", vertical_, {between(150, 450), 10});
         presetDesign();
         splitter_->Moved = [this](int /*distance*/) { checkAdjusted(); };
         splitter_->Event_Open();
@@ -42,11 +40,11 @@ class Walk {
         if (chance(2)) addParallel();
     }
 
-    // Returns the number of steps taken: fewer if the arrangement runs away, as some do whose
-    // limits depend on what they push.
+    // Returns the number of steps taken: fewer if the layout diverges, as some do whose limits
+    // depend on the controls that they push.
     int run(int steps) {
         int taken = 0;
-        for (; taken < steps && !testing::Test::HasFailure() && !ranAway(); ++taken) step();
+        for (; taken < steps && !testing::Test::HasFailure() && !diverged(); ++taken) step();
         return taken;
     }
 
@@ -55,8 +53,8 @@ class Walk {
     using Place = std::array<int, 5>;
     using Role = Probe::Entry;
 
-    const Axis& axis() const { return vertical_ ? Axis::across() : Axis::down(); }
-    int64_t here() const { return axis().position(*splitter_); }
+    const Axis& axis() const { return vertical_ ? Axis::x() : Axis::y(); }
+    int64_t currentPosition() const { return axis().position(*splitter_); }
     int between(int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random_);
     }
@@ -106,15 +104,16 @@ class Walk {
         splitter_->LockRight = splitter_->LockBottom = chance(2);
     }
 
-    bool ranAway() const {
-        constexpr int64_t far = 1000000;
+    bool diverged() const {
+        constexpr int64_t maxCoordinate = 1000000;
         return std::any_of(controls_.begin(), controls_.end(), [&](const RectControl* c) {
-            return std::abs(axis().position(*c)) > far || std::abs(axis().extent(*c)) > far;
+            return std::abs(axis().position(*c)) > maxCoordinate ||
+                   std::abs(axis().extent(*c)) > maxCoordinate;
         });
     }
 
     void step() {
-        Watched& s = *splitter_;
+        Observed& s = *splitter_;
         const std::function<void()> steps[] = {
             [&] { s.attach(any()); },
             [&] { s.unAttach(any(), true); },
@@ -157,13 +156,13 @@ class Walk {
         splitter_->userReleased(5, 5);
     }
 
-    // Where neither of the bounding controls moves its outer edge, the limits are as they were, and
-    // behaving again finds everything in place; the second time where one zone may have pushed it
-    // into the other, or limits out of the range.
+    // If neither bounding control moves its outer edge, the limits stay, and behaving again changes
+    // nothing. That takes a second call if one zone may have pushed the splitter into the other, or
+    // the limits have pushed it out of the range.
     void behaveAgain() {
         splitter_->behave();
-        if (zonesOverlap() || proportionIsCut()) splitter_->behave();
-        if (isAheadOfItsContainer(*controls_.back()) ||
+        if (zonesOverlap() || proportionIsClamped()) splitter_->behave();
+        if (isAdjustedBeforeItsContainer(*controls_.back()) ||
             !keepsItsOuterEdge(Probe::minControl(*splitter_), true) ||
             !keepsItsOuterEdge(Probe::maxControl(*splitter_), false))
             return;
@@ -179,8 +178,8 @@ class Walk {
         return at == all.end() ? nullptr : &*at;
     }
 
-    // What is adjusted ahead of its container sees that as it was.
-    bool isAheadOfItsContainer(const RectControl& control) {
+    // It sees the container as it was.
+    bool isAdjustedBeforeItsContainer(const RectControl& control) {
         Role* inner = entryOf(control);
         Role* outer = entryOf(*control.Parent);
         return inner != nullptr && (outer == nullptr || inner < outer);
@@ -213,11 +212,11 @@ class Walk {
 
     Gap gapOf(const Role& role) const {
         RectControl& c = *role.control;
-        if (role.behind) return {&c, here() - axis().farEdge(c), axis().position(c)};
-        return {&c, axis().position(c) - here(), axis().farEdge(c)};
+        if (role.behind) return {&c, currentPosition() - axis().farEdge(c), axis().position(c)};
+        return {&c, axis().position(c) - currentPosition(), axis().farEdge(c)};
     }
 
-    // Ahead of a move: what it must leave as it is.
+    // Before a move: what must stay.
     void remember() {
         before_ = places();
         for (RectControl* control : controls_) control->takeDirty();
@@ -232,9 +231,9 @@ class Walk {
         checkPlace();
         auto after = places();
         for (size_t i = 0; i < controls_.size(); ++i) {
-            // What lies in a container is marked along with it.
+            // A control in a container becomes dirty with it.
             if (after[i] != before_[i] || controls_[i]->Parent != nullptr) continue;
-            EXPECT_FALSE(controls_[i]->takeDirty()) << controls_[i]->name() << " set for nothing";
+            EXPECT_FALSE(controls_[i]->takeDirty()) << controls_[i]->name() << " set without need";
         }
         if (splitter_->DisableLiveDrag) return;
         for (const Gap& gap : gaps_) {
@@ -244,7 +243,7 @@ class Walk {
         }
     }
 
-    // Straight after the controls have been taken along.
+    // Right after the controls have been adjusted.
     void checkAdjusted() {
         for (auto& role : Probe::attached(*splitter_)) {
             const RectControl& c = *role.control;
@@ -253,10 +252,11 @@ class Walk {
         }
     }
 
-    // Outside the range that it is a share of, where it counts as one of the ends.
-    bool proportionIsCut() const {
-        return splitter_->StayProportional && (here() < Probe::proportionMin(*splitter_) ||
-                                               here() > Probe::proportionMax(*splitter_));
+    // Outside the range of the proportion, which is one of its ends then.
+    bool proportionIsClamped() const {
+        return splitter_->StayProportional &&
+               (currentPosition() < Probe::proportionMin(*splitter_) ||
+                currentPosition() > Probe::proportionMax(*splitter_));
     }
 
     bool zonesOverlap() const {
@@ -268,14 +268,14 @@ class Walk {
     void checkPlace() const {
         int64_t low = splitter_->MinLimit;
         int64_t high = splitter_->MaxLimit;
-        EXPECT_LE(here(), high);
+        EXPECT_LE(currentPosition(), high);
         if (low > high) return;
-        EXPECT_GE(here(), low);
-        bool atEnd = (here() == low && !splitter_->StopAtMinOffset) ||
-                     (here() == high && !splitter_->StopAtMaxOffset);
+        EXPECT_GE(currentPosition(), low);
+        bool atEnd = (currentPosition() == low && !splitter_->StopAtMinOffset) ||
+                     (currentPosition() == high && !splitter_->StopAtMaxOffset);
         if (atEnd || zonesOverlap()) return;
-        EXPECT_GE(here(), low + splitter_->MinLimitOffset);
-        EXPECT_LE(here(), high - splitter_->MaxLimitOffset);
+        EXPECT_GE(currentPosition(), low + splitter_->MinLimitOffset);
+        EXPECT_LE(currentPosition(), high - splitter_->MaxLimitOffset);
     }
 
     void checkEntries() const {
@@ -291,13 +291,13 @@ class Walk {
     Stage& stage_ = Stage::make();
     std::mt19937_64 random_;
     bool vertical_;
-    Watched* splitter_ = nullptr;
+    Observed* splitter_ = nullptr;
     std::vector<RectControl*> controls_;
     std::vector<Place> before_;
     std::vector<Gap> gaps_;
 };
 
-TEST(RandomWalk, LeavesASplitterThatHoldsTogether) {
+TEST(RandomWalk, KeepsTheInvariants) {
     constexpr int steps = 1000000;
     constexpr int stepsOfAWalk = 200;
     auto seed = static_cast<uint64_t>(testing::UnitTest::GetInstance()->random_seed()) * 1000000;

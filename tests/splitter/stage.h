@@ -13,7 +13,7 @@
 
 namespace bracken {
 
-// What no caller of a splitter sees.
+// Access to a splitter's private state.
 class SmartSplitterProbe {
   public:
     using Entry = SmartSplitter::Attached;
@@ -55,17 +55,17 @@ class SmartSplitterProbe {
 
 namespace bracken::test {
 
-// A window whose controls are made one by one; its splitters hear of each change of size.
+// A window whose controls are added one by one; its splitters behave when its size changes.
 class Stage : public Window {
   public:
-    // A control's place along the axis that the stage's splitters move on.
+    // A control's position and extent along the axis that the stage's splitters move on.
     struct Along {
         int position;
         int extent;
     };
 
     // Makes an empty stage, 800 by 600.
-    static Stage& make();
+    static Stage& make() { return Windows::get().instance<Stage>(); }
 
     // Adds a control that spans pixels 100 to 300 across the axis.
     template <class T>
@@ -81,8 +81,14 @@ class Stage : public Window {
     void keep(std::shared_ptr<Control> control) { owned_.push_back(std::move(control)); }
 
   protected:
-    void Layout() override;
-    void Event_Resized() override;
+    void Layout() override {
+        Width = 800;
+        Height = 600;
+    }
+    void Event_Resized() override {
+        for (Control* control : controls())
+            if (auto* splitter = dynamic_cast<SmartSplitter*>(control)) splitter->behave();
+    }
 
   private:
     std::vector<std::shared_ptr<Control>> owned_;
@@ -92,8 +98,8 @@ class Stage : public Window {
 class SplitterTest : public testing::TestWithParam<bool> {
   protected:
     bool vertical() const { return GetParam(); }
-    const Axis& axis() const { return vertical() ? Axis::across() : Axis::down(); }
-    const Axis& cross() const { return vertical() ? Axis::down() : Axis::across(); }
+    const Axis& axis() const { return vertical() ? Axis::x() : Axis::y(); }
+    const Axis& cross() const { return vertical() ? Axis::y() : Axis::x(); }
 
     template <class T = RectControl>
     T& add(const std::string& name, int position, int extent) {
@@ -116,7 +122,7 @@ class SplitterTest : public testing::TestWithParam<bool> {
     }
     int windowSize() const { return static_cast<int>(axis().size(stage)); }
     void press(int along) { splitter.userPressed(vertical() ? along : 3, vertical() ? 3 : along); }
-    // By how far the mouse is from where it was pressed at 5, as the control sees it.
+    // `distance`: from where the mouse was pressed at 5, relative to the control.
     void drag(int distance) {
         splitter.userDragged(vertical() ? 5 + distance : 3, vertical() ? 3 : 5 + distance);
     }
@@ -130,6 +136,8 @@ class SplitterTest : public testing::TestWithParam<bool> {
     SmartSplitter& splitter = stage.add<SmartSplitter>("splitter", GetParam(), {400, 10});
 };
 
-std::string orientationName(const testing::TestParamInfo<bool>& info);
+inline std::string orientationName(const testing::TestParamInfo<bool>& info) {
+    return info.param ? "Vertical" : "Horizontal";
+}
 
 }  // namespace bracken::test

@@ -1,4 +1,4 @@
-#include "tools/plutil/entity.h"
+#include "tools/plutil/xml.h"
 
 #include <charconv>
 #include <cstdint>
@@ -14,18 +14,18 @@ constexpr std::pair<std::string_view, char32_t> namedEntities[] = {
     {"lt", '<'}, {"gt", '>'}, {"amp", '&'}, {"quot", '"'}, {"apos", '\''}};
 
 bool isCharacter(uint64_t number) {
-    const bool surrogate = number >= 0xD800 && number <= 0xDFFF;
+    bool surrogate = number >= 0xD800 && number <= 0xDFFF;
     return number > 0 && number <= 0x10FFFF && !surrogate;
 }
 
 // 0 for what is no number, or none of a character.
 char32_t numbered(std::string_view digits) {
-    const bool hexadecimal = digits.starts_with('x') || digits.starts_with('X');
+    bool hexadecimal = digits.starts_with('x') || digits.starts_with('X');
     if (hexadecimal) digits.remove_prefix(1);
     uint64_t number = 0;
     const char* end = digits.data() + digits.size();
-    const auto read = std::from_chars(digits.data(), end, number, hexadecimal ? 16 : 10);
-    const bool valid = read.ec == std::errc() && read.ptr == end && isCharacter(number);
+    auto read = std::from_chars(digits.data(), end, number, hexadecimal ? 16 : 10);
+    bool valid = read.ec == std::errc() && read.ptr == end && isCharacter(number);
     return valid ? static_cast<char32_t>(number) : 0;
 }
 
@@ -39,10 +39,10 @@ char32_t named(std::string_view name) {
 }  // namespace
 
 Entity entityAfterAmpersand(std::string_view text) {
-    const size_t end = text.substr(0, maxLength).find(';');
+    size_t end = text.substr(0, maxLength).find(';');
     if (end == text.npos) return {};
-    const std::string_view name = text.substr(0, end);
-    const char32_t character = name.starts_with('#') ? numbered(name.substr(1)) : named(name);
+    std::string_view name = text.substr(0, end);
+    char32_t character = name.starts_with('#') ? numbered(name.substr(1)) : named(name);
     if (character == 0) return {};
     return {.length = end + 1, .character = character};
 }

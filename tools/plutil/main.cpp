@@ -4,14 +4,11 @@
 
 #include "framework/files/folder_item.h"
 #include "tools/plutil/conversion.h"
-#include "tools/plutil/expansion.h"
 #include "tools/plutil/limits.h"
-#include "tools/plutil/representable.h"
-#include "tools/plutil/well_formed.h"
-#include "tools/plutil/xml_shape.h"
+#include "tools/plutil/xml.h"
 
 // Converts a property-list file in place between its binary and its XML form. The file is replaced
-// in one step, and stands as it was after a failure.
+// in one step, and is unchanged after a failure.
 namespace {
 
 using bracken::FolderItem;
@@ -19,7 +16,7 @@ using bracken::GetFolderItem;
 using bracken::Ref;
 
 std::string readAll(const FolderItem& file) {
-    const auto stream = file.OpenAsTextFile();
+    auto stream = file.OpenAsTextFile();
     if (stream == nullptr) throw std::runtime_error("can't be read");
     return stream->ReadAll();
 }
@@ -30,18 +27,18 @@ std::string converted(const std::string& bytes, bool toXml) {
     if (isBinary(bytes)) checkExpansion(bytes);
     if (!toXml && !isBinary(bytes) && !isRepresentable(bytes))
         throw std::runtime_error("has values of no such form");
-    const std::string parsable = isBinary(bytes) ? bytes : wellFormed(bytes);
+    std::string parsable = isBinary(bytes) ? bytes : wellFormed(bytes);
     if (toXml) return toReadersShape(bracken::plutil::toXml(parsable));
-    const std::string binary = toBinary(parsable);
-    // Or else it would never be read again.
+    std::string binary = toBinary(parsable);
+    // Otherwise it could never be read again.
     checkExpansion(binary);
     return binary;
 }
 
 void convert(const std::string& form, const std::string& path) {
-    const Ref<FolderItem> file = GetFolderItem(std::filesystem::absolute(path), 0);
-    const std::string text = converted(readAll(*file), form == "xml1");
-    const auto stream = file->CreateTextFile();
+    Ref<FolderItem> file = GetFolderItem(std::filesystem::absolute(path), 0);
+    std::string text = converted(readAll(*file), form == "xml1");
+    auto stream = file->CreateTextFile();
     if (stream == nullptr) throw std::runtime_error("can't be written");
     stream->Write(text);
     if (!stream->Close()) throw std::runtime_error("can't be written");
@@ -50,7 +47,7 @@ void convert(const std::string& form, const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string form = argc == 4 ? argv[2] : "";
+    std::string form = argc == 4 ? argv[2] : "";
     if (argc != 4 || std::string(argv[1]) != "-convert" || (form != "xml1" && form != "binary1")) {
         std::cerr << "usage: plutil -convert xml1|binary1 FILE\n";
         return 2;

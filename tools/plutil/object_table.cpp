@@ -32,7 +32,7 @@ uint64_t bytesPerUnit(unsigned type) {
 
 ObjectTable::ObjectTable(std::string_view bytes) : bytes_(bytes) {
     if (bytes.size() < trailerSize) refuse();
-    const uint64_t trailer = bytes.size() - trailerSize;
+    uint64_t trailer = bytes.size() - trailerSize;
     offsetSize_ = number(trailer + 6, 1);
     referenceSize_ = number(trailer + 7, 1);
     count_ = number(trailer + 8, 8);
@@ -45,11 +45,11 @@ ObjectTable::ObjectTable(std::string_view bytes) : bytes_(bytes) {
 ObjectTable::Object ObjectTable::object(uint64_t index) const {
     if (index >= count_) refuse();
     uint64_t at = number(offsets_ + index * offsetSize_, offsetSize_);
-    const uint64_t mark = number(at++, 1);
-    const auto type = static_cast<unsigned>(mark >> 4);
+    uint64_t mark = number(at++, 1);
+    auto type = static_cast<unsigned>(mark >> 4);
     uint64_t length = mark & 0xF;
     if (type >= dataType && length == 0xF) {
-        const uint64_t size = uint64_t{1} << (number(at++, 1) & 0xF);
+        uint64_t size = uint64_t{1} << (number(at++, 1) & 0xF);
         length = number(at, size);
         at += size;
     }
@@ -65,7 +65,7 @@ ObjectTable::Object ObjectTable::object(uint64_t index) const {
 uint64_t ObjectTable::number(uint64_t at, uint64_t size) const {
     if (size > 8 || at > bytes_.size() || size > bytes_.size() - at) refuse();
     uint64_t number = 0;
-    for (const char byte : bytes_.substr(at, size))
+    for (char byte : bytes_.substr(at, size))
         number = number << 8 | static_cast<unsigned char>(byte);
     return number;
 }

@@ -7,11 +7,11 @@
 namespace bracken::plutil {
 
 // The objects of a property list in binary form, numbered from 0. Each operation raises
-// std::runtime_error where the bytes are none. The bytes outlive it.
+// std::runtime_error if the bytes are no property list. The bytes outlive it.
 class ObjectTable {
   public:
     struct Object {
-        // Of a text or of data, as many bytes as XML may take for them.
+        // Bytes of XML that a text or data may take; else 0.
         uint64_t content = 0;
         bool container = false;
         // Keys and values of a dictionary, elements of an array.

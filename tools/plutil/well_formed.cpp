@@ -1,9 +1,8 @@
-#include "tools/plutil/well_formed.h"
+#include "tools/plutil/xml.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "tools/plutil/entity.h"
 #include "tools/plutil/limits.h"
 
 namespace bracken::plutil {
@@ -19,19 +18,17 @@ size_t endOfMarkup(std::string_view text) {
     if (text.starts_with("<!--")) end = "-->";
     if (text.starts_with("<?")) end = "?>";
     if (text.starts_with(rawStart)) end = rawEnd;
-    const size_t at = text.find(end, std::min<size_t>(text.size(), end == "-->" ? 4 : 1));
+    size_t at = text.find(end, std::min<size_t>(text.size(), end == "-->" ? 4 : 1));
     return at == text.npos ? text.size() : at + end.size();
 }
 
 void appendCharacter(std::string& text, char32_t character) {
-    const auto tail = [&](int shift) {
-        text += static_cast<char>(0x80 | ((character >> shift) & 0x3F));
-    };
+    auto tail = [&](int shift) { text += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
     if (character < 0x80) {
         text += static_cast<char>(character);
         return;
     }
-    const int tails = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+    int tails = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
     constexpr unsigned leads[] = {0, 0xC0, 0xE0, 0xF0};
     text += static_cast<char>(leads[tails] | (character >> (6 * tails)));
     for (int i = tails - 1; i >= 0; --i) tail(6 * i);
@@ -51,22 +48,22 @@ std::string decoded(std::string_view text) {
     return plain;
 }
 
-// The library takes an entity at the cost of all the text after it, so it gets none.
+// Reading an entity costs the library as much as all the text after it, so it gets none.
 void appendText(std::string& formed, std::string_view text) {
     if (text.find('&') == text.npos) {
         formed += text;
         return;
     }
     formed += rawStart;
-    for (const char c : decoded(text)) {
-        // The end of such a text can't stand in it, so it is spread over two.
+    for (char c : decoded(text)) {
+        // Such a text can't contain its own end mark, so that is split over two.
         if (c == '>' && formed.ends_with("]]")) (formed += rawEnd) += rawStart;
         formed += c;
     }
     formed += rawEnd;
 }
 
-class Rewriting {
+class Rewriter {
   public:
     std::string formed;
 
@@ -82,10 +79,10 @@ class Rewriting {
 
   private:
     void appendTag(std::string_view tag) {
-        const bool closed = tag.ends_with("/>");
-        const std::string_view name = tag.substr(0, tag.find_first_of(" \t\r\n/>", 2));
+        bool closed = tag.ends_with("/>");
+        std::string_view name = tag.substr(0, tag.find_first_of(" \t\r\n/>", 2));
         (formed += name) += closed ? "/>" : ">";
-        const bool opens = !name.starts_with("</");
+        bool opens = !name.starts_with("</");
         if (!closed) depth_ += opens ? 1 : -1;
         if (depth_ > maxDepth) throw std::runtime_error("is nested too deeply");
         if (opens && ++elements_ > maxElements) throw std::runtime_error("is too large");
@@ -98,13 +95,13 @@ class Rewriting {
 }  // namespace
 
 std::string wellFormed(std::string_view xml) {
-    Rewriting rewriting;
+    Rewriter rewriter;
     while (!xml.empty()) {
-        const size_t end = xml[0] == '<' ? endOfMarkup(xml) : std::min(xml.find('<'), xml.size());
-        rewriting.append(xml.substr(0, end));
+        size_t end = xml[0] == '<' ? endOfMarkup(xml) : std::min(xml.find('<'), xml.size());
+        rewriter.append(xml.substr(0, end));
         xml.remove_prefix(end);
     }
-    return rewriting.formed;
+    return rewriter.formed;
 }
 
 }  // namespace bracken::plutil

@@ -10,7 +10,7 @@
 
 namespace bracken {
 
-// Bytes that are appended to. Grows by realloc, which moves a large buffer by its pages or not at
+// A growing run of bytes. Grows by realloc, which moves a large buffer by its pages or not at
 // all, where a vector would copy it into pages that the system has to provide first.
 class ByteBuffer {
   public:
@@ -33,7 +33,7 @@ class ByteBuffer {
     void append(std::string_view bytes) {
         if (bytes.empty()) return;
         size_t size = size_ + bytes.size();
-        // Twice as much while it is small, half as much more then.
+        // Doubles while it is small, then grows by half.
         constexpr size_t small = 256;
         if (size > capacity_) reserve(size + (size < small ? size : std::max(size / 2, small)));
         std::memcpy(bytes_.get() + size_, bytes.data(), bytes.size());

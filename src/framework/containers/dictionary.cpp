@@ -6,8 +6,8 @@ namespace bracken {
 
 namespace {
 
-// Bit 0x20 is all that tells the cases of a letter apart; that setting it also makes other bytes
-// alike only costs a comparison.
+// The cases of a letter differ in bit 0x20 only. Setting it makes some other bytes equal too, which
+// costs a comparison and no more.
 constexpr uint64_t caseBits = 0x2020202020202020;
 constexpr uint64_t multiplier = 0x9E3779B97F4A7C15;
 

@@ -16,12 +16,13 @@ namespace bracken {
 // A hash that is the same for keys that differ in the case of ASCII letters only.
 uint32_t foldedHash(std::string_view key);
 
-// Insertion-ordered map from text to V, looked up without regard to ASCII letter case. A key set
-// again keeps its first spelling and place; one removed and set again goes to the end. A key may be
-// added more than once; what looks it up means its first entry then.
+// Insertion-ordered map from text to V, looked up without regard to ASCII letter case.
+// - A key set again keeps its first spelling and place.
+// - A key removed and set again goes to the end.
+// - A key may be added more than once; looking it up finds its first entry.
 //
-// A removal leaves a hole. The next access by position closes all holes, which takes as long as
-// there are entries; everything else takes near-constant time. References and positions are valid
+// A removal leaves a hole. The next access by position closes all holes, in linear time; everything
+// else takes near-constant time. References and positions are valid
 // until the dictionary changes or, after a removal, is accessed by position.
 template <class V>
 class Dictionary {
@@ -36,27 +37,33 @@ class Dictionary {
     }
     // The value, null for a missing key.
     const V* find(std::string_view key) const {
-        const uint32_t slot = firstSlot(key, foldedHash(key));
+        uint32_t slot = firstSlot(key, foldedHash(key));
         return slot == none ? nullptr : &entries_[slot].value;
     }
     // Inserts or replaces.
     void Value(std::string_view key, V value) {
-        const uint32_t hash = foldedHash(key);
-        const uint32_t slot = firstSlot(key, hash);
-        if (slot == none) {
-            append(key, hash, std::move(value));
+        makeRoom();
+        uint32_t hash = foldedHash(key);
+        Place& place = table_[placeOf(key, hash)];
+        if (place.slot == none) {
+            append(place, key, hash, std::move(value));
         } else {
-            entries_[slot].value = std::move(value);
+            entries_[entries_[place.slot].next].value = std::move(value);
         }
     }
     // Adds an entry at the end, for a key that is there already too.
-    void add(std::string_view key, V value) { append(key, foldedHash(key), std::move(value)); }
+    void add(std::string_view key, V value) {
+        makeRoom();
+        uint32_t hash = foldedHash(key);
+        append(table_[placeOf(key, hash)], key, hash, std::move(value));
+    }
 
     // Removes the last entry of the key; KeyNotFoundException for a missing one.
     void Remove(std::string_view key) {
-        const uint32_t first = firstSlot(key, foldedHash(key));
-        if (first == none) throw KeyNotFoundException(std::string(key));
-        remove(table_[placeOf(key, entries_[first].hash)].slot);
+        size_t place = table_.empty() ? 0 : placeOf(key, foldedHash(key));
+        if (table_.empty() || table_[place].slot == none)
+            throw KeyNotFoundException(std::string(key));
+        remove(place, table_[place].slot);
     }
     void Clear() { *this = Dictionary(); }
 
@@ -64,8 +71,8 @@ class Dictionary {
     const std::string& Key(int i) const { return at(i).key; }
     const V& ValueAt(int i) const { return at(i).value; }
     void RemoveAt(int i) {
-        at(i);
-        remove(static_cast<uint32_t>(i));
+        const Entry& entry = at(i);
+        remove(placeOf(entry.key, entry.hash), static_cast<uint32_t>(i));
     }
     // The position of the key's first entry, and that of the next entry with the key of the i-th;
     // -1 for none.
@@ -74,7 +81,7 @@ class Dictionary {
         return static_cast<int>(firstSlot(key, foldedHash(key)));
     }
     int nextPosition(int i) const {
-        const auto next = static_cast<int>(at(i).next);
+        auto next = static_cast<int>(at(i).next);
         return next > i ? next : -1;
     }
 
@@ -89,8 +96,8 @@ class Dictionary {
         V value = V();
     };
 
-    // Leads to the last entry of a key. The hash stands here too, so that a step over another key
-    // doesn't reach for its entry.
+    // Leads to the last entry of a key. Holds the hash too, so that a probe past another key does
+    // not read its entry.
     struct Place {
         uint32_t hash = 0;
         uint32_t slot = none;
@@ -106,8 +113,8 @@ class Dictionary {
     }
 
     uint32_t firstSlot(std::string_view key, uint32_t hash) const {
-        if (entries_.empty()) return none;
-        const uint32_t last = table_[placeOf(key, hash)].slot;
+        if (table_.empty()) return none;
+        uint32_t last = table_[placeOf(key, hash)].slot;
         return last == none ? none : entries_[last].next;
     }
 
@@ -117,26 +124,33 @@ class Dictionary {
         return entries_[static_cast<size_t>(i)];
     }
 
-    void append(std::string_view key, uint32_t hash, V value) {
-        const auto slot = static_cast<uint32_t>(entries_.size());
-        entries_.push_back({std::string(key), hash, slot, std::move(value)});
-        if (entries_.size() * 4 > table_.size() * 3) {
-            rebuild();
-        } else {
-            link(slot);
+    // In the table, for one more key. Reads the places alone: those of the old table go to two runs
+    // of the new one.
+    void makeRoom() {
+        if ((entries_.size() - holes_ + 1) * 4 <= table_.size() * 3) return;
+        size_t size = std::max<size_t>(8, table_.size() * 2);
+        for (const Place& place : std::exchange(table_, std::vector<Place>(size))) {
+            if (place.slot == none) continue;
+            size_t at = place.hash & (size - 1);
+            while (table_[at].slot != none) at = (at + 1) & (size - 1);
+            table_[at] = place;
         }
     }
 
-    void link(uint32_t slot) const {
+    void append(Place& place, std::string_view key, uint32_t hash, V value) {
+        entries_.push_back({std::string(key), hash, none, std::move(value)});
+        link(place, static_cast<uint32_t>(entries_.size()) - 1);
+    }
+
+    // Makes the entry the last one of its key, whose place it is.
+    void link(Place& place, uint32_t slot) const {
         Entry& entry = entries_[slot];
-        Place& place = table_[placeOf(entry.key, entry.hash)];
         entry.next = slot;
         if (place.slot != none) std::swap(entry.next, entries_[place.slot].next);
         place = {entry.hash, slot};
     }
 
-    void remove(uint32_t slot) {
-        const size_t place = placeOf(entries_[slot].key, entries_[slot].hash);
+    void remove(size_t place, uint32_t slot) {
         uint32_t before = slot;
         while (entries_[before].next != slot) before = entries_[before].next;
         entries_[before].next = entries_[slot].next;
@@ -150,9 +164,9 @@ class Dictionary {
         if (holes_ > entries_.size() / 2) closeHoles();
     }
 
-    // What stepped over the place moves up, or it would not be found any more.
+    // Moves up what had probed past the place, or it would not be found any more.
     void freePlace(size_t place) {
-        const size_t mask = table_.size() - 1;
+        size_t mask = table_.size() - 1;
         for (size_t at = (place + 1) & mask; table_[at].slot != none; at = (at + 1) & mask) {
             if (((at - table_[at].hash) & mask) < ((at - place) & mask)) continue;
             table_[place] = table_[at];
@@ -162,22 +176,19 @@ class Dictionary {
     }
 
     void closeHoles() const {
-        if (holes_ > 0) rebuild();
-    }
-
-    // Closes the holes and makes the table anew, with room for twice the entries.
-    void rebuild() const {
-        if (holes_ > 0) {
-            std::erase_if(entries_, [](const Entry& entry) { return entry.next == none; });
-            holes_ = 0;
-        }
+        if (holes_ == 0) return;
+        std::erase_if(entries_, [](const Entry& entry) { return entry.next == none; });
+        holes_ = 0;
         table_.assign(std::bit_ceil(std::max<size_t>(8, entries_.size() * 2)), Place());
-        for (uint32_t slot = 0; slot < entries_.size(); ++slot) link(slot);
+        for (uint32_t slot = 0; slot < entries_.size(); ++slot) {
+            const Entry& entry = entries_[slot];
+            link(table_[placeOf(entry.key, entry.hash)], slot);
+        }
     }
 
-    // Holes are closed by those who only look.
+    // Mutable since reading by position closes the holes.
     mutable std::vector<Entry> entries_;
-    // Open addressing by linear steps.
+    // Open addressing with linear probing.
     mutable std::vector<Place> table_;
     mutable size_t holes_ = 0;
 };

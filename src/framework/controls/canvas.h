@@ -1,15 +1,14 @@
 #pragma once
 
 #include "framework/controls/control.h"
-#include "framework/graphics/graphics.h"
-#include "framework/graphics/pixels.h"
+#include "framework/graphics/picture.h"
 
 namespace bracken {
 
-// Shapes of the mouse's pointer.
+// Shapes of the mouse pointer.
 enum class Cursor { standard, splitterEastWest, splitterNorthSouth };
 
-// A control that draws itself, pixel by pixel, on a ground that lets the window show through.
+// A control that draws itself, pixel by pixel, on a transparent background.
 // Coordinates of its events are its own.
 class Canvas : public RectControl {
   public:
@@ -32,11 +31,12 @@ class Canvas : public RectControl {
     virtual void Event_MouseUp(int /*x*/, int /*y*/) {}
     virtual void Event_Paint(class Graphics& /*g*/) {}
 
-    // Paints anew: clear pixels of the control's size, then Event_Paint. Valid until the next call.
+    // Paints again: clear pixels of the control's size, then Event_Paint. Valid until the next
+    // call.
     const Pixels& paint();
 
-    // What the user did, handed in by the view. After a mouse down that was not claimed, or that
-    // met a control which is hidden or disabled, drag and up are dropped.
+    // What the user did, handed in by the view. After a mouse down that was not claimed, or on a
+    // hidden or disabled control, drag and up are dropped.
     void userEntered();
     void userPressed(int x, int y);
     void userDragged(int x, int y);

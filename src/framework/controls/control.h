@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/controls/property.h"
+#include "framework/controls/observable.h"
 
 namespace bracken {
 
@@ -21,7 +21,7 @@ class Control : public Observable {
     WindowContent& window() const { return window_; }
     const std::string& name() const { return name_; }
 
-    // Its window has opened, before the window's own event; its window closes, after that.
+    // Its window opens, ahead of the window's own event; its window closes, after that event.
     virtual void Event_Open() {}
     virtual void Event_Close() {}
 
@@ -67,7 +67,7 @@ class RectControl : public Control {
     bool LockRight = false;
     bool LockBottom = false;
 
-    // Moving it moves this.
+    // Moving the parent moves this control.
     ParentLink Parent;
     // The page of its container that it lies on, where that has pages.
     int TabPanelIndex = 0;
@@ -77,16 +77,16 @@ class RectControl : public Control {
     void place(int left, int top, int width, int height);
     // Repaints the control with the next frame.
     void Refresh(bool eraseBackground);
-    // Whether it can be seen on its window: visible itself, on the page that shows, and so all that
-    // it lies in.
+    // Whether it can be seen on its window: it and all containers that it lies in are visible, and
+    // on the page that shows.
     bool showing() const;
     // Whether the user can press or edit it.
     bool usable() const { return Enabled && showing(); }
 
   protected:
-    // Of a container with pages: whether that is the one that shows.
+    // Whether a container shows this page.
     virtual bool showsPage(int /*page*/) const { return true; }
-    // Marks what lies in it, at any depth, for it shows or hides along.
+    // Marks the controls in it dirty, at any depth: they show and hide with it.
     void markContents();
 
   private:

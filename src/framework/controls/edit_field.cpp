@@ -10,7 +10,7 @@ EditField::FieldText::FieldText(EditField& field, Hook hook)
     : Property(field, "", std::move(hook)), field_(field) {}
 
 EditField::FieldText& EditField::FieldText::operator=(std::string text) {
-    field_.forgetLooks();
+    field_.clearStyles();
     Property::operator=(std::move(text));
     return *this;
 }
@@ -32,7 +32,7 @@ EditField::EditField(WindowContent& window, std::string name)
           style.coloured = true;
       }) {}
 
-void EditField::forgetLooks() {
+void EditField::clearStyles() {
     styles_.clear();
     ++textVersion_;
     SelStart = 0;

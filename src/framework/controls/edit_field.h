@@ -68,12 +68,12 @@ class EditField : public RectControl {
     uint64_t styleVersion() const { return styleVersion_; }
 
     // The user edited a field of one line; `text` is its whole new text. What is edited in several
-    // lines stays in the view until Text is assigned anew.
+    // lines stays in the view until Text is assigned again.
     void userEdited(std::string text) { Text = std::move(text); }
 
   private:
     void styleSelection(const std::function<void(TextStyle&)>& change);
-    void forgetLooks();
+    void clearStyles();
 
     TextStyles styles_;
     uint64_t textVersion_ = 0;

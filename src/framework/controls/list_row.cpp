@@ -33,7 +33,7 @@ size_t widthFor(size_t number) {
     return number <= UINT32_MAX ? 4 : 8;
 }
 
-// A packed row read.
+// Reads a packed row.
 struct Packed {
     const unsigned char* block;
     size_t width = block[0];

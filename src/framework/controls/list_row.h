@@ -29,10 +29,10 @@ class ListRow {
     std::vector<std::string_view> texts() const;
     void pack(const std::vector<std::string_view>& texts);
     void unpack();
-    // Makes sure of that cell, the row being unpacked.
+    // That cell of an unpacked row, added if it is missing.
     Cell& cell(size_t column);
 
-    // The packed cells, see list_row.cpp for what lies in it; null once the row is unpacked.
+    // The packed cells, see list_row.cpp for their layout; null once the row is unpacked.
     std::unique_ptr<unsigned char[]> block_;
     // The cells with buffers of their own, null while the row is packed.
     std::unique_ptr<Cells> cells_;

@@ -8,7 +8,7 @@
 namespace bracken {
 
 // The rows of a list: text by row and column, both counted from 0. Rows and columns must be in
-// range; a row has as many cells as were written to it, those behind read as empty.
+// range; a row has as many cells as were written to it, those after them read as empty.
 class ListRows {
   public:
     int count() const { return static_cast<int>(rows_.size()); }
@@ -24,6 +24,10 @@ class ListRows {
     void add(const std::vector<std::string_view>& cells);
     void remove(int row);
     void clear();
+
+    // The rows' numbers in the order of that column's text: stable, two numbers by value, other
+    // text by bytes without letter case. Descending keeps equal rows in their order too.
+    std::vector<int> sortedOrder(int column, bool descending) const;
     // Puts the rows into the given order of their present numbers.
     void reorder(const std::vector<int>& order);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "framework/controls/list_sort.h"
 #include "framework/controls/window_content.h"
 #include "framework/exception.h"
 #include "framework/text/text.h"
@@ -11,8 +10,8 @@ namespace bracken {
 
 namespace {
 
-// Pixels of a column without a width of its own, at least.
-constexpr int64_t leastShare = 75;
+// The fewest pixels of a column without a width of its own.
+constexpr int64_t minShare = 75;
 
 uint64_t nextVersion() {
     static uint64_t last = 0;
@@ -79,7 +78,7 @@ void Listbox::addCells(const std::vector<std::string_view>& cells) {
     structureChanged();
 }
 
-void Listbox::moveSelection(int row) {
+void Listbox::selectSilently(int row) {
     silent_ = true;
     ListIndex = row;
     silent_ = false;
@@ -90,7 +89,7 @@ void Listbox::RemoveRow(int row) {
     rows_.remove(row);
     structureChanged();
     if (row < ListIndex)
-        moveSelection(ListIndex - 1);
+        selectSilently(ListIndex - 1);
     else if (row == ListIndex)
         ListIndex = -1;
 }
@@ -144,13 +143,13 @@ void Listbox::userClickedHeading(int column) {
     if (column < 0 || column >= ColumnCount || (MaySort && !MaySort())) return;
     descending_ = sorted_ && HeadingIndex == column && !descending_;
     sorted_ = true;
-    std::vector<int> order = sortedOrder(rows_, column, descending_);
+    std::vector<int> order = rows_.sortedOrder(column, descending_);
     rows_.reorder(order);
     HeadingIndex = column;
     structureChanged();
     for (size_t row = 0; row < order.size(); row++) {
         if (order[row] != ListIndex) continue;
-        moveSelection(static_cast<int>(row));
+        selectSilently(static_cast<int>(row));
         break;
     }
 }
@@ -159,7 +158,7 @@ std::vector<int> Listbox::columnPixels(int listWidth) const {
     std::vector<std::string> entries = Split(ColumnWidths.get(), ",");
     size_t columns = ColumnCount > 0 ? static_cast<size_t>(ColumnCount) : 0;
     std::vector<int> pixels(columns, -1);
-    int64_t left = listWidth;
+    int64_t rest = listWidth;
     int64_t unsized = 0;
     for (size_t column = 0; column < columns; column++) {
         std::string entry = column < entries.size() ? entries[column] : std::string();
@@ -170,10 +169,10 @@ std::vector<int> Listbox::columnPixels(int listWidth) const {
         double number = Val(entry);
         if (entry.back() == '%') number = static_cast<double>(listWidth) * number / 100;
         pixels[column] = std::max(0, toInt32(number));
-        left -= pixels[column];
+        rest -= pixels[column];
     }
     for (int& width : pixels)
-        if (width < 0) width = static_cast<int>(std::max(leastShare, left / unsized));
+        if (width < 0) width = static_cast<int>(std::max(minShare, rest / unsized));
     return pixels;
 }
 

@@ -11,8 +11,10 @@
 
 namespace bracken {
 
-// A grid of text. Rows and columns count from 0; -1 stands for no row. A row outside the range, or
-// a column below 0, raises IndexOutOfRangeException. Cells beyond ColumnCount are kept, unseen.
+// A grid of text.
+// - Rows and columns count from 0; -1 stands for no row.
+// - A row outside the range, or a column below 0, raises IndexOutOfRangeException.
+// - Cells beyond ColumnCount are kept, unseen.
 class Listbox : public RectControl {
   public:
     // A cell that reads as text and can be assigned.
@@ -36,7 +38,8 @@ class Listbox : public RectControl {
     // column. Columns without an entry share what is left, at least 75 pixels each.
     Property<std::string> ColumnWidths;
     Property<bool> HasHeading;
-    // The column that is marked as the sorting one; rows stand as added until the user sorts.
+    // The column that is marked as the sorting one; rows stay in the order of adding until the user
+    // sorts.
     Property<int> HeadingIndex;
     bool ScrollBarVertical = true;
     bool ScrollbarHorizontal = false;
@@ -80,20 +83,20 @@ class Listbox : public RectControl {
     std::vector<int> columnPixels(int listWidth) const;
     // The selected row's cells, ColumnCount of them, separated by tabs.
     std::string selectedRowText() const;
-    // Whether the user has sorted by HeadingIndex, and which way at last.
+    // Whether the user has sorted, by HeadingIndex, and in which direction.
     bool sorted() const { return sorted_; }
     bool sortedDescending() const { return descending_; }
 
     void userSelected(int row);
-    // Sorts by that column, stable, numbers as numbers, other text by bytes without case; a second
-    // time the other way round.
+    // Sorts by that column, see ListRows::sortedOrder; again on the same column, in the other
+    // direction.
     void userClickedHeading(int column);
 
   private:
     void structureChanged();
     void checkCell(int row, int column) const;
-    // Sets the selection without firing.
-    void moveSelection(int row);
+    // Sets ListIndex without firing Change.
+    void selectSilently(int row);
 
     ListRows rows_;
     std::vector<std::string> headings_;

@@ -8,7 +8,7 @@ namespace bracken {
 PopupMenu::PopupMenu(WindowContent& window, std::string name)
     : RectControl(window, std::move(name)), ListIndex(*this) {}
 
-PopupMenu::Index& PopupMenu::Index::operator=(int row) {
+PopupMenu::SelectedRow& PopupMenu::SelectedRow::operator=(int row) {
     baton::assertHeld();
     menu_.index_ = row;
     menu_.markDirty();

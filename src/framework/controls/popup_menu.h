@@ -11,13 +11,13 @@ namespace bracken {
 // A menu of rows of which one is chosen. Rows count from 0; -1 stands for none.
 class PopupMenu : public RectControl {
   public:
-    // Assigns like a field; an assignment fires Change, also with the value that it had.
-    class Index {
+    // Assigns like a field; each assignment fires Change, also one of the same value.
+    class SelectedRow {
       public:
-        explicit Index(PopupMenu& menu) : menu_(menu) {}
+        explicit SelectedRow(PopupMenu& menu) : menu_(menu) {}
         operator int() const { return menu_.index_; }
-        Index& operator=(int row);
-        Index& operator=(const Index&) = delete;
+        SelectedRow& operator=(int row);
+        SelectedRow& operator=(const SelectedRow&) = delete;
 
       private:
         PopupMenu& menu_;
@@ -34,7 +34,7 @@ class PopupMenu : public RectControl {
     // The chosen row's text, "" with none.
     std::string Text() const;
 
-    Index ListIndex;
+    SelectedRow ListIndex;
     std::function<void()> Change;
 
     // The user chose a row; fires Change only if it is another.

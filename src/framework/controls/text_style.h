@@ -8,7 +8,7 @@
 
 namespace bracken {
 
-// How a piece of text looks.
+// The style of a piece of text.
 struct TextStyle {
     bool bold = false;
     bool outline = false;
@@ -19,7 +19,7 @@ struct TextStyle {
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
-// A piece of text, counted in bytes from 0, whose looks differ from the plain ones.
+// A piece of text, counted in bytes from 0, whose style is not the plain one.
 struct StyleRun {
     int64_t from = 0;
     int64_t length = 0;
@@ -29,8 +29,10 @@ struct StyleRun {
     friend bool operator==(const StyleRun&, const StyleRun&) = default;
 };
 
-// The styles of a text: runs in order, none empty, none plain, none overlapping, and no two alike
-// side by side. Adding at the end takes constant time.
+// The styles of a text. Adding at the end takes constant time. The runs stand in order, and
+// - none is empty or has the plain style,
+// - none overlaps another,
+// - none touches one of the same style.
 class TextStyles {
   public:
     const std::vector<StyleRun>& runs() const { return runs_; }

@@ -28,9 +28,9 @@ struct LockedPlace {
     }
 };
 
-// Locks hold a control to the window's edges, also one in a container that moves along: its place
-// is taken from before, and set after that of the container, which carries it.
-void followSize(const std::vector<Control*>& controls, int dx, int dy) {
+// Locks keep a control's distance from the window's edges, also in a container, which moves what it
+// contains. So all places are noted first, and a control's is set after its container's.
+void applyLocks(const std::vector<Control*>& controls, int dx, int dy) {
     std::vector<LockedPlace> places;
     for (Control* control : controls)
         if (auto* rect = dynamic_cast<RectControl*>(control)) places.emplace_back(*rect);
@@ -71,7 +71,7 @@ void WindowContent::resize(int width, int height) {
 
 void WindowContent::layOut(int dx, int dy) {
     if (!laidOut_) return;
-    followSize(controls_, dx, dy);
+    applyLocks(controls_, dx, dy);
     Event_Resized();
 }
 

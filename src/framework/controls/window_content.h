@@ -8,8 +8,16 @@
 
 namespace bracken {
 
+// Kinds of a window's frame.
+struct FrameKind {
+    static constexpr int document = 0;
+    static constexpr int modalDialog = 2;
+    // Says only that the window's background is dark.
+    static constexpr int dark = 9;
+};
+
 // A window's content area: its size, its controls, and how these follow when the size changes.
-// What stands around it, and its life, are Window's. Holding the baton.
+// Its frame on the screen and its lifetime are Window's. Holding the baton.
 class WindowContent : public Observable, public std::enable_shared_from_this<WindowContent> {
   public:
     WindowContent();
@@ -18,8 +26,8 @@ class WindowContent : public Observable, public std::enable_shared_from_this<Win
     // Pixels. Any value is taken, also below the minimum.
     Property<int> Width;
     Property<int> Height;
-    // 0: an ordinary document window; 2: a modal dialog.
-    int Frame = 0;
+    // Of FrameKind.
+    int Frame = FrameKind::document;
 
     const std::vector<Control*>& controls() const { return controls_; }
     // Null if there is none of that name.
@@ -28,7 +36,7 @@ class WindowContent : public Observable, public std::enable_shared_from_this<Win
     void Refresh(bool eraseBackground);
     // Whether set-up is over, so that changes of size lay out the controls and fire events.
     bool laidOut() const { return laidOut_; }
-    // A closed window hears nothing of its controls any more.
+    // A closed window gets no events of its controls any more.
     bool closed() const { return closed_; }
 
   protected:

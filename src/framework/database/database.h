@@ -22,16 +22,16 @@ class Database {
     std::string UserName;
     std::string Password;
 
-    // The current database. Setting it on a live connection selects it there; a failure to do so is
-    // left to the next statement.
+    // Sets the current database, on a live connection at once. A failure to do so shows at the next
+    // statement.
     virtual void DatabaseName(const std::string& name) = 0;
 
-    // Opens a connection with the properties set, in place of the one that this object had; cursors
-    // of the old one stay usable. False on failure, with Error and ErrorMessage set; the old one
-    // then stays.
+    // Opens a connection with the properties above, in place of the one that this object had;
+    // cursors of the old one stay usable. False on failure, with Error and ErrorMessage set; the
+    // old connection then stays.
     virtual bool Connect() = 0;
-    // Runs a query. On failure sets Error and ErrorMessage and gives nil, whose exception reads
-    // the same text. Older cursors stay usable. A statement that succeeds but has no rows to give,
+    // Runs a query. On failure sets Error and ErrorMessage and returns nil, whose exception has the
+    // same text. Older cursors stay usable. A statement that succeeds but returns no result set
     // gives nil too.
     virtual Ref<DatabaseCursor> SQLSelect(const std::string& statement) = 0;
     // Runs a statement with no result rows; sets Error and ErrorMessage.
@@ -54,32 +54,32 @@ class DatabaseCursorField {
         : Name(name), StringValue(value) {}
 
     std::string Name;
-    // The server's text form; NULL is the empty string; binary bytes as they are.
+    // The server's text form; NULL is the empty string, binary bytes are unchanged.
     std::string StringValue;
-    // The field as a value of any type; its text is the server's too.
+    // The same text.
     const std::string& Value() const { return StringValue; }
 };
 
-// The rows of a query, read forward once. Must not be read once its Database is gone.
+// The rows of a query, read forward once. Must not be read after its Database is destroyed.
 class DatabaseCursor {
   public:
     virtual ~DatabaseCursor() = default;
 
-    // True past the last row, and after Close. A result that breaks off is never taken for its end:
-    // EOF_, and whatever else asks for the row that is missing, sets the database's Error and
-    // raises DatabaseException with the server's words.
+    // True after the last row, and after Close. If the connection fails before the last row, EOF_
+    // and whatever else needs the missing row sets the database's Error and raises
+    // DatabaseException with the server's message.
     virtual bool EOF_() = 0;
     virtual void MoveNext() = 0;
     virtual int FieldCount() = 0;
-    // Fields count from 1. The name and the bytes of the current row's field without a copy, the
-    // bytes valid until the next MoveNext or Close; IndexOutOfRangeException outside the row.
+    // Name and bytes of a field of the current row, counted from 1, without a copy. The bytes are
+    // valid until the next MoveNext or Close. IndexOutOfRangeException outside the row.
     virtual std::string_view fieldName(int n) = 0;
     virtual std::string_view fieldText(int n) = 0;
-    // Gives back what the result holds; the rest of the rows is dropped. Closing twice is harmless.
+    // Releases the result and drops the rows left. May be called again.
     virtual void Close() = 0;
 
-    // A field of the current row, by number or by name without regard to case; nil, which says
-    // what is missing, if there is none.
+    // A field of the current row, by number or by name ignoring case; if there is none nil, with
+    // the missing field as its reason.
     Ref<DatabaseCursorField> IdxField(int n);
     Ref<DatabaseCursorField> Field(std::string_view name);
 };

@@ -1,6 +1,5 @@
 #include "framework/dialogs/dialogs.h"
 
-#include "framework/platform/platform.h"
 #include "framework/threads/main_thread_calls.h"
 #include "framework/threads/without_baton.h"
 
@@ -21,6 +20,19 @@ Ref<FolderItem> SelectFolder() {
 
 void Launch(const Ref<FolderItem>& file) {
     Platform::current().launch(file->AbsolutePath());
+}
+
+Ref<FolderItem> SaveAsDialog::ShowModal() const {
+    std::string folder = InitialDirectory == nullptr ? "" : InitialDirectory->AbsolutePath();
+    SaveQuestion question{folder, Title, PromptText, SuggestedFileName, Filter};
+    std::string path = withoutBaton([&] { return Platform::current().saveFile(question); });
+    return GetFolderItem(path, 0);
+}
+
+Clipboard::Clipboard() : Text(Platform::current().clipboardText()) {}
+
+void Clipboard::Close() const {
+    Platform::current().setClipboardText(Text);
 }
 
 }  // namespace bracken

@@ -3,18 +3,19 @@
 #include <string>
 
 #include "framework/files/folder_item.h"
+#include "framework/platform/platform.h"
 #include "framework/ref.h"
 
 namespace bracken {
 
-// Dialogs, callable from the main thread and from a run, holding the baton; they block the caller
+// What the program asks of the user and of the desktop. Holding the baton; dialogs block the caller
 // until the user has answered, while other threads go on.
 
-// Shows a message. Code 0: one button, OK, result 1. Code 36: Yes and No with a question icon, No
-// being the default; result 6 for Yes, 7 for No.
-int MsgBox(const std::string& text, int code = 0, const std::string& title = "");
+// Shows a message; `code` and the result are of BoxCode. In a question No is the default. Any
+// thread.
+int MsgBox(const std::string& text, int code = BoxCode::ok, const std::string& title = "");
 
-// The system's alert sound.
+// The system's alert sound. Any thread.
 void Beep();
 
 // A folder chosen by the user; nil if the choice is cancelled. Main thread.
@@ -23,5 +24,34 @@ Ref<FolderItem> SelectFolder();
 // Opens an HTML file in the user's default web browser, else in what the desktop opens it with, and
 // does not wait for that. With no such program nothing happens. Main thread.
 void Launch(const Ref<FolderItem>& file);
+
+// Asks the user for a file to write. Main thread.
+class SaveAsDialog {
+  public:
+    // The folder it starts in; nil leaves that to the desktop.
+    Ref<FolderItem> InitialDirectory;
+    std::string PromptText;
+    std::string SuggestedFileName;
+    std::string Title;
+    // Extension of the files it lists; empty for all. The name that the user gives needs none, and
+    // gets none.
+    std::string Filter;
+
+    // Blocks until the user has answered; nil if the choice is cancelled. For a file that exists
+    // the user has agreed to its being replaced.
+    Ref<FolderItem> ShowModal() const;
+};
+
+// The system clipboard. Main thread.
+class Clipboard {
+  public:
+    // Opens the clipboard and reads its text.
+    Clipboard();
+
+    std::string Text;
+
+    // Puts Text on the clipboard.
+    void Close() const;
+};
 
 }  // namespace bracken

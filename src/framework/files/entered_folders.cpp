@@ -25,7 +25,7 @@ size_t EnteredFolders::size() const {
 bool EnteredFolders::hasAmongFirst(size_t count, const FolderIdentity& folder) const {
     {
         std::lock_guard guard(mutex_);
-        const auto at = places_.find(folder);
+        auto at = places_.find(folder);
         if (at != places_.end() && at->second < count) return true;
     }
     return before_ != nullptr && before_->hasAmongFirst(beforeCount_, folder);

@@ -9,7 +9,7 @@
 
 namespace bracken {
 
-// What makes a folder the same by whatever path it is reached.
+// Equal for one folder, whatever the path by which it is reached.
 struct FolderIdentity {
     explicit FolderIdentity(const struct stat& status)
         : device(status.st_dev), inode(status.st_ino) {}
@@ -19,11 +19,11 @@ struct FolderIdentity {
     ino_t inode;
 };
 
-// The folders that one walk has entered so far. Any thread.
+// The folders that one walk has entered until now. Any thread.
 class EnteredFolders {
   public:
-    // Those of a walk that goes on by itself from where the one of `before`, null for none, stands
-    // now.
+    // A walk that has entered what the walk of `before` has entered until now, and then goes on
+    // separately; null for a walk that has entered none.
     explicit EnteredFolders(std::shared_ptr<const EnteredFolders> before);
 
     void add(const FolderIdentity& folder);
@@ -39,12 +39,12 @@ class EnteredFolders {
     size_t size() const;
     bool hasAmongFirst(size_t count, const FolderIdentity& folder) const;
 
-    const std::shared_ptr<const EnteredFolders> before_;
-    // How many of those are this walk's.
-    const size_t beforeCount_;
+    std::shared_ptr<const EnteredFolders> before_;
+    // How many of those, in the order of entering, this walk has entered too.
+    size_t beforeCount_;
 
     mutable std::mutex mutex_;
-    // Each with its place in the order of entering.
+    // Each with its index in the order of entering.
     std::unordered_map<FolderIdentity, size_t, Hash> places_;
 };
 

@@ -20,18 +20,18 @@ namespace {
 struct CloseFolder {
     void operator()(DIR* folder) const { closedir(folder); }
 };
-using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
+using FolderStream = std::unique_ptr<DIR, CloseFolder>;
 
 int64_t nanoseconds(const struct timespec& time) {
     return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-// Times of change move in steps: a tick of the kernel, or two seconds where a file system keeps
-// whole ones. Two changes within a step look the same, so a folder listed within a step of its
-// latest change has to be listed again.
-bool isSettled(const struct timespec& changed, const struct timespec& listed) {
-    const int64_t step = changed.tv_nsec == 0 ? 2'000'000'000 : 20'000'000;
-    const int64_t age = nanoseconds(listed) - nanoseconds(changed);
+// Times of change have a resolution: a tick of the kernel, or two seconds where a file system keeps
+// whole ones. Two changes within it look the same, so a folder listed so soon after its latest
+// change has to be listed again.
+bool laterChangesShow(const struct timespec& changed, const struct timespec& listed) {
+    int64_t step = changed.tv_nsec == 0 ? 2'000'000'000 : 20'000'000;
+    int64_t age = nanoseconds(listed) - nanoseconds(changed);
     return age > step || age < -step;
 }
 
@@ -59,7 +59,7 @@ std::vector<FolderContents::Entry> readEntries(DIR* folder, const std::string& p
         errno = 0;
         const dirent* next = readdir(folder);
         if (next == nullptr) break;
-        const std::string_view name = next->d_name;
+        std::string_view name = next->d_name;
         if (name == "." || name == "..") continue;
         FolderContents::Entry entry = entryOf(dirfd(folder), *next);
         if (!isAbsence(entry.error)) entries.push_back(std::move(entry));
@@ -76,18 +76,19 @@ std::shared_ptr<const FolderContents> FolderContents::read(const std::string& pa
     struct timespec now;
     struct stat status;
     clock_gettime(CLOCK_REALTIME, &now);
-    const OpenFolder folder(opendir(path.c_str()));
+    FolderStream folder(opendir(path.c_str()));
     if (!folder && isAbsence(errno)) return nullptr;
     if (!folder || fstat(dirfd(folder.get()), &status) != 0) throw UnreadableException(path, errno);
     return std::make_shared<FolderContents>(FolderContents{FolderIdentity(status), status.st_ctim,
-                                                           isSettled(status.st_ctim, now),
+                                                           laterChangesShow(status.st_ctim, now),
                                                            readEntries(folder.get(), path)});
 }
 
 bool FolderContents::isCurrent(const std::string& path) const {
     struct stat status;
-    return settled && stat(path.c_str(), &status) == 0 && identity == FolderIdentity(status) &&
-           nanoseconds(changed) == nanoseconds(status.st_ctim);
+    return showsLaterChanges && stat(path.c_str(), &status) == 0 &&
+           identity == FolderIdentity(status) &&
+           nanoseconds(changeTime) == nanoseconds(status.st_ctim);
 }
 
 }  // namespace bracken

@@ -9,7 +9,7 @@
 
 namespace bracken {
 
-// What stood in a folder when it was read.
+// What a folder held when it was read.
 struct FolderContents {
     struct Entry {
         std::string name;
@@ -17,19 +17,19 @@ struct FolderContents {
         // A regular file, and no link to one.
         bool file;
         bool link;
-        // Error number of why its type, or that of a link's target, can't be asked; 0 otherwise.
+        // Why its type, or that of a link's target, can't be asked: an error number, else 0.
         int error;
     };
 
-    // Null where no folder is. UnreadableException for one that can't be listed to its end.
+    // Null if there is no folder. UnreadableException for one that can't be listed to its end.
     static std::shared_ptr<const FolderContents> read(const std::string& path);
-    // Whether that is still the folder at `path`, with these contents for sure.
+    // Whether this is surely what the folder at `path` still holds.
     bool isCurrent(const std::string& path) const;
 
     FolderIdentity identity;
-    struct timespec changed;
-    // Whether a later change is sure to show in the folder's time of change.
-    bool settled;
+    struct timespec changeTime;
+    // Whether any later change gives the folder another time of change.
+    bool showsLaterChanges;
     // In byte order of names; without dangling links.
     std::vector<Entry> entries;
 };

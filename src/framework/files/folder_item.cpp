@@ -9,8 +9,10 @@
 #include <system_error>
 #include <utility>
 
+#include "framework/files/file_calls.h"
 #include "framework/files/folder_listing.h"
 #include "framework/files/paths.h"
+#include "framework/files/replacing_file.h"
 #include "framework/files/special_folder.h"
 #include "framework/files/unreadable.h"
 
@@ -18,55 +20,47 @@ namespace bracken {
 
 namespace {
 
-constexpr mode_t permissions = 0777;
-constexpr mode_t folderMode = 0700;
-
 std::optional<struct stat> statusOf(const std::string& path) {
     struct stat status;
     if (stat(path.c_str(), &status) != 0) return std::nullopt;
     return status;
 }
 
-// What the latest system call has against the path.
+// Why the latest system call failed for the path.
 std::string reason(const std::string& path) {
     return path + ": " + std::generic_category().message(errno);
 }
 
-// A descriptor of the file, -1 for something that reads as empty; none, with errno set, if it can't
-// be opened. Only regular files are opened at all: opening a device may do something, and opening a
-// pipe waits for the other end.
-std::optional<int> openFile(const std::string& path, int access) {
-    const auto status = statusOf(path);
+// No descriptor for something that reads as empty; nothing, with errno set, if it can't be opened.
+// Only regular files are opened at all: opening a device may have effects, and opening a pipe waits
+// for the other end.
+std::optional<Descriptor> openFile(const std::string& path, int access) {
+    auto status = statusOf(path);
     if (!status) return std::nullopt;
     if (S_ISDIR(status->st_mode)) {
         errno = EISDIR;
         return std::nullopt;
     }
-    if (!S_ISREG(status->st_mode)) return -1;
-    const int descriptor = open(path.c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) return std::nullopt;
-    return descriptor;
+    if (!S_ISREG(status->st_mode)) return Descriptor();
+    Descriptor file(open(path.c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.isOpen()) return std::nullopt;
+    return file;
 }
 
-std::unique_ptr<ReplacingFile> openForReplacing(const std::string& path, mode_t fresh) {
-    const bool ownerOnly = SpecialFolder::keepsPrivate(path);
-    return ReplacingFile::open(path, {.fresh = fresh, .ownerOnly = ownerOnly}, FileCalls::system());
+std::unique_ptr<ReplacingFile> openForReplacing(const std::string& path, mode_t newFile) {
+    bool ownerOnly = SpecialFolder::keepsPrivate(path);
+    return ReplacingFile::open(path, {.newFile = newFile, .ownerOnly = ownerOnly},
+                               FileCalls::system());
 }
 
-// Hands all bytes on, block by block, and closes the descriptor; false, with errno set, if reading
-// breaks off. Of -1 there are none.
+// Passes all bytes to `take`, block by block; false, with errno set, if reading fails.
 template <class Take>
-bool readAll(int descriptor, const Take& take) {
-    if (descriptor < 0) return true;
+bool readAll(const Descriptor& file, const Take& take) {
+    if (!file.isOpen()) return true;
     char block[64 * 1024];
     ssize_t got = 0;
-    do {
-        got = read(descriptor, block, sizeof block);
-        if (got > 0) take(std::string_view(block, static_cast<size_t>(got)));
-    } while (got > 0 || (got < 0 && errno == EINTR));
-    const int error = errno;
-    close(descriptor);
-    errno = error;
+    while ((got = readSome(file.get(), block, sizeof block)) > 0)
+        take(std::string_view(block, static_cast<size_t>(got)));
     return got == 0;
 }
 
@@ -91,7 +85,7 @@ int FolderItem::Count() {
 
 Ref<FolderItem> FolderItem::Item(int i) {
     if (i < 1 || directory_ == false) return nullptr;
-    const size_t index = static_cast<size_t>(i) - 1;
+    size_t index = static_cast<size_t>(i) - 1;
     const FolderListing::Entry* entry = listing().entry(index);
     if (entry == nullptr) return nullptr;
     std::string path = joinPath(path_, entry->name);
@@ -106,8 +100,8 @@ Ref<FolderItem> FolderItem::Item(int i) {
 }
 
 bool FolderItem::followLink() {
-    // Its target may go or change with no trace in its folder.
-    const auto status = statusOf(path_);
+    // Its target may change without a change of the link's folder.
+    auto status = statusOf(path_);
     if (!status && !isAbsence(errno)) throw UnreadableException(path_, errno);
     if (!status) return false;
     directory_ = S_ISDIR(status->st_mode);
@@ -130,7 +124,7 @@ bool FolderItem::Exists() const {
 
 bool FolderItem::Directory() const {
     if (directory_) return *directory_;
-    const auto status = statusOf(path_);
+    auto status = statusOf(path_);
     return status && S_ISDIR(status->st_mode);
 }
 
@@ -143,7 +137,7 @@ const std::string& FolderItem::AbsolutePath() const {
 }
 
 uint64_t FolderItem::Length() const {
-    const auto status = statusOf(path_);
+    auto status = statusOf(path_);
     return status && S_ISREG(status->st_mode) ? static_cast<uint64_t>(status->st_size) : 0;
 }
 
@@ -158,29 +152,27 @@ Ref<FolderItem> FolderItem::Child(const std::string& name) const {
 
 std::string FolderItem::ShellPath() const {
     std::string quoted = "'";
-    for (const char c : path_) quoted += c == '\'' ? "'\\''" : std::string(1, c);
+    for (char c : path_) quoted += c == '\'' ? "'\\''" : std::string(1, c);
     return quoted + "'";
 }
 
 Ref<BinaryStream> FolderItem::OpenAsBinaryFile(bool write) const {
-    const auto descriptor = openFile(path_, write ? O_RDWR : O_RDONLY);
-    if (!descriptor) return Ref<BinaryStream>::nilBecause(reason(path_));
-    return make<BinaryStream>(*descriptor);
+    auto file = openFile(path_, write ? O_RDWR : O_RDONLY);
+    if (!file) return Ref<BinaryStream>::nilBecause(reason(path_));
+    return make<BinaryStream>(std::move(*file));
 }
 
 Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
-    const auto descriptor = openFile(path_, O_RDONLY);
+    auto file = openFile(path_, O_RDONLY);
     std::string text;
-    text.reserve(descriptor ? Length() : 0);
-    const auto append = [&](std::string_view bytes) { text += bytes; };
-    if (!descriptor || !readAll(*descriptor, append)) {
-        return Ref<TextInputStream>::nilBecause(reason(path_));
-    }
+    text.reserve(file ? Length() : 0);
+    auto append = [&](std::string_view bytes) { text += bytes; };
+    if (!file || !readAll(*file, append)) return Ref<TextInputStream>::nilBecause(reason(path_));
     return make<TextInputStream>(std::move(text));
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
-    auto file = openForReplacing(path_, 0666);
+    auto file = openForReplacing(path_, newFileMode);
     if (!file) return Ref<TextOutputStream>::nilBecause(reason(path_));
     return make<TextOutputStream>(std::move(file));
 }
@@ -194,18 +186,17 @@ void FolderItem::Delete() const {
 }
 
 void FolderItem::CopyFileTo(const Ref<FolderItem>& destination) const {
-    const auto status = statusOf(path_);
+    auto status = statusOf(path_);
     if (!status || !S_ISREG(status->st_mode)) return;
-    const Ref<FolderItem> target =
-        destination->Directory() ? destination->Child(Name()) : destination;
-    const auto file = openForReplacing(target->path_, status->st_mode & permissions);
-    const auto source = file ? openFile(path_, O_RDONLY) : std::nullopt;
+    Ref<FolderItem> target = destination->Directory() ? destination->Child(Name()) : destination;
+    auto file = openForReplacing(target->path_, status->st_mode & permissionBits);
+    auto source = file ? openFile(path_, O_RDONLY) : std::nullopt;
     if (!source) return;
     if (readAll(*source, [&](std::string_view bytes) { file->write(bytes); })) file->commit();
 }
 
 void FolderItem::CreateAsFolder() const {
-    mkdir(path_.c_str(), folderMode);
+    mkdir(path_.c_str(), privateFolderMode);
 }
 
 Ref<FolderItem> GetFolderItem(const std::string& path, int /*pathForm*/) {

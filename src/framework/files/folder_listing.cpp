@@ -28,16 +28,16 @@ bool FolderListing::isGone(size_t index) const {
 }
 
 bool FolderListing::isRepeated(const FolderIdentity& folder) const {
-    const bool entered = contents_ && contents_->identity == folder;
+    bool entered = contents_ && contents_->identity == folder;
     return link_ && !entered && entered_->has(folder);
 }
 
 void FolderListing::refresh() {
     if (!contents_ && link_ && isRepeated(*link_)) return;
-    // Some file systems take their time.
-    const auto contents = withoutBaton([&] {
-        const bool hold = listable_ && contents_->isCurrent(path_);
-        return hold ? contents_ : ListingCache::list(path_);
+    // Some file systems are slow.
+    auto contents = withoutBaton([&] {
+        bool current = listable_ && contents_->isCurrent(path_);
+        return current ? contents_ : ListingCache::list(path_);
     });
     if (listable_ && contents == contents_) return;
     listable_ = contents && !isRepeated(contents->identity);
@@ -57,7 +57,7 @@ void FolderListing::merge(const std::vector<Entry>& present) {
     }
     std::vector<Entry> added;
     for (const Entry& entry : present) {
-        const auto at = known.find(entry.name);
+        auto at = known.find(entry.name);
         if (at == known.end()) {
             added.push_back(entry);
             continue;

@@ -10,19 +10,19 @@
 
 namespace bracken {
 
-// The numbered names of a folder. Each count looks whether the folder was touched since it was
-// listed (one stat) and lists it again if so: known entries keep their numbers, new ones go to the
-// end. For one thread at a time.
+// The numbered names of a folder. Each count checks by one stat whether the folder has changed
+// since it was listed, and lists it again if so: known entries keep their numbers, new ones go to
+// the end. For one thread at a time.
 class FolderListing {
   public:
     using Entry = FolderContents::Entry;
 
-    // `link` is the folder that the path leads to where its last component is a link, `entered`
-    // what the walk has entered so far.
+    // `link` is the folder that the path leads to if its last component is a link, `entered` what
+    // the walk has entered until now.
     FolderListing(std::string path, std::optional<FolderIdentity> link,
                   std::shared_ptr<EnteredFolders> entered);
 
-    // Entries, vanished ones included; 0 where no folder is, and for a link to one that the walk
+    // Entries, vanished ones included; 0 if there is no folder, and for a link to one that the walk
     // had entered. UnreadableException for a folder that can't be listed.
     size_t count();
     // Counted from 0, as of the latest count, at no cost; null outside the range. Valid until the
@@ -34,7 +34,7 @@ class FolderListing {
 
   private:
     void refresh();
-    // Whether the walk had entered the folder before it came to it by this link.
+    // Whether the walk had entered the folder before it followed this link to it.
     bool isRepeated(const FolderIdentity& folder) const;
     void merge(const std::vector<Entry>& present);
     const std::vector<Entry>& numbered() const {

@@ -10,7 +10,7 @@ namespace {
 
 using ContentsRef = std::shared_ptr<const FolderContents>;
 
-// A hundred thousand names or so. Walks come by in one order, so what came first stays.
+// About a hundred thousand names. All walks have one order, so the first listings stay.
 constexpr size_t maxBytes = 8 << 20;
 
 size_t bytesOf(const FolderContents& contents) {
@@ -20,9 +20,9 @@ size_t bytesOf(const FolderContents& contents) {
     return bytes;
 }
 
-// A link's target may go or change with no trace in the folder.
-bool isKeepable(const FolderContents& contents) {
-    return contents.settled &&
+// A link's target may change without a change of the folder.
+bool isCacheable(const FolderContents& contents) {
+    return contents.showsLaterChanges &&
            std::none_of(contents.entries.begin(), contents.entries.end(),
                         [](const auto& entry) { return entry.link || entry.error != 0; });
 }
@@ -30,16 +30,16 @@ bool isKeepable(const FolderContents& contents) {
 class ListingStore {
   public:
     static ListingStore& instance() {
-        static ListingStore theOne;
-        return theOne;
+        static ListingStore store;
+        return store;
     }
 
-    void hold() {
+    void addHolder() {
         std::lock_guard guard(mutex_);
         holders_++;
     }
 
-    void release() {
+    void removeHolder() {
         std::lock_guard guard(mutex_);
         if (--holders_ > 0) return;
         folders_.clear();
@@ -69,18 +69,19 @@ class ListingStore {
 }  // namespace
 
 ListingCache::ListingCache() {
-    ListingStore::instance().hold();
+    ListingStore::instance().addHolder();
 }
 
 ListingCache::~ListingCache() {
-    ListingStore::instance().release();
+    ListingStore::instance().removeHolder();
 }
 
 ContentsRef ListingCache::list(const std::string& path) {
     ContentsRef contents = ListingStore::instance().find(path);
     if (contents != nullptr && contents->isCurrent(path)) return contents;
     contents = FolderContents::read(path);
-    if (contents != nullptr && isKeepable(*contents)) ListingStore::instance().keep(path, contents);
+    if (contents != nullptr && isCacheable(*contents))
+        ListingStore::instance().keep(path, contents);
     return contents;
 }
 

@@ -7,8 +7,8 @@
 
 namespace bracken {
 
-// Keeps what stood in folders, for walks that come by again: for as long as any of its holders
-// lives, and up to a few megabytes. What it gives is as good as read anew. Any thread.
+// Caches the contents of folders for later walks over them, as long as any object of this class
+// lives, and up to a few megabytes. What it returns is as good as read again. Any thread.
 class ListingCache {
   public:
     ListingCache();
@@ -16,7 +16,7 @@ class ListingCache {
     ListingCache(const ListingCache&) = delete;
     ListingCache& operator=(const ListingCache&) = delete;
 
-    // What stands in the folder, as FolderContents::read gives it.
+    // What the folder holds, as FolderContents::read returns it.
     static std::shared_ptr<const FolderContents> list(const std::string& path);
 };
 

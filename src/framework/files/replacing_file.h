@@ -10,16 +10,17 @@
 
 namespace bracken {
 
-// A file's new content on its way. In the usual case the bytes go to a temporary file beside the
-// target, which commit() syncs and renames over it, see temporary_files.h. Two kinds of target are
-// written in place: special files, as the bytes come; and regular files whose folder allows no
-// neighbour or no rename, at commit, so that a content given up before leaves them as they were.
+// A file's new content while it is written. Usually the bytes go to a temporary file in the
+// target's folder, which commit() syncs and renames over it, see temporary_files.h. Two kinds of
+// target are written in place: special files, at each write; and regular files whose folder allows
+// no new file or no rename, at commit, so that a content that is not committed leaves them
+// unchanged.
 class ReplacingFile {
   public:
     // Modes of the file that results.
     struct Modes {
         // Of a file that did not exist; the process's mask is taken off.
-        mode_t fresh = 0666;
+        mode_t newFile = newFileMode;
         // Readable and writable by its owner alone, whatever it was before.
         bool ownerOnly = false;
     };
@@ -28,40 +29,40 @@ class ReplacingFile {
     // are resolved first. `calls` outlives the result.
     static std::unique_ptr<ReplacingFile> open(const std::string& target, Modes modes,
                                                FileCalls& calls);
-    // Removes what saves of that file that were killed have left beside it, and beside what it is a
-    // link to. Opening does so too.
+    // Removes what killed saves have left in the folder of that file, and in that of the file that
+    // it is a link to. Opening does so too.
     static void removeLeftOvers(const std::string& target);
-    // Gives the content up unless it was committed.
+    // Drops the content unless it was committed.
     ~ReplacingFile();
     ReplacingFile(const ReplacingFile&) = delete;
     ReplacingFile& operator=(const ReplacingFile&) = delete;
 
     // A failure is remembered and makes commit() fail.
     void write(std::string_view bytes);
-    // Whether the new content has taken the old one's place. To be called once, as the last call.
+    // Whether the new content has replaced the old one. To be called once, as the last call.
     bool commit();
 
   private:
-    // Where the bytes of write() go.
-    enum class Way { Beside, InPlaceAtCommit, Through };
+    // How the bytes of write() get into the target.
+    enum class Method { Rename, InPlaceAtCommit, Direct };
 
     ReplacingFile(std::string target, FileCalls& calls);
     bool openSpecial();
     bool openExisting(const struct stat& present, bool ownerOnly);
     bool keepOwner(const struct stat& present);
-    bool openBeside(mode_t mode);
+    bool openTemporary(mode_t mode);
     bool openInPlace(mode_t mode);
     bool overwriteInPlace();
     bool renameOver();
     void syncFolder();
     // With its descriptor.
     void dropTemporary();
-    bool closeDescriptor();
 
     std::string target_;
     FileCalls& calls_;
-    Way way_ = Way::Beside;
-    int descriptor_ = -1;
+    Method method_ = Method::Rename;
+    Descriptor file_;
+    // Path of the temporary file; "" for none.
     std::string temporary_;
     std::string pending_;
     bool failed_ = false;

@@ -1,6 +1,5 @@
 #include "framework/files/shell.h"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/syscall.h>
@@ -8,40 +7,35 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <climits>
 #include <csignal>
 
+#include "framework/files/file_calls.h"
 #include "framework/files/paths.h"
 
 namespace bracken {
 
 namespace {
 
-// A descriptor, -1 if the folder can't be told.
-int openProgramFolder() {
+// None if the folder is unknown.
+Descriptor openProgramFolder() {
     char path[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
-    if (length <= 0) return -1;
-    const std::string folder = parentPath(std::string(path, static_cast<size_t>(length)));
-    return open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    ssize_t length = readlink("/proc/self/exe", path, sizeof path);
+    if (length <= 0) return Descriptor();
+    return openFolder(parentPath(std::string(path, static_cast<size_t>(length))));
 }
 
 // True also where the system has no way to wait with a limit.
 bool endsWithin(std::chrono::milliseconds limit, pid_t child) {
     using std::chrono::steady_clock;
-    pollfd end = {};
-    end.fd = static_cast<int>(syscall(SYS_pidfd_open, child, 0));
-    end.events = POLLIN;
-    if (end.fd < 0) return true;
-    const auto deadline = steady_clock::now() + limit;
-    int ready = 0;
-    do {
-        const auto left =
-            std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
-        ready = poll(&end, 1, static_cast<int>(std::max<int64_t>(left.count(), 0)));
-    } while (ready < 0 && errno == EINTR);
-    close(end.fd);
+    Descriptor process(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
+    if (!process.isOpen()) return true;
+    pollfd end = {.fd = process.get(), .events = POLLIN, .revents = 0};
+    auto deadline = steady_clock::now() + limit;
+    int ready = uninterrupted([&] {
+        auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
+        return poll(&end, 1, static_cast<int>(std::max<int64_t>(left.count(), 0)));
+    });
     return ready != 0;
 }
 
@@ -49,7 +43,7 @@ bool endsWithin(std::chrono::milliseconds limit, pid_t child) {
 
 void Shell::Execute(const std::string& command) {
     // The shell itself extends the path: this process's environment is shared by its threads. The
-    // folder goes there by a descriptor of the shell's, since its own path may hold a colon.
+    // folder goes there by a descriptor of the shell's, since its own path may contain a colon.
     constexpr int descriptor = 9;
     std::string run = R"(PATH="/proc/self/fd/9/)" BRACKEN_PRIVATE_FOLDER
                       R"(:/proc/self/fd/9${PATH:+:$PATH}"; export PATH; eval "$1")";
@@ -58,22 +52,20 @@ void Shell::Execute(const std::string& command) {
     std::string text = command;
     char* const arguments[] = {name.data(), option.data(), run.data(),
                                name.data(), text.data(),   nullptr};
-    const int folder = openProgramFolder();
+    Descriptor folder = openProgramFolder();
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    if (folder >= 0) posix_spawn_file_actions_adddup2(&actions, folder, descriptor);
+    if (folder.isOpen()) posix_spawn_file_actions_adddup2(&actions, folder.get(), descriptor);
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
     pid_t child = 0;
-    const bool spawned =
-        posix_spawn(&child, "/bin/sh", &actions, &attributes, arguments, environ) == 0;
+    bool spawned = posix_spawn(&child, "/bin/sh", &actions, &attributes, arguments, environ) == 0;
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
-    if (folder >= 0) close(folder);
     if (!spawned) return;
     if (!endsWithin(limit_, child)) kill(-child, SIGKILL);
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
+    uninterrupted([&] { return waitpid(child, nullptr, 0); });
 }
 
 }  // namespace bracken

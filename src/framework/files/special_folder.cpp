@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdlib>
 
+#include "framework/files/file_calls.h"
 #include "framework/files/paths.h"
 
 namespace bracken {
@@ -32,9 +33,9 @@ std::string preferencesPath() {
 }
 
 void makeFolders(const std::string& path) {
-    if (mkdir(path.c_str(), 0700) == 0 || errno != ENOENT) return;
+    if (mkdir(path.c_str(), privateFolderMode) == 0 || errno != ENOENT) return;
     makeFolders(parentPath(path));
-    mkdir(path.c_str(), 0700);
+    mkdir(path.c_str(), privateFolderMode);
 }
 
 Ref<FolderItem> madeFolder(const std::string& path) {
@@ -53,18 +54,18 @@ std::string unquoted(const std::string& line, size_t at) {
     return value;
 }
 
-// As the desktop has noted it, "" if it has not.
-std::string notedDocuments() {
+// The path in the desktop's user-dirs.dirs, "" for none.
+std::string configuredDocuments() {
     static const std::string start = "XDG_DOCUMENTS_DIR=\"";
     static const std::string underHome = "$HOME/";
-    const auto notes = make<FolderItem>(joinPath(preferencesPath(), "user-dirs.dirs"));
-    if (!notes->Exists()) return "";
-    const Ref<TextInputStream> lines = notes->OpenAsTextFile();
+    auto file = make<FolderItem>(joinPath(preferencesPath(), "user-dirs.dirs"));
+    if (!file->Exists()) return "";
+    Ref<TextInputStream> lines = file->OpenAsTextFile();
     while (lines && !lines->EOF_()) {
-        const std::string line = lines->ReadLine(nullptr);
-        if (line.compare(0, start.size(), start) != 0) continue;
+        std::string line = lines->ReadLine(nullptr);
+        if (!line.starts_with(start)) continue;
         std::string value = unquoted(line, start.size());
-        if (value.compare(0, underHome.size(), underHome) != 0) return value;
+        if (!value.starts_with(underHome)) return value;
         return joinPath(home(), value.substr(underHome.size()));
     }
     return "";
@@ -82,12 +83,12 @@ Ref<FolderItem> SpecialFolder::ApplicationData() {
 
 Ref<FolderItem> SpecialFolder::Documents() {
     if (home().empty()) return madeFolder("");
-    const Ref<FolderItem> noted = GetFolderItem(notedDocuments(), 0);
-    return noted && noted->Directory() ? noted : make<FolderItem>(home());
+    Ref<FolderItem> configured = GetFolderItem(configuredDocuments(), 0);
+    return configured && configured->Directory() ? configured : make<FolderItem>(home());
 }
 
 bool SpecialFolder::keepsPrivate(const std::string& path) {
-    const std::string preferences = preferencesPath();
+    std::string preferences = preferencesPath();
     return !preferences.empty() && parentPath(path) == preferences;
 }
 

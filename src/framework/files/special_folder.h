@@ -4,8 +4,8 @@
 
 namespace bracken {
 
-// The user's standard places, from HOME and the XDG base directories, made when missing with mode
-// 0700; nil with no home folder at all. Variables that hold no absolute path count as unset.
+// The user's standard folders, from HOME and the XDG base directories, made when missing, for the
+// owner alone; nil with no home folder at all. Variables that hold no absolute path count as unset.
 struct SpecialFolder {
     // $XDG_CONFIG_HOME, else ~/.config.
     static Ref<FolderItem> Preferences();
@@ -13,7 +13,7 @@ struct SpecialFolder {
     static Ref<FolderItem> ApplicationData();
     // The desktop's documents folder (user-dirs.dirs) if there is one, else the home folder.
     static Ref<FolderItem> Documents();
-    // Whether the path lies directly in the preferences folder, where the files hold passwords.
+    // Whether the path is directly in the preferences folder, where the files hold passwords.
     static bool keepsPrivate(const std::string& path);
 };
 

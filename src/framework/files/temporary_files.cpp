@@ -8,17 +8,21 @@
 #include <cerrno>
 #include <filesystem>
 #include <string_view>
+#include <utility>
+
+#include "framework/files/paths.h"
 
 namespace bracken {
 
 namespace {
 
+constexpr int maxNames = 1000;
 constexpr std::string_view namePrefix = ".bracken-lens-";
 
 bool isTemporaryName(std::string_view name) {
     if (!name.starts_with(namePrefix)) return false;
-    const std::string_view numbers = name.substr(namePrefix.size());
-    const size_t dash = numbers.find('-');
+    std::string_view numbers = name.substr(namePrefix.size());
+    size_t dash = numbers.find('-');
     return dash != numbers.npos && dash > 0 && dash + 1 < numbers.size() &&
            numbers.find_first_not_of("0123456789", dash + 1) == numbers.npos &&
            numbers.find_first_not_of("0123456789") == dash;
@@ -33,27 +37,42 @@ bool hasName(int descriptor, const std::string& path) {
            opened.st_ino == named.st_ino;
 }
 
-// Locked, the name stays this file's until it is removed: a new writer can't make the name, and
-// whoever else would remove it has to lock the same file. A writer that has made the file and not
-// locked it yet finds it gone and takes another name.
+// While the file is locked the name stays its own: a new writer can't make the name, and whoever
+// else would remove it has to lock the same file. A writer that has made the file and not locked it
+// yet finds it gone and takes another name.
 void removeUnlessInUse(const std::string& path, FileCalls& calls) {
-    // For writing, since locks over a network ask for that.
-    const int descriptor = calls.open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK, 0);
-    if (descriptor < 0) return;
-    if (calls.lock(descriptor) == 0 && hasName(descriptor, path)) unlink(path.c_str());
-    close(descriptor);
+    // For writing, since locks over a network require that.
+    Descriptor file(calls.open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK, 0));
+    if (!file.isOpen()) return;
+    if (calls.lock(file.get()) == 0 && hasName(file.get(), path)) unlink(path.c_str());
 }
 
-}  // namespace
-
+// Another process may have one of that name.
 std::string temporaryName() {
     static std::atomic<unsigned> counter{0};
     return std::string(namePrefix) + std::to_string(getpid()) + "-" + std::to_string(++counter);
 }
 
-bool claimTemporary(const std::string& path, int descriptor, FileCalls& calls) {
-    if (calls.lock(descriptor) != 0 && errno == EWOULDBLOCK) return false;
-    return hasName(descriptor, path);
+// Locks a file just made. False if somebody took it for a left-over before that: then the name is
+// no longer the caller's.
+bool lockOwn(const TemporaryFile& made, FileCalls& calls) {
+    if (calls.lock(made.file.get()) != 0 && errno == EWOULDBLOCK) return false;
+    return hasName(made.file.get(), made.path);
+}
+
+}  // namespace
+
+std::optional<TemporaryFile> makeTemporary(const std::string& folder, mode_t mode,
+                                           FileCalls& calls) {
+    for (int i = 0; i < maxNames; ++i) {
+        std::string path = joinPath(folder, temporaryName());
+        Descriptor file(calls.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL, mode));
+        if (!file.isOpen() && errno != EEXIST) return std::nullopt;
+        TemporaryFile made{std::move(path), std::move(file)};
+        if (made.file.isOpen() && lockOwn(made, calls)) return made;
+    }
+    errno = EEXIST;
+    return std::nullopt;
 }
 
 void removeLeftOvers(const std::string& folder, FileCalls& calls) {

@@ -10,18 +10,18 @@ namespace bracken {
 
 namespace {
 
-uint8_t part(int value) {
+uint8_t component(int value) {
     return static_cast<uint8_t>(std::clamp(value, 0, 255));
 }
 
-int scaled(double share) {
-    return toInt32(share * 255);
+int scaled(double fraction) {
+    return toInt32(fraction * 255);
 }
 
 }  // namespace
 
 Color RGB(int red, int green, int blue) {
-    return {part(red), part(green), part(blue)};
+    return {component(red), component(green), component(blue)};
 }
 
 Color HSV(double hue, double saturation, double value) {
@@ -29,14 +29,14 @@ Color HSV(double hue, double saturation, double value) {
     saturation = std::clamp(saturation, 0.0, 1.0);
     value = std::clamp(value, 0.0, 1.0);
     double sector = std::floor(hue);
-    double within = hue - sector;
+    double fraction = hue - sector;
     int high = scaled(value);
     int low = scaled(value * (1 - saturation));
-    int falling = scaled(value * (1 - saturation * within));
-    int rising = scaled(value * (1 - saturation * (1 - within)));
-    const std::array<Color, 6> sectors = {RGB(high, rising, low), RGB(falling, high, low),
-                                          RGB(low, high, rising), RGB(low, falling, high),
-                                          RGB(rising, low, high), RGB(high, low, falling)};
+    int falling = scaled(value * (1 - saturation * fraction));
+    int rising = scaled(value * (1 - saturation * (1 - fraction)));
+    std::array<Color, 6> sectors = {RGB(high, rising, low), RGB(falling, high, low),
+                                    RGB(low, high, rising), RGB(low, falling, high),
+                                    RGB(rising, low, high), RGB(high, low, falling)};
     return sectors[static_cast<size_t>(sector) % 6];
 }
 

@@ -13,10 +13,10 @@ struct Color {
     friend bool operator==(const Color&, const Color&) = default;
 };
 
-// Each part 0 to 255, clamped to that.
+// Components are clamped to 0 to 255.
 Color RGB(int red, int green, int blue);
 
-// Hue, saturation and value, each 0 to 1 and clamped to that; a hue of 1 is that of 0.
+// Components are clamped to 0 to 1; hue 1 equals hue 0.
 Color HSV(double hue, double saturation, double value);
 
 }  // namespace bracken

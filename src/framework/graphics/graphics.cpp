@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "framework/graphics/bitmap_face.h"
+#include "framework/graphics/bitmap_font.h"
 #include "framework/graphics/picture.h"
 
 namespace bracken {
@@ -32,13 +32,13 @@ void Graphics::ClearRect(int x, int y, int width, int height) {
 
 void Graphics::DrawRect(int x, int y, int width, int height) {
     if (width < 1 || height < 1) return;
-    int across = std::min(PenWidth, width);
-    int down = std::min(PenHeight, height);
-    FillRect(x, y, width, down);
-    FillRect(x, y, across, height);
+    int penWidth = std::min(PenWidth, width);
+    int penHeight = std::min(PenHeight, height);
+    FillRect(x, y, width, penHeight);
+    FillRect(x, y, penWidth, height);
     uint32_t value = opaquePixel(ForeColor);
-    fill(x, int64_t{y} + height - down, width, down, value);
-    fill(int64_t{x} + width - across, y, across, height, value);
+    fill(x, int64_t{y} + height - penHeight, width, penHeight, value);
+    fill(int64_t{x} + width - penWidth, y, penWidth, height, value);
 }
 
 void Graphics::DrawLine(int x1, int y1, int x2, int y2) {
@@ -51,8 +51,8 @@ void Graphics::DrawLine(int x1, int y1, int x2, int y2) {
     fill(std::min(x1, x2), std::min(y1, y2), width, height, opaquePixel(ForeColor));
 }
 
-// One point for each step along the longer axis; only the steps that can be seen are taken, since a
-// line may reach far beyond the pixels.
+// Draws one point per step along the major axis, only for steps that are visible, since a line may
+// extend far beyond the pixels.
 void Graphics::drawSlope(int64_t x1, int64_t y1, int64_t x2, int64_t y2) {
     bool steep = std::abs(y2 - y1) > std::abs(x2 - x1);
     if (steep ? y2 < y1 : x2 < x1) {
@@ -66,9 +66,9 @@ void Graphics::drawSlope(int64_t x1, int64_t y1, int64_t x2, int64_t y2) {
     int64_t last = std::min<int64_t>(length, (steep ? pixels_.height : pixels_.width) - start);
     double slope = static_cast<double>(steep ? x2 - x1 : y2 - y1) / static_cast<double>(length);
     for (int64_t step = first; step <= last; ++step) {
-        auto aside = static_cast<int64_t>(std::floor(slope * static_cast<double>(step) + 0.5));
-        int64_t x = x1 + (steep ? aside : step);
-        int64_t y = y1 + (steep ? step : aside);
+        auto minor = static_cast<int64_t>(std::floor(slope * static_cast<double>(step) + 0.5));
+        int64_t x = x1 + (steep ? minor : step);
+        int64_t y = y1 + (steep ? step : minor);
         fill(x, y, PenWidth, PenHeight, opaquePixel(ForeColor));
     }
 }
@@ -82,31 +82,31 @@ void Graphics::DrawPicture(const Picture& picture, int x, int y, int width, int 
         int64_t fromY = sourceY + (int64_t{row} - y) * sourceHeight / height;
         for (int column = columns.from; column < columns.to; ++column) {
             int64_t fromX = sourceX + (int64_t{column} - x) * sourceWidth / width;
-            if (!picture.covers(fromX, fromY)) continue;
+            if (!picture.contains(fromX, fromY)) continue;
             int px = static_cast<int>(fromX);
             int py = static_cast<int>(fromY);
             uint32_t& target = pixels_.at(column, row);
-            target = blended(target, picture.pixels().at(px, py), picture.opacity(px, py));
+            target = blend(target, picture.pixels().at(px, py), picture.opacity(px, py));
         }
     }
 }
 
 void Graphics::DrawString(std::string_view text, int x, int y) {
     int64_t left = x;
-    for (char letter : text) {
-        const face::Glyph& glyph = face::glyph(letter);
+    for (char character : text) {
+        const bitmap_font::Glyph& glyph = bitmap_font::glyph(character);
         for (int column = 0; column < glyph.width; ++column)
-            for (int row = 0; row < face::rows; ++row)
-                if (glyph.inked(column, row))
-                    fill(left + column, int64_t{y} - face::ascent + row, Bold ? 2 : 1, 1,
+            for (int row = 0; row < bitmap_font::rows; ++row)
+                if (glyph.isSet(column, row))
+                    fill(left + column, int64_t{y} - bitmap_font::ascent + row, Bold ? 2 : 1, 1,
                          opaquePixel(ForeColor));
-        left += face::advance(glyph, Bold);
+        left += bitmap_font::advance(glyph, Bold);
     }
 }
 
 double Graphics::StringWidth(std::string_view text) const {
     int64_t width = 0;
-    for (char letter : text) width += face::advance(face::glyph(letter), Bold);
+    for (char character : text) width += bitmap_font::advance(bitmap_font::glyph(character), Bold);
     return static_cast<double>(width);
 }
 

@@ -1,35 +1,35 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "framework/graphics/color.h"
-#include "framework/graphics/pixels.h"
 
 namespace bracken {
 
 class Picture;
+struct Pixels;
 
 // Draws on pixels, exactly and without anti-aliasing: every pixel that is touched gets ForeColor,
-// and what lies outside is cut off. Any coordinates are taken; a size below 1 draws nothing.
+// and what lies outside is clipped. Any coordinates are accepted; a size below 1 draws nothing.
 class Graphics {
   public:
-    // Draws on `pixels`, which must outlive this; ClearRect leaves `background` behind.
+    // Draws on `pixels`, which must outlive this; ClearRect fills with `background`.
     Graphics(Pixels& pixels, uint32_t background) : pixels_(pixels), background_(background) {}
     Graphics(const Graphics&) = delete;
     Graphics& operator=(const Graphics&) = delete;
 
     Color ForeColor;
-    // The pen is a rectangle that hangs right and down from each point.
+    // The pen is a rectangle with its top left corner at each point.
     int PenWidth = 1;
     int PenHeight = 1;
-    // What is asked for. There is one face, a sans-serif for the height of 9 pixels; Bold thickens
-    // it.
+    // The font requested. There is only one, a sans-serif of 9 pixels, which Bold thickens.
     std::string TextFont;
     int TextSize = 0;
     bool Bold = false;
 
-    // Both ends included, so a line from a pixel to itself is that pixel.
+    // Includes both ends, so a line from a pixel to itself is that pixel.
     void DrawLine(int x1, int y1, int x2, int y2);
     // A frame inside the rectangle's edges, as thick as the pen.
     void DrawRect(int x, int y, int width, int height);
@@ -43,7 +43,7 @@ class Graphics {
     double StringWidth(std::string_view text) const;
 
   private:
-    // The pixels from `from` up to but not including `to`, inside 0 to `size`.
+    // The half-open range [from, to), clipped to [0, size).
     struct Span {
         int from;
         int to;

@@ -7,10 +7,15 @@ namespace bracken {
 
 class Window;
 
-// The codes that MsgBox takes and gives.
+// The codes that MsgBox takes and returns.
 struct BoxCode {
+    // Buttons: OK alone; Yes and No, with a question icon.
     static constexpr int ok = 0;
+    // As ok, with the icon of an error.
+    static constexpr int error = 16;
     static constexpr int yesNoQuestion = 36;
+
+    // The button that was pressed.
     static constexpr int okPressed = 1;
     static constexpr int yesPressed = 6;
     static constexpr int noPressed = 7;
@@ -24,13 +29,13 @@ struct ScreenRect {
     int height = 0;
 };
 
-// What a dialog for a file to write is to show.
+// What a save dialog shows at first.
 struct SaveQuestion {
     // Path of the folder it starts in, "" for any.
     std::string folder;
     std::string title;
     std::string prompt;
-    // The name that stands in it at first.
+    // Of the file.
     std::string name;
     // Extension of the files it lists, "" for all.
     std::string filter;
@@ -62,16 +67,16 @@ class Platform {
     // Closes the message box on the screen as if it had been answered.
     virtual void closeMessageBox() = 0;
     virtual void beep() = 0;
-    // Opens an HTML file as Launch tells. Returns at once; a failure is silent.
+    // Opens an HTML file as Launch does. Returns at once; a failure is silent.
     virtual void launch(const std::string& path) = 0;
-    // Whether the control that has the focus offers the Edit menu's item of that name now, and
-    // carrying it out.
+    // Whether the control that has the focus offers the Edit menu's item of that name now.
     virtual bool offersEdit(const std::string& menuItemName) = 0;
+    // Carries that item out.
     virtual void performEdit(const std::string& menuItemName) = 0;
-    // The system clipboard's text; a desktop without one has an empty one.
+    // The system clipboard's text; empty on a desktop without one.
     virtual std::string clipboardText() { return ""; }
     virtual void setClipboardText(const std::string& /*text*/) {}
-    // Ends the event loop; the process then ends in good order.
+    // Ends the event loop, and with it the process.
     virtual void exitLoop(int status) = 0;
 
     // Any thread, with the baton.
@@ -87,13 +92,14 @@ class Platform {
     // Ends the process at once with this status, saving nothing.
     virtual void abort(int status) = 0;
 
-    // Any thread, baton or not: the main thread is to look at MainThreadCalls and at pumpUntil's
-    // flag.
+    // Makes the main thread look at MainThreadCalls and at pumpUntil's flag. Any thread, baton or
+    // not.
     virtual void wake() = 0;
 
-    // Main thread, without the baton: whether an event loop is running, and handling of events
-    // other than input until `done`. False if the user chose Quit meanwhile.
+    // Main thread, without the baton.
+
     virtual bool hasEventLoop() = 0;
+    // Handles events other than input until `done`; false if the user chose Quit meanwhile.
     virtual bool pumpUntil(const std::atomic<bool>& done) = 0;
 };
 

@@ -5,6 +5,7 @@
 #include <locale>
 #include <sstream>
 
+#include "framework/text/ascii.h"
 #include "framework/text/text.h"
 
 namespace bracken {
@@ -12,7 +13,7 @@ namespace bracken {
 namespace {
 
 // The longest text of a double without an exponent is some 310 digits.
-constexpr size_t longestNumber = 400;
+constexpr size_t maxNumberLength = 400;
 
 bool isDigit(std::string_view text, size_t at) {
     return at < text.size() && text[at] >= '0' && text[at] <= '9';
@@ -23,7 +24,7 @@ size_t skipDigits(std::string_view text, size_t at) {
     return at;
 }
 
-// Position behind an exponent at `at`, or `at` if there is none.
+// Position after an exponent at `at`, or `at` if there is none.
 size_t skipExponent(std::string_view text, size_t at) {
     if (at >= text.size() || (text[at] != 'e' && text[at] != 'E')) return at;
     size_t digits = at + 1;
@@ -34,24 +35,24 @@ size_t skipExponent(std::string_view text, size_t at) {
 // Length of the longest decimal number at the start of the text: sign, digits, point, exponent.
 size_t numberLength(std::string_view text) {
     size_t at = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
-    const size_t whole = at;
+    size_t whole = at;
     at = skipDigits(text, at);
     size_t digits = at - whole;
     if (at < text.size() && text[at] == '.' && (digits > 0 || isDigit(text, at + 1))) {
-        const size_t end = skipDigits(text, at + 1);
+        size_t end = skipDigits(text, at + 1);
         digits += end - at - 1;
         at = end;
     }
     return digits == 0 ? 0 : skipExponent(text, at);
 }
 
-constexpr double largest = std::numeric_limits<double>::max();
+constexpr double maxDouble = std::numeric_limits<double>::max();
 
 // The value of a text that is a decimal number.
 double parseNumber(std::string_view text) {
     if (text[0] == '+') text.remove_prefix(1);
     double value = 0;
-    const std::errc error = std::from_chars(text.data(), text.data() + text.size(), value).ec;
+    std::errc error = std::from_chars(text.data(), text.data() + text.size(), value).ec;
     if (error == std::errc()) return value;
     // Too large or too small: a stream gives the end of the range.
     std::istringstream stream{std::string(text)};
@@ -62,22 +63,22 @@ double parseNumber(std::string_view text) {
 
 double parseHexadecimal(std::string_view digits) {
     double value = 0;
-    for (const char c : digits) {
+    for (char c : digits) {
         int digit = 0;
         if (std::from_chars(&c, &c + 1, digit, 16).ec != std::errc()) return 0;
-        value = std::min(value * 16 + digit, largest);
+        value = std::min(value * 16 + digit, maxDouble);
     }
     return value;
 }
 
-// What text can tell: there is none for what is no number or has no end.
-double inRange(double value) {
-    return std::isnan(value) ? 0 : std::clamp(value, -largest, largest);
+// The nearest value that has a decimal text: NaN and infinity have none.
+double clampToFinite(double value) {
+    return std::isnan(value) ? 0 : std::clamp(value, -maxDouble, maxDouble);
 }
 
 template <class T, class... Form>
 std::string toText(T value, Form... form) {
-    char buffer[longestNumber];
+    char buffer[maxNumberLength];
     return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value, form...).ptr);
 }
 
@@ -92,8 +93,8 @@ std::string Str(int value) {
 }
 
 std::string Str(double value) {
-    value = inRange(value);
-    const bool plain = std::trunc(value) == value && std::abs(value) < 1e15;
+    value = clampToFinite(value);
+    bool plain = std::trunc(value) == value && std::abs(value) < 1e15;
     return plain ? toText(value, std::chars_format::fixed) : toText(value);
 }
 
@@ -104,7 +105,7 @@ double CDbl(std::string_view text) {
 
 double Val(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    const size_t length = numberLength(text);
+    size_t length = numberLength(text);
     return length == 0 ? 0 : parseNumber(text.substr(0, length));
 }
 
@@ -114,14 +115,12 @@ bool IsNumeric(std::string_view text) {
 
 std::string Hex(int64_t value) {
     std::string digits = toText(static_cast<uint64_t>(value), 16);
-    for (char& c : digits) {
-        if (c >= 'a') c = static_cast<char>(c - 'a' + 'A');
-    }
+    for (char& c : digits) c = asciiUpper(c);
     return digits;
 }
 
 std::string Format(double value, std::string_view /*format*/) {
-    const double rounded = std::round(inRange(value));
+    double rounded = std::round(clampToFinite(value));
     return rounded == 0 ? "0" : toText(rounded, std::chars_format::fixed);
 }
 

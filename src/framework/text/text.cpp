@@ -1,8 +1,9 @@
 #include "framework/text/text.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
+
+#include "framework/text/ascii.h"
 
 namespace bracken {
 
@@ -10,47 +11,31 @@ namespace {
 
 constexpr size_t npos = std::string_view::npos;
 
-constexpr std::array<char, 256> lowerCase = [] {
-    std::array<char, 256> table{};
-    for (size_t i = 0; i < table.size(); ++i) {
-        table[i] = static_cast<char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
-    }
-    return table;
-}();
-
-char lower(char c) {
-    return lowerCase[static_cast<unsigned char>(c)];
-}
-
-char upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-}
-
 bool equalBytes(const char* a, const char* b, size_t count) {
     for (size_t i = 0; i < count; ++i) {
-        if (lower(a[i]) != lower(b[i])) return false;
+        if (asciiLower(a[i]) != asciiLower(b[i])) return false;
     }
     return true;
 }
 
-// The first place of a byte from `at` up to but not including `end`; npos for none.
+// The first position of a byte in [at, end); npos if there is none.
 size_t findByte(std::string_view source, size_t at, size_t end, char byte) {
     const void* hit = std::memchr(source.data() + at, byte, end - at);
     return hit == nullptr ? npos
                           : static_cast<size_t>(static_cast<const char*>(hit) - source.data());
 }
 
-// The next place of a byte in either case. The text is searched piece by piece for both, so that a
-// case that occurs nowhere does not cost a search to the end each time.
+// Finds a byte in upper or lower case. The text is searched for both block by block, so that a case
+// that never occurs does not cost a search to the end each time.
 class ByteFinder {
   public:
     ByteFinder(std::string_view source, char byte)
-        : source_(source), lower_(lower(byte)), upper_(upper(lower_)) {}
+        : source_(source), lower_(asciiLower(byte)), upper_(asciiUpper(lower_)) {}
 
     size_t next(size_t at) const {
-        constexpr size_t piece = 4096;
+        constexpr size_t blockSize = 4096;
         while (at < source_.size()) {
-            size_t end = std::min(at + piece, source_.size());
+            size_t end = std::min(at + blockSize, source_.size());
             size_t first = findByte(source_, at, end, lower_);
             if (upper_ != lower_)
                 first = std::min(first, findByte(source_, at, std::min(first, end), upper_));
@@ -66,7 +51,7 @@ class ByteFinder {
     char upper_;
 };
 
-// Finds a text without regard to case, at ascending places.
+// Finds a text ignoring case, at ascending positions.
 class Finder {
   public:
     Finder(std::string_view source, std::string_view find)
@@ -75,7 +60,7 @@ class Finder {
     // Zero-based; npos for none.
     size_t next(size_t at) {
         if (find_.empty() || find_.size() > source_.size()) return npos;
-        const size_t last = source_.size() - find_.size();
+        size_t last = source_.size() - find_.size();
         for (at = bytes_.next(at); at <= last; at = bytes_.next(at + 1)) {
             if (equalBytes(source_.data() + at, find_.data(), find_.size())) return at;
         }
@@ -88,16 +73,16 @@ class Finder {
     ByteFinder bytes_;
 };
 
-size_t clampedCount(std::string_view source, int64_t count) {
+size_t clampCount(std::string_view source, int64_t count) {
     return static_cast<size_t>(std::clamp<int64_t>(count, 0, Len(source)));
 }
 
 }  // namespace
 
 int64_t InStr(int64_t start, std::string_view source, std::string_view find) {
-    const size_t at = start < 1 ? 0 : static_cast<size_t>(start - 1);
-    const size_t place = Finder(source, find).next(at);
-    return place == npos ? 0 : static_cast<int64_t>(place) + 1;
+    size_t at = start < 1 ? 0 : static_cast<size_t>(start - 1);
+    size_t position = Finder(source, find).next(at);
+    return position == npos ? 0 : static_cast<int64_t>(position) + 1;
 }
 
 int64_t InStr(std::string_view source, std::string_view find) {
@@ -139,11 +124,11 @@ std::vector<std::string> Split(std::string_view source, std::string_view separat
 }
 
 std::string Left(std::string_view source, int64_t count) {
-    return std::string(source.substr(0, clampedCount(source, count)));
+    return std::string(source.substr(0, clampCount(source, count)));
 }
 
 std::string Right(std::string_view source, int64_t count) {
-    return std::string(source.substr(source.size() - clampedCount(source, count)));
+    return std::string(source.substr(source.size() - clampCount(source, count)));
 }
 
 std::string Mid(std::string_view source, int64_t start) {
@@ -152,7 +137,7 @@ std::string Mid(std::string_view source, int64_t start) {
 
 std::string Mid(std::string_view source, int64_t start, int64_t count) {
     if (start > Len(source)) return "";
-    const std::string_view rest = source.substr(start < 1 ? 0 : static_cast<size_t>(start - 1));
+    std::string_view rest = source.substr(start < 1 ? 0 : static_cast<size_t>(start - 1));
     return Left(rest, count);
 }
 
@@ -162,7 +147,7 @@ int64_t Len(std::string_view source) {
 
 std::string Lowercase(std::string_view source) {
     std::string result(source);
-    std::transform(result.begin(), result.end(), result.begin(), lower);
+    std::transform(result.begin(), result.end(), result.begin(), asciiLower);
     return result;
 }
 

@@ -11,7 +11,7 @@ thread_local int depthOfThread = 0;
 
 // Longer than a run that is awake takes to its next stopping point; much more would only take the
 // processor from those that read ahead.
-constexpr int spins = 400;
+constexpr int maxSpins = 400;
 
 void pause() {
 #if defined(__x86_64__) || defined(__i386__)
@@ -22,15 +22,15 @@ void pause() {
 }  // namespace
 
 void Waiter::wait() {
-    for (int i = 0; i < spins; i++) {
+    for (int i = 0; i < maxSpins; i++) {
         if (granted_.load(std::memory_order_acquire) != 0) return;
         pause();
     }
     granted_.wait(0, std::memory_order_acquire);
 }
 
-// The queue and whether the baton is out. The mutex is held for a few instructions only; who waits
-// for the baton waits on its own Waiter.
+// The queue, and whether the baton is free. The mutex is held for a few instructions only: whoever
+// waits for the baton waits on a Waiter.
 class Lock {
   public:
     void take() {
@@ -97,7 +97,7 @@ class Lock {
         return waiter;
     }
 
-    // The waiter's memory may be gone as soon as it has seen the store, so the waking uses the
+    // The waiter's memory may be gone as soon as it has seen the store, so notifying uses the
     // address alone.
     static void grant(Waiter& waiter) {
         waiter.granted_.store(1, std::memory_order_release);

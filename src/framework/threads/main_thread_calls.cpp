@@ -40,7 +40,7 @@ void MainThreadCalls::call(const std::function<void()>& work) {
 }
 
 void MainThreadCalls::run() {
-    while (!waiting_.empty() && current_ == nullptr && !inStatement_) {
+    while (!waiting_.empty() && current_ == nullptr && statement_ == Statement::none) {
         current_ = waiting_.front();
         waiting_.pop_front();
         try {
@@ -61,22 +61,30 @@ void MainThreadCalls::dropKilled() {
     for (Call* call : killed) baton::passTo(call->waiter);
 }
 
-int messageBox(const std::string& text, int code, const std::string& title) {
-    int answer = 0;
-    MainThreadCalls::instance().call([&] {
-        answer = withoutBaton([&] { return Platform::current().messageBox(text, code, title); });
-    });
-    return answer;
-}
-
-bool MainThreadCalls::busy() const {
-    return inStatement_ || current_ != nullptr ||
+bool MainThreadCalls::dropsActions() const {
+    return statement_ != Statement::none || current_ != nullptr ||
            std::any_of(waiting_.begin(), waiting_.end(), [](Call* call) { return !*call->killed; });
 }
 
-void MainThreadCalls::setInStatement(bool inStatement) {
-    inStatement_ = inStatement;
-    if (!inStatement && !waiting_.empty()) Platform::current().wake();
+MainThreadCalls::StatementScope::StatementScope(Statement statement)
+    : before_(std::exchange(instance().statement_, statement)) {}
+
+MainThreadCalls::StatementScope::~StatementScope() {
+    MainThreadCalls& calls = instance();
+    bool ends = calls.statement_ != Statement::none && before_ == Statement::none;
+    calls.statement_ = before_;
+    if (ends && !calls.waiting_.empty()) Platform::current().wake();
+}
+
+int messageBox(const std::string& text, int code, const std::string& title) {
+    int answer = 0;
+    MainThreadCalls& calls = MainThreadCalls::instance();
+    calls.call([&] {
+        MainThreadCalls::StatementScope scope(calls.inStatement() ? Statement::underBox
+                                                                  : calls.statement_);
+        answer = withoutBaton([&] { return Platform::current().messageBox(text, code, title); });
+    });
+    return answer;
 }
 
 }  // namespace bracken

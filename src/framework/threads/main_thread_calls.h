@@ -13,9 +13,16 @@ namespace bracken {
 // Whether the caller is the thread that started the process.
 bool isMainThread();
 
-// Calls that a run has carried out on the main thread: boxes, the alert sound. The run waits
-// without the baton; afterwards the baton goes straight back to it, ahead of the next event. All
-// members are called holding the baton.
+// A statement that the main thread waits for. A box that comes up in one, as for an error, is there
+// to be answered.
+enum class Statement { none, underWay, underBox };
+
+// Calls that runs make on the main thread: boxes, the alert sound. The run waits without the
+// baton; afterwards the baton goes straight back to it, ahead of the next event. All
+// members are called holding the baton, but for inStatement.
+//
+// It is also the one place that knows whether what the user does is dropped, since the main thread
+// waits for a statement or a run waits for the main thread.
 class MainThreadCalls {
   public:
     static MainThreadCalls& instance();
@@ -24,18 +31,33 @@ class MainThreadCalls {
     // exception out of `work` is passed on. Leaves the run if it is killed meanwhile.
     void call(const std::function<void()>& work);
 
-    // Carries out what waits; main thread only. Does nothing while a statement is under way.
+    // Carries out what waits; main thread only. Does nothing before the end of a statement.
     void run();
     // Closes the box of a killed run and releases the killed runs that wait; main thread only.
     void dropKilled();
 
-    // Whether a statement is under way, or a call of a run that is alive, or one waits.
-    bool busy() const;
+    // Whether all input is dropped but Quit, which abandons the statement. Main thread, baton or
+    // not.
+    bool inStatement() const { return statement_ == Statement::underWay; }
+    // Whether what would start something is dropped: during a statement, or from a run's call until
+    // that has been carried out, unless the run has been killed.
+    bool dropsActions() const;
 
-    // Marks a statement under way on the main thread, during which run() does nothing.
-    void setInStatement(bool inStatement);
+    // Sets the state of the main thread's statement for a scope. Main thread.
+    class StatementScope {
+      public:
+        explicit StatementScope(Statement statement);
+        ~StatementScope();
+        StatementScope(const StatementScope&) = delete;
+        StatementScope& operator=(const StatementScope&) = delete;
+
+      private:
+        Statement before_;
+    };
 
   private:
+    friend int messageBox(const std::string& text, int code, const std::string& title);
+
     struct Call {
         const std::function<void()>* work;
         const std::atomic<bool>* killed;
@@ -45,7 +67,8 @@ class MainThreadCalls {
 
     std::deque<Call*> waiting_;
     Call* current_ = nullptr;
-    bool inStatement_ = false;
+    // Main thread only.
+    Statement statement_ = Statement::none;
 };
 
 // Shows a message box on the main thread, see Platform::messageBox, while the caller waits without

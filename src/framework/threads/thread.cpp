@@ -12,8 +12,8 @@
 
 namespace bracken {
 
-// One run: its own number of life, apart from the Thread object, which may start the next run while
-// this one still unwinds. Guarded by the baton.
+// One run, apart from the Thread object, which may start the next run while this one still unwinds.
+// Guarded by the baton.
 struct Thread::RunState {
     std::atomic<bool> killed{false};
     bool ended = false;

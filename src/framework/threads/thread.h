@@ -22,8 +22,10 @@ class Thread : public std::enable_shared_from_this<Thread> {
     // shared pointer, and the run keeps it alive. ThreadAlreadyRunningException while a run is
     // alive.
     void Run();
-    // Ends the run: returns at once, and from then on the run touches nothing. It unwinds at its
-    // stopping point. Closes a box that the run shows. Nothing on an idle thread.
+    // Ends the run; does nothing on an idle thread.
+    // - Returns at once, and from then on the run touches nothing.
+    // - The run unwinds at its next stopping point.
+    // - A box that the run shows is closed.
     void Kill();
     bool running() const;
 
@@ -31,11 +33,11 @@ class Thread : public std::enable_shared_from_this<Thread> {
     // been killed meanwhile. On the main thread it lets a run go on.
     static void Yield();
 
-    // Leaves the run that the calling thread executes if it has been killed; nothing on any other
-    // thread. To be called after the baton has been taken back by hand.
+    // Leaves the run that the calling thread executes if it has been killed; does nothing on any
+    // other thread. To be called after the baton has been taken back by hand.
     static void leaveIfKilled();
-    // Tells whether the run that the calling thread executes has been killed; lives as long as the
-    // run, and any thread may read it. On any other thread it stays false.
+    // Whether the run that the calling thread executes has been killed: valid as long as the run,
+    // and for any thread to read. Called on any other thread, a flag that stays false.
     static const std::atomic<bool>* killedFlag();
 
     // Whether any run is alive.

@@ -16,7 +16,7 @@ void reportAndEnd(const std::string& what) {
     std::string report =
         "The application has to end: an error occurred that nothing handles.\n\n" + what;
     std::fprintf(stderr, "%s\n", report.c_str());
-    messageBox(report, BoxCode::ok, "");
+    messageBox(report, BoxCode::error, "");
     Platform::current().abort(1);
 }
 

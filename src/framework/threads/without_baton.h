@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <type_traits>
 #include <utility>
 
 #include "framework/threads/baton.h"
 #include "framework/threads/thread.h"
 
+// Calls that wait on the outside world, and so are made without the baton.
 namespace bracken {
 
 // Gives the baton up for a scope.
@@ -39,5 +41,13 @@ auto withoutBaton(Call&& call) {
         return result;
     }
 }
+
+// Runs a statement: a `call` that may wait long and must touch no model. An exception out of it is
+// passed on.
+// - On the main thread with an event loop running, a helper thread makes the call without the baton
+//   while the windows go on painting and input is dropped. If Quit is chosen meanwhile, `cancel` is
+//   called on the main thread: it must make `call` return soon; then UnwindSignal is thrown.
+// - On any other thread, and with no event loop, this is withoutBaton(call).
+void blocking(const std::function<void()>& call, const std::function<void()>& cancel);
 
 }  // namespace bracken

@@ -15,7 +15,7 @@ bool isDigits(std::string_view text) {
 
 bool isDay(int32_t year, int32_t month, int32_t day) {
     using namespace std::chrono;
-    // Whatever is beyond these has lost its value in the calendar's types.
+    // The calendar's types can't hold larger numbers.
     if (year < 1 || year > 9999 || month > 12 || day > 31) return false;
     return year_month_day(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
                           std::chrono::day(static_cast<unsigned>(day)))
@@ -25,7 +25,7 @@ bool isDay(int32_t year, int32_t month, int32_t day) {
 }  // namespace
 
 Date::Date() {
-    const std::time_t now = std::time(nullptr);
+    std::time_t now = std::time(nullptr);
     std::tm fields{};
     localtime_r(&now, &fields);
     Year = fields.tm_year + 1900;
@@ -37,14 +37,14 @@ Date::Date() {
 }
 
 bool ParseDate(std::string_view text, Date& date) {
-    const std::vector<std::string> fields = Split(text, "/");
+    std::vector<std::string> fields = Split(text, "/");
     if (fields.size() != 3) return false;
     for (const std::string& field : fields) {
         if (!isDigits(field)) return false;
     }
-    const int32_t month = toInt32(CDbl(fields[0]));
-    const int32_t day = toInt32(CDbl(fields[1]));
-    const int32_t year = toInt32(CDbl(fields[2]));
+    int32_t month = toInt32(CDbl(fields[0]));
+    int32_t day = toInt32(CDbl(fields[1]));
+    int32_t year = toInt32(CDbl(fields[2]));
     if (!isDay(year, month, day)) return false;
     date.Year = year;
     date.Month = month;

@@ -5,9 +5,9 @@
 
 namespace bracken {
 
-// A moment in the fields of the local calendar. The fields are not checked against one another.
+// A local date and time. The fields are not checked against one another.
 struct Date {
-    // The present moment.
+    // Now.
     Date();
 
     int32_t Year = 0;
@@ -18,8 +18,8 @@ struct Date {
     int32_t Second = 0;
 };
 
-// Sets `date` to midnight of the day that the text names as month/day/year, in digits. False, with
-// `date` left as it is, for a text of another form and for no day of the calendar.
+// Sets `date` to midnight of the day that the text gives as month/day/year, in digits. False, with
+// `date` unchanged, if the text has another form or the calendar no such day.
 bool ParseDate(std::string_view text, Date& date);
 
 }  // namespace bracken

@@ -27,7 +27,7 @@ class Application {
 
     void addMenuHandler(const std::string& itemName, MenuItem::Handler handler);
 
-    // Works out which items are enabled, for the window in front.
+    // Enables and disables the items for the window in front.
     void updateMenus();
     // An item was chosen by mouse or shortcut: updates the menus, and if the item is enabled runs
     // the front window's handler, else the application's, else the standard meaning of Close, Quit

@@ -10,19 +10,19 @@ namespace bracken {
 
 namespace {
 
-// Events under way, one inside the other. Main thread.
-int underWay = 0;
+// Events being handled, one inside the other. Main thread.
+int depth = 0;
 
-class UnderWay {
+class DepthScope {
   public:
-    UnderWay() { underWay++; }
-    ~UnderWay() { underWay--; }
-    UnderWay(const UnderWay&) = delete;
-    UnderWay& operator=(const UnderWay&) = delete;
+    DepthScope() { depth++; }
+    ~DepthScope() { depth--; }
+    DepthScope(const DepthScope&) = delete;
+    DepthScope& operator=(const DepthScope&) = delete;
 };
 
-// A handler that runs because the program quits may be left by Quit in its turn. It comes to an
-// end: each window closes once.
+// A handler that runs because the program quits may itself be left by Quit. That ends, since each
+// window closes once.
 void carryOut(const std::function<void()>& work) {
     try {
         callReportingUnhandled(work);
@@ -35,15 +35,15 @@ void carryOut(const std::function<void()>& work) {
 
 void handleEvent(const std::function<void()>& work) {
     baton::Hold hold;
-    UnderWay mark;
+    DepthScope scope;
     carryOut(work);
-    // A handler that shows a box may yet open a window.
-    if (underWay == 1) Application::current()->quitIfNothingIsLeft();
+    // An outer handler that shows a box may still open a window.
+    if (depth == 1) Application::current()->quitIfNothingIsLeft();
 }
 
 void handleAction(const std::function<void()>& work) {
     handleEvent([&] {
-        if (!MainThreadCalls::instance().busy()) work();
+        if (!MainThreadCalls::instance().dropsActions()) work();
     });
 }
 

@@ -4,14 +4,16 @@
 
 namespace bracken {
 
-// Handles one event of the toolkit: `work` runs holding the baton, an exception that nothing
-// catches goes to the one default, a handler left by Quit quits the program, and the program ends
-// when nothing is left of it. Main thread; may nest, as in a modal dialog.
+// Handles one event of the toolkit. Main thread; may nest, as in a modal dialog.
+// - `work` runs holding the baton.
+// - An exception that nothing catches is reported and ends the process, see unhandled.h.
+// - A handler left by Quit quits the program.
+// - The program ends when no window is open and no run is alive.
 void handleEvent(const std::function<void()>& work);
 
 // The same for what the user does to start something: a press, a choice, the close box. Dropped
-// while a statement is under way, or from a run's call for a box until that has been answered: the
-// toolkit may let it through all the same, for assistive programs and just before the box comes up.
+// when MainThreadCalls::dropsActions() says so: the toolkit may let it through all the same, for
+// assistive programs and just before a run's box comes up.
 void handleAction(const std::function<void()>& work);
 
 }  // namespace bracken

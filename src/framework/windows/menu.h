@@ -3,7 +3,10 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "framework/text/text.h"
 
 namespace bracken {
 
@@ -27,10 +30,19 @@ class MenuItem {
 
     void Enable() { Enabled = true; }
 
-    MenuItem& append(std::unique_ptr<MenuItem> item);
+    MenuItem& append(std::unique_ptr<MenuItem> item) {
+        items_.push_back(std::move(item));
+        return *items_.back();
+    }
     const std::vector<std::unique_ptr<MenuItem>>& items() const { return items_; }
     // The item of that name, at any depth below this one; null if there is none.
-    MenuItem* Child(const std::string& name) const;
+    MenuItem* Child(const std::string& name) const {
+        for (auto& item : items_) {
+            if (equal(item->Name, name)) return item.get();
+            if (MenuItem* inner = item->Child(name)) return inner;
+        }
+        return nullptr;
+    }
 
   private:
     std::vector<std::unique_ptr<MenuItem>> items_;

@@ -1,6 +1,6 @@
 #include "framework/windows/window.h"
 
-#include "framework/controls/push_button.h"
+#include "framework/controls/buttons.h"
 #include "framework/platform/platform.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/windows.h"
@@ -11,11 +11,12 @@ Window::Window() : Title(*this, ""), Left(*this, 0), Top(*this, 0), Visible(*thi
 
 Window::~Window() = default;
 
-void Window::setUp() {
+void Window::setUp(int width, int height) {
     CreateControls();
     AddMenuHandlers();
     laidOut_ = true;
     for (Control* control : controls()) control->Event_Open();
+    resize(width, height);
     Event_Open();
     if (Visible && !closed_) Show();
 }

@@ -25,7 +25,7 @@ class Window : public WindowContent {
     Property<int> Top;
     Property<bool> Visible;
 
-    // Bounds and abilities of the user's resizing; set before the window opens.
+    // What the user can do with the frame, sizes in pixels; set before the window opens.
     int MinWidth = 64;
     int MinHeight = 64;
     int MaxWidth = 32000;
@@ -42,9 +42,9 @@ class Window : public WindowContent {
     // Makes the window visible and frontmost, without blocking.
     void Show();
     // Makes it visible and returns once it has closed; until then the user can work with no other
-    // window. For a window with Frame 2, on the main thread.
+    // window. For a window whose Frame is FrameKind::modalDialog, on the main thread.
     void ShowModal();
-    // Runs Event_Close and takes the window off the open ones. The object lives on until the event
+    // Runs Event_Close and removes the window from the open ones. The object lives until the event
     // that is being handled has ended.
     void Close();
 
@@ -59,7 +59,7 @@ class Window : public WindowContent {
     void userResized(int width, int height);
     // The close box.
     void userClosed();
-    // Return, anywhere a control does not take it itself.
+    // Return, anywhere a control does not take it itself, as a button with the focus does.
     void userPressedReturn();
 
     virtual void Event_EnableMenuItems() {}
@@ -75,8 +75,9 @@ class Window : public WindowContent {
 
   private:
     friend class Windows;
-    // Sets the window up, opens it, shows it.
-    void setUp();
+    // Sets the window up, opens it with this size, shows it. Where that is not the size of the
+    // layout, the controls follow as when the user resizes.
+    void setUp(int width, int height);
 
     std::map<std::string, MenuItem::Handler> menuHandlers_;
 };

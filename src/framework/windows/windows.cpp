@@ -9,7 +9,14 @@ namespace bracken {
 namespace {
 
 // A new window's distance from the one opened before it, right and down.
-constexpr int cascade = 24;
+constexpr int cascadeStep = 24;
+// Pixels above a window's content for its title bar and its menu bar.
+constexpr int headroom = 64;
+
+// A window that the user can't resize keeps its size: what it loses could not be reached.
+int fitted(const Window& window, int size, int room) {
+    return window.Resizeable && room > 0 ? std::min(size, room) : size;
+}
 
 auto position(std::vector<std::shared_ptr<Window>>& all, const Window& window) {
     return std::find_if(all.begin(), all.end(),
@@ -30,13 +37,17 @@ Window* Windows::front() const {
 }
 
 void Windows::add(const std::shared_ptr<Window>& window) {
-    int step = cascade * static_cast<int>(all_.size());
+    int step = cascadeStep * static_cast<int>(all_.size());
     all_.insert(all_.begin(), window);
     window->Layout();
     ScreenRect area = Platform::current().workArea();
-    window->Left = area.left + (area.width - window->Width) / 2 + step;
-    window->Top = area.top + (area.height - window->Height) / 3 + step;
-    window->setUp();
+    int width = fitted(*window, window->Width, area.width);
+    int height = fitted(*window, window->Height, area.height - headroom);
+    int left = area.left + (area.width - width) / 2 + step;
+    int top = area.top + (area.height - height) / 3 + step;
+    window->Left = std::max(std::min(left, area.left + area.width - width), area.left);
+    window->Top = std::max(std::min(top, area.top + area.height - height), area.top + headroom);
+    window->setUp(width, height);
     requestFrame();
 }
 

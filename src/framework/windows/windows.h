@@ -13,9 +13,9 @@ class Windows {
   public:
     static Windows& get();
 
-    // The open window of class W: each class has one instance at most. Makes and opens one if there
-    // is none, so a window that has closed comes up anew. While the process is quitting no window
-    // is made any more: the caller is left by an UnwindSignal.
+    // The open window of class W, of which there is one at most. Makes and opens one if there is
+    // none, so a window that has closed opens again. While the process quits no window is made any
+    // more: UnwindSignal.
     template <class W>
     W& instance() {
         for (auto& window : all_)
@@ -32,10 +32,10 @@ class Windows {
     void toFront(Window& window);
     void remove(Window& window);
 
-    // Closes all, so that each one's Event_Close runs, and lets none be made from then on.
+    // Closes all, so that each one's Event_Close runs; from then on none is made.
     void closeAll();
     bool quitting() const { return quitting_; }
-    // Forgets a quit, for the next test in the same process.
+    // Clears the state that a quit leaves, for the next test in the same process.
     void reset();
 
   private:

@@ -1,32 +1,89 @@
 #include "platform/mysql/connect_attempt.h"
 
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
 #include <string_view>
 #include <thread>
-
-#include "platform/mysql/handle_settings.h"
 
 namespace bracken {
 
 namespace {
+
+// None of them sends the password in clear over an unencrypted connection; for the sha2 methods
+// sha2_guard.h sees to that.
+constexpr const char* allowedPlugins =
+    "mysql_native_password,caching_sha2_password,sha256_password,client_ed25519";
+
+// Silence before the first probe, time between probes, and their number: in sum the time that data
+// may stay unacknowledged.
+constexpr int idleSeconds = 30;
+constexpr int probeSeconds = 10;
+constexpr int probeCount = 3;
+constexpr int deadPeerMilliseconds = 60'000;
+
+void setOption(int socket, int level, int option, int value) {
+    setsockopt(socket, level, option, &value, sizeof value);
+}
+
+// Settings of a handle before it connects. Reaching the server takes at most `timeout`, rounded up
+// to whole seconds. What comes after that has no limit here: the library's read timeout can't be
+// lifted again, and counts in milliseconds once the connection is encrypted.
+void configure(MYSQL* handle, std::chrono::milliseconds timeout) {
+    auto seconds = static_cast<unsigned>(std::chrono::ceil<std::chrono::seconds>(timeout).count());
+    mysql_options(handle, MYSQL_OPT_CONNECT_TIMEOUT, &seconds);
+    unsigned noLocalFiles = 0;
+    mysql_options(handle, MYSQL_OPT_LOCAL_INFILE, &noLocalFiles);
+    my_bool no = 0;
+    mysql_options(handle, MYSQL_OPT_RECONNECT, &no);
+    mysql_options(handle, MYSQL_SET_CHARSET_NAME, "utf8mb4");
+    mysql_options(handle, MARIADB_OPT_RESTRICTED_AUTH, allowedPlugins);
+    // Encrypts if the server can. The server's identity is not checked: the program has no setting
+    // for which certificate to trust.
+    mysql_ssl_set(handle, nullptr, nullptr, nullptr, nullptr, nullptr);
+    mysql_options(handle, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &no);
+}
+
+// Settings of a connected handle's socket: a peer that has died is noticed after a minute.
+void configureSocket(MYSQL* handle) {
+    int socket = mysql_get_socket(handle);
+    fcntl(socket, F_SETFD, FD_CLOEXEC);
+    // On a local socket these calls fail, and are not needed.
+    setOption(socket, SOL_SOCKET, SO_KEEPALIVE, 1);
+    setOption(socket, IPPROTO_TCP, TCP_KEEPIDLE, idleSeconds);
+    setOption(socket, IPPROTO_TCP, TCP_KEEPINTVL, probeSeconds);
+    setOption(socket, IPPROTO_TCP, TCP_KEEPCNT, probeCount);
+    setOption(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, deadPeerMilliseconds);
+}
 
 std::string timedOut(const std::string& host, std::chrono::milliseconds timeout) {
     return "Can't connect to server on '" + host + "': no answer within " +
            std::to_string(std::chrono::ceil<std::chrono::seconds>(timeout).count()) + " s";
 }
 
-// A server that is full, or shuts this machine out, says so before encryption could begin. The
-// library puts a warning and the error's number in front; the server's own words are enough.
+// A server that has too many connections or blocks this host reports it before encryption starts.
+// The library then prepends a warning and the error's number; the server's own text is enough.
 std::string withoutWarning(std::string text) {
     constexpr std::string_view warning =
         "Received error packet before completion of TLS handshake. The authenticity of the "
         "following error cannot be verified: ";
     constexpr std::string_view dash = " - ";
-    size_t behindNumber = text.find(dash, warning.size());
-    if (!text.starts_with(warning) || behindNumber == std::string::npos) return text;
-    return text.substr(behindNumber + dash.size());
+    size_t numberEnd = text.find(dash, warning.size());
+    if (!text.starts_with(warning) || numberEnd == std::string::npos) return text;
+    return text.substr(numberEnd + dash.size());
 }
 
 }  // namespace
+
+std::optional<std::string> refusalOfHost(const std::string& host) {
+    for (const char* forbidden : {";", "=", ",", "://"}) {
+        if (host.find(forbidden) == std::string::npos) continue;
+        return "\"" + host + "\" is not a host name: it contains \"" + forbidden + "\".";
+    }
+    return std::nullopt;
+}
 
 ConnectAttempt::ConnectAttempt(std::string host, std::string user, std::string password,
                                std::chrono::milliseconds timeout)
@@ -59,11 +116,11 @@ void ConnectAttempt::abandon() {
 void ConnectAttempt::connect() {
     MYSQL* handle = mysql_init(nullptr);
     configure(handle, timeout_);
-    // An empty password goes as such: without one the library would look for it elsewhere. Port and
-    // socket are the library's own, the database is chosen later.
+    // An empty password is passed as such: for a null one the library would look elsewhere. Port
+    // and socket are the library's defaults, the database is chosen later.
     if (mysql_real_connect(handle, host_.c_str(), user_.c_str(), password_.c_str(), nullptr, 0,
                            nullptr, 0) != nullptr) {
-        settle(handle);
+        configureSocket(handle);
         finish(std::make_shared<Connection>(handle), "");
         return;
     }

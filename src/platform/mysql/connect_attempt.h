@@ -4,23 +4,28 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 #include "platform/mysql/connection.h"
 
 namespace bracken {
 
+// Why the client library must not be given this host, nothing for an ordinary one: it reads certain
+// characters as connection options, a list of hosts, or a plug-in to load.
+std::optional<std::string> refusalOfHost(const std::string& host);
+
 // One attempt to connect, on a thread of its own. The client library can't be interrupted while it
-// looks up a name, and knows no limit for a server that accepts and stays silent; so whoever waits
-// may leave. The attempt, which its thread keeps alive, then ends when the server says or closes
-// something, and closes what it had opened.
+// looks up a name, and has no timeout for a server that accepts and stays silent; so the caller may
+// stop waiting. The attempt, which its thread keeps alive, then ends when the server answers or
+// closes the connection, and closes its own end.
 class ConnectAttempt : public std::enable_shared_from_this<ConnectAttempt> {
   public:
     ConnectAttempt(std::string host, std::string user, std::string password,
                    std::chrono::milliseconds timeout);
 
-    // Starts the thread and waits until there is an answer, the time is up, or the attempt has been
-    // abandoned. Null if there is no connection; `error` says why.
+    // Starts the thread and waits for an answer, the timeout or `abandon`. Null if there is no
+    // connection; then `error` is the reason.
     std::shared_ptr<Connection> run();
     // Makes `run` return at once. Any thread.
     void abandon();

@@ -12,19 +12,20 @@ Connection::Connection(MYSQL* handle)
 Connection::~Connection() {
     if (rows_ != nullptr && !rows_->ended()) interrupt();
     rows_ = nullptr;
-    // Taking leave may wait for the server's own leave, but never for a server that hangs.
+    // Closing encryption may wait for the server's part, which must not be a wait for a server that
+    // hangs.
     shutdown(socket_, SHUT_RD);
     mysql_close(handle_);
     close(socket_);
 }
 
-Connection::Answer Connection::run(const std::string& statement, bool whole) {
-    awaitRows();
+Connection::Answer Connection::run(const std::string& statement, bool waitForAll) {
+    finishRows();
     if (mysql_real_query(handle_, statement.data(), statement.size()) != 0) return failure();
     MYSQL_RES* result = mysql_use_result(handle_);
     if (result == nullptr) return mysql_errno(handle_) != 0 ? failure() : Answer{};
     rows_ = std::make_shared<RowStream>(handle_, result);
-    if (whole) {
+    if (waitForAll) {
         rows_->keepAll();
         if (auto error = rows_->error()) return {error, nullptr};
     }
@@ -32,12 +33,12 @@ Connection::Answer Connection::run(const std::string& statement, bool whole) {
 }
 
 void Connection::select(const std::string& name) {
-    awaitRows();
+    finishRows();
     mysql_select_db(handle_, name.c_str());
 }
 
-// Whoever holds the rows goes on reading them from memory.
-void Connection::awaitRows() {
+// A cursor that holds the rows continues to read them, from memory.
+void Connection::finishRows() {
     if (rows_ != nullptr) rows_->keepAll();
     rows_ = nullptr;
 }
@@ -46,7 +47,7 @@ Connection::Answer Connection::failure() const {
     return {mysql_error(handle_), nullptr};
 }
 
-// What the library's own call for this does, but safe while another thread is inside the library.
+// The same as the library's own call for this, but safe while another thread is in the library.
 void Connection::interrupt() const {
     shutdown(socket_, SHUT_RDWR);
 }

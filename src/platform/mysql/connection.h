@@ -10,39 +10,38 @@
 
 namespace bracken {
 
-// An open connection. Its calls wait for the server and need no baton; they are made one at a time,
-// all but `interrupt`.
+// An open connection. Its calls wait for the server and need no baton. Only one may be running at a
+// time, apart from `interrupt`.
 class Connection {
   public:
-    // Takes over a connected handle.
+    // Owns `handle` from here on, which is connected.
     explicit Connection(MYSQL* handle);
-    // Closes it; rows still on their way are given up.
+    // Closes it; rows not read yet are dropped.
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
     struct Answer {
-        // The server's or the library's words if the statement failed.
+        // The server's or the library's message if the statement failed.
         std::optional<std::string> error;
-        // Null if it failed, or gives no rows.
+        // Null if it failed, or has no result.
         std::shared_ptr<RowStream> rows;
     };
-    // Runs a statement. Rows of an earlier one that are still on their way come into memory first.
-    // With `whole` it waits for all rows of this one too, and fails if they break off.
-    Answer run(const std::string& statement, bool whole);
-    // Makes `name` the current database if the server lets it.
+    // Runs a statement. Unread rows of an earlier one are read into memory first. With `waitForAll`
+    // it waits for all rows of this one too, and fails if they end with an error.
+    Answer run(const std::string& statement, bool waitForAll);
+    // Makes `name` the current database if the server allows it.
     void select(const std::string& name);
 
-    // Makes a call under way return soon, with an error; the connection is lost. Any thread.
+    // Makes a running call return soon, with an error; the connection is lost. Any thread.
     void interrupt() const;
 
   private:
-    void awaitRows();
+    void finishRows();
     Answer failure() const;
 
     MYSQL* handle_;
-    // The connection's socket by a descriptor of our own: the library may close its own at any
-    // time.
+    // A duplicate of the library's socket, which the library may close at any time.
     int socket_;
     std::shared_ptr<RowStream> rows_;
 };

@@ -1,6 +1,6 @@
 #include "platform/mysql/mysql_cursor.h"
 
-#include "framework/threads/blocking.h"
+#include "framework/threads/without_baton.h"
 
 namespace bracken {
 

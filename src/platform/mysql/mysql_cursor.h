@@ -7,8 +7,8 @@
 
 namespace bracken {
 
-// Reads a result block by block. Asking for a row beyond the present block waits for the next one
-// as a statement does: the windows paint meanwhile.
+// Reads a result block by block. Asking for a row after the current block waits for the next one as
+// a statement does: windows paint meanwhile.
 class MySQLCursor final : public DatabaseCursor {
   public:
     MySQLCursor(Database& database, std::shared_ptr<Connection> connection,

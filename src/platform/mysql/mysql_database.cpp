@@ -1,9 +1,8 @@
 #include "platform/mysql/mysql_database.h"
 
 #include "framework/text/text.h"
-#include "framework/threads/blocking.h"
+#include "framework/threads/without_baton.h"
 #include "platform/mysql/connect_attempt.h"
-#include "platform/mysql/handle_settings.h"
 #include "platform/mysql/mysql_cursor.h"
 #include "platform/mysql/sha2_guard.h"
 
@@ -11,8 +10,8 @@ namespace bracken {
 
 namespace {
 
-// Their results are short, and whoever reads them turns to the server again in between.
-bool readsWhole(const std::string& statement) {
+// Their results are short, and their readers run other statements in between.
+bool waitsForAllRows(const std::string& statement) {
     return equal(Left(statement, 5), "show ") || equal(Left(statement, 9), "describe ");
 }
 
@@ -53,7 +52,7 @@ bool MySQLDatabase::Connect() {
 Ref<DatabaseCursor> MySQLDatabase::SQLSelect(const std::string& statement) {
     Connection::Answer answer{"There is no connection to a server.", nullptr};
     if (connection_ != nullptr) {
-        blocking([&] { answer = connection_->run(statement, readsWhole(statement)); },
+        blocking([&] { answer = connection_->run(statement, waitsForAllRows(statement)); },
                  [&] { connection_->interrupt(); });
     }
     setOutcome(answer.error);

@@ -10,22 +10,24 @@ namespace bracken {
 
 class Connection;
 
-// A connection to a MySQL or MariaDB server, encrypted if the server can, though without a check of
-// its identity; without encryption no server gets the password itself but over the local socket.
-// Port and socket are the client library's: MYSQL_TCP_PORT and MYSQL_UNIX_PORT of the environment,
-// else its defaults.
+// A connection to a MySQL or MariaDB server.
+// - Encrypted if the server can, but without a check of the server's identity.
+// - The password itself is sent over TLS or the local socket only.
+// - Port and socket are the client library's: the environment's MYSQL_TCP_PORT and
+//   MYSQL_UNIX_PORT, else its defaults.
 class MySQLDatabase : public Database {
   public:
     // Prepares the client library; once, before the process has threads.
     static void prepareLibrary();
 
-    // Connecting takes at most this long, the look-up of the host's name included.
+    // Connecting takes at most `connectTimeout`, including the look-up of the host's name.
     explicit MySQLDatabase(std::chrono::milliseconds connectTimeout = std::chrono::seconds(10));
     ~MySQLDatabase() override;
 
     void DatabaseName(const std::string& name) override;
     bool Connect() override;
-    // The rows stream in while the cursor is read; those of `show` and `describe` are all here.
+    // The rows arrive while the cursor is read; those of `show` and `describe` all before it
+    // returns.
     Ref<DatabaseCursor> SQLSelect(const std::string& statement) override;
     void SQLExecute(const std::string& statement) override;
 
@@ -33,7 +35,7 @@ class MySQLDatabase : public Database {
     void setOutcome(const std::optional<std::string>& error);
 
     const std::chrono::milliseconds connectTimeout_;
-    // Null while there is none. Shared with the cursors that read from it.
+    // Null before the first login. Shared with the cursors that read from it.
     std::shared_ptr<Connection> connection_;
 };
 

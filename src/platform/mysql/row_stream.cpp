@@ -6,12 +6,12 @@ namespace bracken {
 
 namespace {
 
-// A block is closed once it holds this much. Each block is one hand-over to the reader, and one
-// chance for the windows to paint.
-constexpr size_t blockBytes = 512 * 1024;
-// Rows of few bytes are closed by their number: each field costs memory of its own.
-constexpr size_t blockRows = 16 * 1024;
-constexpr size_t blocksAhead = 4;
+// A block is full with this many bytes or rows; rows are limited since each field takes memory
+// however short it is. Each block is one hand-over to the reader, and one chance for windows to
+// paint.
+constexpr size_t maxBlockBytes = 512 * 1024;
+constexpr size_t maxBlockRows = 16 * 1024;
+constexpr size_t maxBlocksAhead = 4;
 
 std::vector<std::string> namesOf(MYSQL_RES* result) {
     std::vector<std::string> names;
@@ -23,6 +23,21 @@ std::vector<std::string> namesOf(MYSQL_RES* result) {
 }
 
 }  // namespace
+
+void RowBlock::clear(size_t fieldCount) {
+    fieldCount_ = fieldCount;
+    rowCount_ = 0;
+    bytes_.clear();
+    ends_.assign(1, 0);
+}
+
+void RowBlock::append(const char* const* fields, const unsigned long* lengths) {
+    for (size_t i = 0; i < fieldCount_; i++) {
+        if (fields[i] != nullptr) bytes_.insert(bytes_.end(), fields[i], fields[i] + lengths[i]);
+        ends_.push_back(static_cast<uint32_t>(bytes_.size()));
+    }
+    rowCount_++;
+}
 
 RowStream::RowStream(MYSQL* handle, MYSQL_RES* result)
     : handle_(handle), result_(result), names_(namesOf(result)) {
@@ -42,7 +57,7 @@ bool RowStream::take(RowBlock& block) {
     changed_.wait(lock, [this] { return !ready_.empty() || ended_; });
     if (ready_.empty()) return false;
     std::swap(block, ready_.front());
-    if (spare_.size() < blocksAhead) spare_.push_back(std::move(ready_.front()));
+    if (spare_.size() < maxBlocksAhead) spare_.push_back(std::move(ready_.front()));
     ready_.pop_front();
     changed_.notify_all();
     return true;
@@ -79,17 +94,17 @@ void RowStream::readAhead() {
         RowBlock block = takeSpare();
         more = fill(block);
         add(std::move(block), !more);
-        waitForRoom();
+        waitForSpace();
     }
 }
 
-// False once there are no more rows; the connection is free then.
+// False after the last row; then the connection is free.
 bool RowStream::fill(RowBlock& block) {
     block.clear(names_.size());
-    while (block.byteCount() < blockBytes && block.rowCount() < blockRows) {
+    while (block.byteCount() < maxBlockBytes && block.rowCount() < maxBlockRows) {
         MYSQL_ROW row = mysql_fetch_row(result_);
         if (row == nullptr) {
-            release();
+            finish();
             return false;
         }
         block.append(row, mysql_fetch_lengths(result_));
@@ -97,9 +112,9 @@ bool RowStream::fill(RowBlock& block) {
     return true;
 }
 
-// The end of the rows and a failure look alike but for the error number, which the start of the
-// statement had cleared.
-void RowStream::release() {
+// The end of the rows and a failure differ in the error number only, which the start of the
+// statement has cleared.
+void RowStream::finish() {
     if (mysql_errno(handle_) != 0) fetchError_ = mysql_error(handle_);
     mysql_free_result(result_);
 }
@@ -112,10 +127,10 @@ RowBlock RowStream::takeSpare() {
     return block;
 }
 
-void RowStream::waitForRoom() {
+void RowStream::waitForSpace() {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock,
-                  [this] { return ready_.size() < blocksAhead || keepAll_ || discard_ || ended_; });
+    changed_.wait(
+        lock, [this] { return ready_.size() < maxBlocksAhead || keepAll_ || discard_ || ended_; });
 }
 
 void RowStream::add(RowBlock block, bool last) {

@@ -3,50 +3,76 @@
 #include <mysql.h>
 
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
-#include "platform/mysql/row_block.h"
-
 namespace bracken {
 
-// The rows of one running result, fetched in blocks by a thread of its own, a few blocks ahead of
-// whoever takes them. Until the last row has come nobody else may use the connection; keepAll waits
-// for that. Needs no baton.
+// Some consecutive rows of a result, their bytes concatenated in one buffer. A row comes from one
+// packet of at most 1 GiB, so 32 bits are enough for a position in a block of limited size.
+class RowBlock {
+  public:
+    // Empties the block, for rows of that many fields; its memory is kept.
+    void clear(size_t fieldCount);
+    // Adds a row; a null pointer means NULL and is read as the empty text.
+    void append(const char* const* fields, const unsigned long* lengths);
+
+    size_t rowCount() const { return rowCount_; }
+    size_t byteCount() const { return bytes_.size(); }
+    // Counted from 0, not checked; valid until the block changes.
+    std::string_view field(size_t row, size_t field) const {
+        size_t index = row * fieldCount_ + field;
+        return {bytes_.data() + ends_[index], ends_[index + 1] - ends_[index]};
+    }
+
+  private:
+    size_t fieldCount_ = 0;
+    size_t rowCount_ = 0;
+    std::vector<char> bytes_;
+    // Where each field ends, which is where the next one begins; starts with a 0.
+    std::vector<uint32_t> ends_{0};
+};
+
+// The rows of one result, fetched in blocks by a thread of its own, a few blocks ahead of the
+// reader. Until the last row has arrived nothing else may use the connection; keepAll waits for
+// that. Needs no baton.
 class RowStream {
   public:
-    // Takes the result that the statement just run on `handle` streams; fetches the first block
-    // before it returns. Short results need no thread.
+    // Owns `result`, that of the statement just run on `handle`; fetches the first block before it
+    // returns. Short results need no thread.
     RowStream(MYSQL* handle, MYSQL_RES* result);
-    // Drops the rest of the rows; whoever can't wait for them shuts the connection down first.
+    // Drops the other rows, but waits until they have arrived; a caller that can't wait shuts the
+    // connection down first.
     ~RowStream();
     RowStream(const RowStream&) = delete;
     RowStream& operator=(const RowStream&) = delete;
 
     const std::vector<std::string>& names() const { return names_; }
 
-    // Puts the next rows into `block`, waiting for them if need be, and takes its memory for later
-    // ones. False behind the last rows. One caller at a time.
+    // Swaps the next rows into `block`, after a wait if there are none yet, and uses its memory for
+    // later ones. False after the last rows. One caller at a time.
     bool take(RowBlock& block);
-    // Waits until all rows have come and are kept for `take`.
+    // Waits until all rows have arrived; they are kept for `take`.
     void keepAll();
-    // Drops the rows that are held and those still to come, without waiting for them.
+    // Drops the rows held and those still to arrive, without a wait for them.
     void discard();
-    // Whether the last row has come, or the rows have broken off.
+    // Whether the last row, or an error in place of it, has arrived.
     bool ended();
-    // Why the rows broke off, nothing if they did not. Settled once the stream has ended.
+    // The error that ended the rows, nothing if they are complete. Final once the stream has ended.
     std::optional<std::string> error();
 
   private:
     bool fill(RowBlock& block);
-    void release();
+    void finish();
     void readAhead();
     RowBlock takeSpare();
-    void waitForRoom();
+    void waitForSpace();
     void add(RowBlock block, bool last);
 
     // Used by the constructor, then by the thread alone until the end.

@@ -12,8 +12,8 @@ namespace {
 
 constexpr int authenticationType = 2;
 
-// An authentication plug-in as the library's interface 1.0 lays it out. Its own header for this
-// includes one that distributions do not install.
+// An authentication plug-in as in version 1.0 of the library's interface. The library's header for
+// it includes one that distributions do not install.
 struct Plugin {
     int type;
     unsigned interfaceVersion;
@@ -29,8 +29,8 @@ struct Plugin {
     int (*authenticate)(MYSQL_PLUGIN_VIO*, MYSQL*);
 };
 
-// The library sets TLS up within a plug-in's first write, so whether it is up can't be asked yet;
-// but where the server offers it, the library goes no further without.
+// The library starts TLS in a plug-in's first write, so whether it is on can't be asked yet; but if
+// the server offers TLS the library does not continue without it.
 bool isSafe(MYSQL_PLUGIN_VIO* channel, MYSQL* handle) {
     unsigned long capabilities = 0;
     mariadb_get_infov(handle, MARIADB_CONNECTION_SERVER_CAPABILITIES, &capabilities);
@@ -50,7 +50,7 @@ int refuse(MYSQL* handle, const char* method) {
     return CR_ERROR;
 }
 
-// A plug-in knows no context of its own, so there is one of these classes for each method.
+// A plug-in's function gets no context, so each method has a class of its own.
 template <const char* method>
 class Guard {
   public:

@@ -2,14 +2,14 @@
 
 namespace bracken {
 
-// Lets the client library prove a password by the sha2 methods over TLS and on the local socket
-// only. On an unencrypted connection they hand it to whoever plays the server: the library's
-// plug-ins send it as it is once encryption was asked for, whether or not the server has any, or
-// encrypt it for a key that the server sent. Such a login fails before anything is sent by the
-// method, and the library's error text says why.
+// Restricts the client library's sha2 methods of login to TLS and the local socket. On an
+// unencrypted connection they would reveal the password to anyone who poses as the server: if
+// encryption was requested they send it in clear even to a server without any, or else encrypt it
+// with a key that the server sent. Such a login now fails before the method sends anything, and the
+// library's error text gives the reason.
 //
-// Once, after the library is initialised and before the process has threads; lasts for the
-// process.
+// Call once, after the library is initialised and before the process has threads; in effect until
+// the process ends.
 void guardSha2Methods();
 
 }  // namespace bracken

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/windows/window.h"
 #include "platform/qt/qt_text.h"
 

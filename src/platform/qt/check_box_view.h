@@ -2,7 +2,7 @@
 
 #include <QCheckBox>
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "platform/qt/control_view.h"
 
 namespace bracken {
@@ -14,6 +14,7 @@ class CheckBoxView : public QCheckBox, public ControlView {
 
   protected:
     void sync() override;
+    void initStyleOption(QStyleOptionButton* option) const override;
 
   private:
     CheckBox& model_;

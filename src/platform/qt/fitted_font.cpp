@@ -26,14 +26,20 @@ QFont layoutFont() {
     return font;
 }
 
-QFont fittedFont(const QFont& font, const QString& text, int width) {
+QFont fittedFont(const QFont& font, const std::function<bool(const QFont&)>& fits) {
     QFont fitted = font;
     int least = pixelSize(font) * 3 / 4;
     for (int size = pixelSize(font); size >= least; size--) {
         fitted.setPixelSize(size);
-        if (QFontMetrics(fitted).horizontalAdvance(text) <= width) return fitted;
+        if (fits(fitted)) return fitted;
     }
     return font;
+}
+
+QFont fittedFont(const QFont& font, const QString& text, int width) {
+    return fittedFont(font, [&](const QFont& fitted) {
+        return QFontMetrics(fitted).horizontalAdvance(text) <= width;
+    });
 }
 
 }  // namespace bracken

@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QString>
+#include <functional>
 
 namespace bracken {
 
@@ -9,8 +10,9 @@ namespace bracken {
 
 // The system's font, made smaller if its lines are too high for the controls.
 QFont layoutFont();
-// `font`, made narrower by up to a quarter of its size where that makes `text` fit into `width`
-// pixels.
+// `font`, made smaller by up to a quarter of its size where that makes it fit.
+QFont fittedFont(const QFont& font, const std::function<bool(const QFont&)>& fits);
+// The same for `text` in `width` pixels.
 QFont fittedFont(const QFont& font, const QString& text, int width);
 
 }  // namespace bracken

@@ -9,8 +9,9 @@ namespace bracken {
 
 namespace {
 
-// UTF-16 units of a cell that are shown at most.
+// UTF-16 units of a cell that are shown at most, in the list and in a tip.
 constexpr int shownLimit = 500;
+constexpr int tipLimit = 20'000;
 // Pixels of the narrowest letters.
 constexpr int narrowest = 2;
 
@@ -78,12 +79,12 @@ QString ListModel::start(const QModelIndex& index) const {
     return startOf(index, std::min(shownLimit, widthOf(index) / narrowest + 1));
 }
 
-QString ListModel::longText(const QModelIndex& index) const {
-    return startOf(index, shownLimit);
+QString ListModel::tipText(const QModelIndex& index) const {
+    return startOf(index, tipLimit);
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
-    if (role == Qt::AccessibleTextRole) return longText(index);
+    if (role == Qt::AccessibleTextRole) return startOf(index, shownLimit);
     if (role != Qt::DisplayRole) return {};
     const QString text = start(index);
     // What is cut off is beyond the column, so that it shows as such.

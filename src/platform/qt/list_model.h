@@ -23,8 +23,8 @@ class ListModel : public QAbstractTableModel {
     void setFontMetrics(const QFontMetrics& metrics) { metrics_ = metrics; }
     // Holds all that data shows of a cell, at a fraction of the cost.
     QString start(const QModelIndex& index) const;
-    // The longest start of a cell that is shown anywhere.
-    QString longText(const QModelIndex& index) const;
+    // The start of a cell, more of it than a screen has room for.
+    QString tipText(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

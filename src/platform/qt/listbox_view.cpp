@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "framework/windows/event.h"
+#include "platform/qt/tip_text.h"
 
 namespace bracken {
 
@@ -158,6 +159,12 @@ bool ListboxView::viewportEvent(QEvent* event) {
     return true;
 }
 
+QModelIndex ListboxView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action != MoveHome && action != MoveEnd) return QTableView::moveCursor(action, modifiers);
+    // Of the columns the leftmost in sight, so that the list does not scroll sideways.
+    return rows_.index(action == MoveHome ? 0 : rows_.rowCount() - 1, std::max(columnAt(0), 0));
+}
+
 void ListboxView::keyPressEvent(QKeyEvent* event) {
     // That is the Edit menu's; where it has nothing to copy, the toolkit would copy a cell.
     if (event->matches(QKeySequence::Copy))
@@ -168,12 +175,11 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
 
 void ListboxView::showTip(const QPoint& at) {
     QModelIndex index = indexAt(at);
-    QString text = rows_.longText(index);
+    QString text = rows_.tipText(index);
     if (fontMetrics().horizontalAdvance(text) + cellPadding <= visualRect(index).width())
         text.clear();
-    // As rich text the tip wraps; escaped, no cell can act as markup.
-    if (!text.isEmpty()) text = QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
-    QToolTip::showText(viewport()->mapToGlobal(at), text, viewport(), visualRect(index));
+    QToolTip::showText(viewport()->mapToGlobal(at), tipText(text, *screen()), viewport(),
+                       visualRect(index));
 }
 
 }  // namespace bracken

@@ -21,6 +21,8 @@ class ListboxView : public QTableView, public ControlView {
     void resizeEvent(QResizeEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    // Home and End go to the first and last row.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
   private:
     void setUpHeaders();

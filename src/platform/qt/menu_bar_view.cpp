@@ -54,18 +54,18 @@ void MenuBarView::addItem(const MenuItem& item, QMenu& menu) {
 }
 
 void MenuBarView::choose(const MenuItem& item) {
-    QtApplication& toolkit = QtApplication::current();
-    if (toolkit.inStatement()) {
-        if (isQuit(item)) toolkit.quitStatement();
+    MainThreadCalls& calls = MainThreadCalls::instance();
+    if (calls.dropsActions() && !isQuit(item)) return;
+    if (calls.inStatement()) {
+        QtApplication::current().quitStatement();
         return;
     }
-    if (MainThreadCalls::instance().busy() && !isQuit(item)) return;
     Windows::get().toFront(window_);
     Application::current()->userChoseMenu(item.Name);
 }
 
 void MenuBarView::refresh() {
-    bool inStatement = QtApplication::current().inStatement();
+    bool inStatement = MainThreadCalls::instance().inStatement();
     if (!inStatement) Application::current()->updateMenus();
     for (Entry& entry : entries_)
         entry.action->setEnabled(inStatement ? isQuit(*entry.item) : entry.item->Enabled);

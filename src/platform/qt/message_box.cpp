@@ -1,6 +1,7 @@
 #include "platform/qt/message_box.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QStringList>
 
 #include "framework/platform/platform.h"
@@ -18,6 +19,8 @@ constexpr int linesLimit = 20;
 constexpr int detailsLimit = 1'000'000;
 // Longer words are broken so that the box can wrap them.
 constexpr int longestWord = 60;
+// Pixels of a title bar beside its title.
+constexpr int titleButtons = 150;
 
 QString start(const QString& text) {
     QStringList lines = text.left(shownLimit).split(u'\n');
@@ -38,12 +41,17 @@ QString breakLongWords(const QString& text) {
     return broken;
 }
 
+QMessageBox::Icon iconOf(int code) {
+    if (code == BoxCode::yesNoQuestion) return QMessageBox::Question;
+    return code == BoxCode::error ? QMessageBox::Critical : QMessageBox::Information;
+}
+
 }  // namespace
 
 MessageBox::MessageBox(const std::string& text, int code, const std::string& title, QWidget* above)
     : QMessageBox(above), code_(code) {
     bool question = code == BoxCode::yesNoQuestion;
-    setIcon(question ? QMessageBox::Question : QMessageBox::Information);
+    setIcon(iconOf(code));
     setTextFormat(Qt::PlainText);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
     setWindowTitle(title.empty() ? QStringLiteral("Bracken Lens")
@@ -57,6 +65,16 @@ MessageBox::MessageBox(const std::string& text, int code, const std::string& tit
                                 : QMessageBox::StandardButtons(QMessageBox::Ok));
     setDefaultButton(question ? QMessageBox::No : QMessageBox::Ok);
     setEscapeButton(question ? QMessageBox::No : QMessageBox::Ok);
+    makeRoomForTitle();
+}
+
+// The box takes its width from its content.
+void MessageBox::makeRoomForTitle() {
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    QFont bold = font();
+    bold.setBold(true);
+    int width = QFontMetrics(bold).horizontalAdvance(windowTitle()) + titleButtons;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 int MessageBox::ask() {

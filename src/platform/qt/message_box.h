@@ -15,6 +15,8 @@ class MessageBox : public QMessageBox {
     int ask();
 
   private:
+    void makeRoomForTitle();
+
     int code_;
 };
 

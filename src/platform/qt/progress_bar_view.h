@@ -2,7 +2,7 @@
 
 #include <QProgressBar>
 
-#include "framework/controls/progress.h"
+#include "framework/controls/plain_controls.h"
 #include "platform/qt/control_view.h"
 
 namespace bracken {

@@ -3,7 +3,7 @@
 #include <QBasicTimer>
 #include <QWidget>
 
-#include "framework/controls/progress.h"
+#include "framework/controls/plain_controls.h"
 #include "platform/qt/control_view.h"
 
 namespace bracken {

@@ -3,6 +3,7 @@
 #include "framework/windows/event.h"
 #include "platform/qt/fitted_font.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/tip_text.h"
 
 namespace bracken {
 
@@ -15,13 +16,15 @@ constexpr int margins = 12;
 
 PushButtonView::PushButtonView(PushButton& model, QWidget* parent)
     : QPushButton(parent), ControlView(model, *this), model_(model) {
-    setAutoDefault(false);
+    // With the focus, Return presses it ahead of the default button.
+    setAutoDefault(true);
     connect(this, &QPushButton::clicked, this,
             [this] { handleAction([this] { model_.userPressed(); }); });
 }
 
 void PushButtonView::sync() {
     setText(captionText(model_.Caption.get()));
+    setToolTip(tipText(toQString(model_.toolTip.get()), *screen()));
     setDefault(model_.Default);
     setFont(fittedFont(parentWidget()->font(), toQString(model_.Caption.get()), width() - margins));
 }

@@ -2,7 +2,7 @@
 
 #include <QPushButton>
 
-#include "framework/controls/push_button.h"
+#include "framework/controls/buttons.h"
 #include "platform/qt/control_view.h"
 
 namespace bracken {

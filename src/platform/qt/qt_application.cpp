@@ -3,11 +3,25 @@
 #include <QScopedValueRollback>
 #include <QThread>
 
+#include "framework/threads/main_thread_calls.h"
 #include "framework/windows/application.h"
 #include "framework/windows/event.h"
 #include "platform/qt/input_events.h"
 
 namespace bracken {
+
+namespace {
+
+// The mouse shows for a scope that the program takes no input.
+class BusyCursor {
+  public:
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};
+
+}  // namespace
 
 QtApplication::QtApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setQuitOnLastWindowClosed(false);
@@ -20,15 +34,13 @@ QtApplication& QtApplication::current() {
 void QtApplication::spin(const std::function<void()>& loop) {
     QScopedValueRollback<int> depth(innerLoops_, innerLoops_ + (handling_ ? 1 : 0));
     QScopedValueRollback<bool> outer(handling_, false);
-    // A box that comes up in a statement is there to be answered.
-    QScopedValueRollback<bool> statement(inStatement_, false);
     loop();
 }
 
 bool QtApplication::pumpUntil(const std::atomic<bool>& done) {
     quitChosen_ = false;
+    BusyCursor cursor;
     spin([&] {
-        inStatement_ = true;
         processEvents();
         while (!done.load(std::memory_order_acquire) && !quitChosen_)
             processEvents(QEventLoop::WaitForMoreEvents);
@@ -54,7 +66,8 @@ bool QtApplication::deliver(QObject* receiver, QEvent* event) {
 bool QtApplication::notify(QObject* receiver, QEvent* event) {
     bool ours = QThread::currentThread() == thread() && Application::current() != nullptr;
     if (!ours) return QApplication::notify(receiver, event);
-    if (inStatement_ && dropsInStatement(*receiver, *event)) return true;
+    if (MainThreadCalls::instance().inStatement() && dropsInStatement(*receiver, *event))
+        return true;
     // An event sent in the course of another one belongs to that.
     if (handling_) return deliver(receiver, event);
     bool result = false;

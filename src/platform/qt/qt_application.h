@@ -9,7 +9,7 @@ namespace bracken {
 
 // The toolkit's application object. Each event that it delivers runs holding the baton, by the
 // framework's handleEvent, so that no exception of a handler passes through the toolkit's loop; and
-// during a statement it drops input. Main thread.
+// it drops input while MainThreadCalls says so. Main thread.
 class QtApplication : public QApplication {
   public:
     QtApplication(int& argc, char** argv);
@@ -30,7 +30,6 @@ class QtApplication : public QApplication {
     bool pumpUntil(const std::atomic<bool>& done);
     // Milliseconds that the latest event has been handled for.
     qint64 busyFor() const { return sinceEvent_.elapsed(); }
-    bool inStatement() const { return inStatement_; }
     // The user chose Quit during a statement.
     void quitStatement() { quitChosen_ = true; }
 
@@ -44,8 +43,6 @@ class QtApplication : public QApplication {
     // another.
     bool handling_ = false;
     int innerLoops_ = 0;
-    // Whether the innermost loop is that of a statement.
-    bool inStatement_ = false;
     bool quitChosen_ = false;
     QElapsedTimer sinceEvent_;
 };

@@ -1,9 +1,29 @@
 #include "platform/qt/text_area_view.h"
 
-#include <QPen>
 #include <QTextCursor>
 
 namespace bracken {
+
+namespace {
+
+// A pale tint of the ink.
+QColor groundFor(const QColor& ink) {
+    auto pale = [](int part) { return 255 - (255 - part) / 6; };
+    return {pale(ink.red()), pale(ink.green()), pale(ink.blue())};
+}
+
+// An outline is drawn as a ground of its own: letters with a line around them can't be read at this
+// size. Both colours are set, so that a mark looks the same on a light and on a dark palette.
+QTextCharFormat formatOf(const TextStyle& style) {
+    QTextCharFormat format;
+    if (style.bold) format.setFontWeight(QFont::Bold);
+    QColor ink(style.color.red, style.color.green, style.color.blue);
+    if (style.outline) format.setBackground(groundFor(ink));
+    if (style.outline || style.coloured) format.setForeground(ink.darker(150));
+    return format;
+}
+
+}  // namespace
 
 TextAreaView::TextAreaView(EditField& model, QWidget* parent)
     : QPlainTextEdit(parent), ControlView(model, *this), model_(model) {
@@ -55,17 +75,6 @@ void TextAreaView::showSelection(DisplayText& display) {
     cursor.setPosition(display.positionOf(int64_t{model_.SelStart} + model_.SelLength),
                        QTextCursor::KeepAnchor);
     setTextCursor(cursor);
-}
-
-QTextCharFormat TextAreaView::formatOf(const TextStyle& style) const {
-    QTextCharFormat format;
-    if (style.bold) format.setFontWeight(QFont::Bold);
-    QColor ink = palette().color(QPalette::Text);
-    if (style.coloured) ink = QColor(style.color.red, style.color.green, style.color.blue);
-    // An outline is seen only around letters that are hollow.
-    format.setForeground(style.outline ? palette().color(QPalette::Base) : ink);
-    if (style.outline) format.setTextOutline(QPen(ink));
-    return format;
 }
 
 }  // namespace bracken

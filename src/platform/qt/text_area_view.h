@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPlainTextEdit>
-#include <QTextCharFormat>
 
 #include "framework/controls/edit_field.h"
 #include "platform/qt/control_view.h"
@@ -22,7 +21,6 @@ class TextAreaView : public QPlainTextEdit, public ControlView {
     void showText();
     void showStyles(DisplayText& display);
     void showSelection(DisplayText& display);
-    QTextCharFormat formatOf(const TextStyle& style) const;
 
     EditField& model_;
     uint64_t shownText_ = 0;

@@ -16,13 +16,6 @@
 
 namespace bracken {
 
-namespace {
-
-// The kind of frame that Window::Frame names so.
-constexpr int modalDialog = 2;
-
-}  // namespace
-
 WindowView::WindowView(std::shared_ptr<Window> window)
     : window_(std::move(window)),
       content_(new QWidget(this)),
@@ -44,7 +37,7 @@ void WindowView::setFlags() {
     flags.setFlag(Qt::WindowCloseButtonHint, window_->CloseButton);
     flags.setFlag(Qt::WindowMinimizeButtonHint, window_->MinimizeButton);
     flags.setFlag(Qt::WindowMaximizeButtonHint, window_->MaximizeButton);
-    if (window_->Frame == modalDialog) {
+    if (window_->Frame == FrameKind::modalDialog) {
         flags |= Qt::Dialog;
         setWindowModality(Qt::ApplicationModal);
     }
@@ -121,7 +114,7 @@ void WindowView::showAsModel() {
 
 void WindowView::bringToFront() {
     if (!window_->Visible) return;
-    if (isMinimized()) showNormal();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
 }

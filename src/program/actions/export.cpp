@@ -1,7 +1,6 @@
 #include <string>
 
 #include "framework/dialogs/dialogs.h"
-#include "framework/dialogs/save_as_dialog.h"
 #include "framework/files/special_folder.h"
 #include "program/results/win_results.h"
 

@@ -5,12 +5,6 @@
 
 namespace bracken {
 
-namespace {
-
-constexpr int modalDialog = 2;
-
-}  // namespace
-
 class winConfirm& winConfirm() {
     return Windows::get().instance<class winConfirm>();
 }
@@ -38,7 +32,7 @@ void winConfirm::Layout() {
     Title = "Untitled";
     Width = 414;
     Height = 127;
-    Frame = modalDialog;
+    Frame = FrameKind::modalDialog;
     Resizeable = false;
     CloseButton = false;
     MinimizeButton = false;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "framework/controls/check_box.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
+#include "framework/controls/buttons.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/windows/window.h"
 
 namespace bracken {

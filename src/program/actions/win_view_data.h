@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "framework/controls/listbox.h"
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/database/database.h"
 #include "framework/windows/window.h"
 

@@ -17,6 +17,8 @@ namespace {
 
 // The frame's key in the settings; not quite the window's name.
 constexpr const char* frameKey = "winViewScripts";
+// Pixels of a list that one can choose a file from.
+constexpr int leastList = 60;
 
 // The one that all paths are cut at, told by the first of them.
 std::string separatorOf(const std::vector<std::string>& paths) {
@@ -29,6 +31,12 @@ std::string separatorOf(const std::vector<std::string>& paths) {
 
 class winViewScript& winViewScript() {
     return Windows::get().instance<class winViewScript>();
+}
+
+// What a small screen takes from the window's height, the locks take from the list.
+void winViewScript::Event_Open() {
+    int missing = leastList - lstScipts.Height;
+    if (missing > 0) splitter.setPosition(splitter.position() + missing);
 }
 
 void winViewScript::init(int row) {

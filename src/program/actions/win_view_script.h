@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/listbox.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/windows/window.h"
 #include "splitter/smart_splitter.h"
 
@@ -32,6 +32,7 @@ class winViewScript : public Window {
   protected:
     void Layout() override;
     void CreateControls() override;
+    void Event_Open() override;
     void Event_Resized() override;
     void Event_Close() override;
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "framework/controls/check_box.h"
+#include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/controls/popup_menu.h"
-#include "framework/controls/progress.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
 #include "framework/database/database.h"
 #include "framework/windows/window.h"
 #include "program/menu_bar1.h"

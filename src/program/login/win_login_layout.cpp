@@ -60,6 +60,7 @@ void winLogin::placeRunControls() {
     lblCurrentFolder.place(14, 294, 314, 49);
     lblCurrentFolder.Caption = "None";
     lblCurrentFolder.MultiLine = true;
+    lblCurrentFolder.showsEnd = true;
     butGo.place(248, 362, 80, 20);
     butGo.Caption = "Go!";
     butGo.Enabled = false;

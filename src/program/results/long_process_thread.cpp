@@ -3,7 +3,7 @@
 #include "framework/text/text.h"
 #include "program/results/folder_count.h"
 #include "program/results/result_recorder.h"
-#include "scan/extension_filter.h"
+#include "scan/file_search.h"
 
 namespace bracken {
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "framework/controls/progress.h"
-#include "framework/controls/static_text.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/files/folder_item.h"
 #include "framework/ref.h"
 #include "program/results/results_list.h"

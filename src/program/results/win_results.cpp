@@ -47,7 +47,11 @@ winResults::winResults() : LongProcessThread1(theThread()) {}
 void winResults::init(const std::string& database, const Ref<FolderItem>& searchFolder) {
     folder = searchFolder;
     databaseName = database;
+    nameTableToDrop();
     App().prefs->root->GetWindow(Title.get(), this);
+    // A second run's window may lie below others, or be an icon. Not in the accessor, which a run
+    // calls all the time.
+    Show();
     App().db->DatabaseName(databaseName);
     Ref<DatabaseCursor> cursor = App().db->SQLSelect("show tables in " + databaseName);
     if (!App().CheckError()) {
@@ -64,7 +68,15 @@ void winResults::init(const std::string& database, const Ref<FolderItem>& search
     LongProcessThread1->Run();
 }
 
+void winResults::nameTableToDrop() {
+    std::string table = lstResults.Text();
+    butDropTable.toolTip = table.empty() ? ""
+                                         : "Drops the table \"" + table + "\" of the database \"" +
+                                               databaseName + "\"";
+}
+
 void winResults::lstResults_Change() {
+    nameTableToDrop();
     butDropTable.Enabled = lstResults.ListIndex >= 0 && !searching;
     butViewData.Enabled = lstResults.ListIndex >= 0;
     butViewScript.Enabled = lstResults.ListIndex < 0 ||

@@ -2,10 +2,8 @@
 
 #include <string>
 
-#include "framework/controls/progress.h"
-#include "framework/controls/push_button.h"
-#include "framework/controls/static_text.h"
-#include "framework/controls/timer.h"
+#include "framework/controls/buttons.h"
+#include "framework/controls/plain_controls.h"
 #include "framework/files/folder_item.h"
 #include "framework/ref.h"
 #include "framework/windows/window.h"
@@ -62,6 +60,8 @@ class winResults : public Window {
     void attachHandlers();
 
     void lstResults_Change();
+    // Says in full which table of which database Drop Table would drop.
+    void nameTableToDrop();
     void LongProcessThread1_Finished();
     void butCancelRun_Action();
     // The actions on results.
