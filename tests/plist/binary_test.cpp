@@ -137,9 +137,8 @@ std::string bigEndian(size_t number) {
     return bytes;
 }
 
-// An array of these objects, as many as one byte counts.
 std::string arrayOf(const std::vector<size_t>& elements) {
-    std::string bytes(1, static_cast<char>(0xA0 + elements.size()));
+    std::string bytes = "\xAF\x12" + bigEndian(elements.size());
     for (const size_t element : elements) bytes += bigEndian(element);
     return bytes;
 }
@@ -192,6 +191,7 @@ TEST_F(Binary, TheConverterAnswersOrRefusesWhateverTheSizeOfItsWork) {
         {nested(3, 10), "xml1", ""},
         {nested(100'000, 1), "xml1", "is nested too deeply"},
         {nested(9, 10), "xml1", "is too large"},
+        {nested(2, 250'000), "xml1", "is too large"},
         {binaryFile({arrayOf({0})}), "xml1", "not a property list"},
         {binaryFile({arrayOf({3})}), "xml1", "not a property list"},
         {nestedText(900), "binary1", ""},

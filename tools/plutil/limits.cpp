@@ -24,22 +24,27 @@ struct Extent {
 
 class Measurement {
   public:
-    explicit Measurement(std::string_view binary) : table_(binary), extents_(table_.count()) {}
+    explicit Measurement(std::string_view binary) : table_(binary) {
+        // With a line for each it would be; none is there that nothing refers to.
+        if (table_.count() > maxBytes / bytesPerLine) throw std::runtime_error("is too large");
+        extents_.resize(table_.count());
+    }
 
     // Visits each object once, its parts first. Without recursion, whatever the depth.
     void run() {
-        std::vector<uint64_t> pending = {table_.root()};
+        std::vector<uint64_t> pending;
+        appendReference(table_.root(), pending);
         while (!pending.empty()) {
             uint64_t index = pending.back();
-            ObjectTable::Object object = table_.object(index);
             Extent& extent = extents_[index];
             if (extent.state == Extent::State::unseen) {
                 extent.state = Extent::State::open;
-                appendParts(object, pending);
-            } else {
-                pending.pop_back();
-                if (extent.state == Extent::State::open) measure(object, extent);
+                appendParts(table_.object(index), pending);
+                continue;
             }
+            pending.pop_back();
+            // What is shared may be pending several times.
+            if (extent.state == Extent::State::open) measure(table_.object(index), extent);
         }
     }
 
@@ -47,11 +52,13 @@ class Measurement {
     void appendParts(const ObjectTable::Object& object, std::vector<uint64_t>& pending) {
         references_ += object.children.size();
         if (references_ * bytesPerLine > maxBytes) throw std::runtime_error("is too large");
-        for (uint64_t child : object.children) {
-            if (child >= extents_.size() || extents_[child].state == Extent::State::open)
-                throw std::runtime_error("not a property list");
-            if (extents_[child].state == Extent::State::unseen) pending.push_back(child);
-        }
+        for (uint64_t child : object.children) appendReference(child, pending);
+    }
+
+    void appendReference(uint64_t index, std::vector<uint64_t>& pending) {
+        if (index >= extents_.size() || extents_[index].state == Extent::State::open)
+            throw std::runtime_error("not a property list");
+        if (extents_[index].state == Extent::State::unseen) pending.push_back(index);
     }
 
     void measure(const ObjectTable::Object& object, Extent& extent) {
