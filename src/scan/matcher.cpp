@@ -24,6 +24,13 @@ uint32_t bucketOf(uint32_t hash) {
     return hash >> (HashFilter::hashBits - bucketBits);
 }
 
+// Whether `text` begins with `name`, which is in lower case; there are enough bytes.
+bool beginsWith(const char* text, const std::string& name) {
+    for (char c : name)
+        if (asciiLower(*text++) != c) return false;
+    return true;
+}
+
 size_t pairIndex(char first, char second) {
     auto byte = [](char c) { return size_t{static_cast<unsigned char>(asciiLower(c))}; };
     return byte(first) << 8 | byte(second);
@@ -127,9 +134,10 @@ void Matcher::compare(std::string_view text, size_t at, uint64_t symbols, Hits& 
             if ((symbols & candidate.mask) != candidate.symbols || hits.has(candidate.name))
                 continue;
             const std::string& name = names_[candidate.name];
-            if (candidate.offset > at) continue;
-            if (equal(text.substr(at - candidate.offset, name.size()), name))
-                hits.add(candidate.name);
+            // The filters' positions may lie past the text's end.
+            if (candidate.offset > at || at - candidate.offset + name.size() > text.size())
+                continue;
+            if (beginsWith(text.data() + at - candidate.offset, name)) hits.add(candidate.name);
         }
     }
 }

@@ -17,7 +17,8 @@ class Turns : public Thread {
   protected:
     void Event_Run() override {
         for (;;) {
-            if (baton::contended()) taken++;
+            if (!baton::contended()) continue;
+            taken++;
             Yield();
         }
     }
