@@ -23,10 +23,10 @@ def entries(folder):
 
 
 def files(folder, above=()):
-    """All files in walk order: folders among files, links followed, a folder never within itself."""
+    """All files in walk order: folders among files, links followed unless they lead back up."""
     facts = os.stat(folder)
     identity = (facts.st_dev, facts.st_ino)
-    if identity in above:
+    if identity in above and os.path.islink(folder):
         return
     for name in entries(folder):
         path = os.path.join(folder, name)

@@ -28,7 +28,9 @@ class PlainScan {
         : extensions_(std::move(extensions)), tables_(tables), rows(tables.size()) {}
 
     void walk(const fs::path& folder) {
-        if (!chain_.insert(fs::canonical(folder)).second) return;
+        // A link back up the way has no entries; a real folder always has its own.
+        const bool above = !chain_.insert(fs::canonical(folder)).second;
+        if (above && fs::is_symlink(folder)) return;
         std::vector<fs::path> entries(fs::directory_iterator(folder), {});
         std::sort(entries.begin(), entries.end(),
                   [](auto& a, auto& b) { return a.native() < b.native(); });
@@ -38,7 +40,7 @@ class PlainScan {
             else if (fs::exists(entry))
                 search(entry);
         }
-        chain_.erase(fs::canonical(folder));
+        if (!above) chain_.erase(fs::canonical(folder));
     }
 
   private:
