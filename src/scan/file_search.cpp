@@ -23,11 +23,11 @@ constexpr int64_t unasked = -1;
 // the error; a file that ends elsewhere needs no next one.
 constexpr int64_t smallestPage = 4096;
 
-// None, with errno set, if it can't be asked.
-std::optional<int64_t> lengthOf(int descriptor) {
-    struct stat status;
-    if (fstat(descriptor, &status) != 0) return std::nullopt;
-    return searchedLength(static_cast<uint64_t>(status.st_size));
+// Bytes to read at a time where pieces overlap by so many: names of a megabyte are not to be
+// searched for in the same bytes again and again.
+int64_t pieceFor(size_t overlap) {
+    const auto pages = static_cast<int64_t>(overlap) / smallestPage + 1;
+    return std::max(pieceSize, pages * smallestPage);
 }
 
 }  // namespace
@@ -36,9 +36,18 @@ int64_t searchedLength(uint64_t fileLength) {
     return std::max(static_cast<int32_t>(static_cast<uint32_t>(fileLength)), 0);
 }
 
+// None, with errno set, if it can't be asked.
+std::optional<int64_t> FileSearch::lengthOf(int descriptor) const {
+    struct stat status;
+    if (fstat(descriptor, &status) != 0) return std::nullopt;
+    return extent_ == Extent::whole ? status.st_size
+                                    : searchedLength(static_cast<uint64_t>(status.st_size));
+}
+
 int FileSearch::search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
                        const Matcher& matcher, const std::function<bool()>& cancelled,
                        Matcher::Hits& hits) {
+    bytes_ = 0;
     // Too long to be opened by whoever does not know the folder.
     if (path.size() >= PATH_MAX) return ENAMETOOLONG;
     const char* name = folder.nameOf(path);
@@ -60,28 +69,38 @@ int FileSearch::search(const OpenFolder& folder, const std::string& path, bool l
 
 int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matcher,
                              const std::function<bool()>& cancelled, Matcher::Hits& hits) {
-    // What a name that straddles two pieces needs of the first one.
-    size_t overlap = matcher.longestName() > 0 ? matcher.longestName() - 1 : 0;
-    buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(pieceSize)));
-    size_t kept = 0;
-    int64_t left = length == unasked ? pieceSize : length;
+    const size_t overlap = matcher.overlap();
+    const int64_t piece = pieceFor(overlap);
+    buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(piece) + 2));
+    // Stands for what is before the file, and at its end for what comes after it.
+    const size_t margin = matcher.margin();
+    std::memset(buffer_.data(), 0, margin);
+    size_t kept = margin;
+    bytes_ = 0;
+    int64_t left = length == unasked ? piece : length;
     while (left > 0) {
         if (cancelled()) return ECANCELED;
-        size_t wanted = static_cast<size_t>(std::min<int64_t>(left, pieceSize));
+        size_t wanted = static_cast<size_t>(std::min(left, piece));
         ssize_t got = read(descriptor, buffer_.data() + kept, wanted);
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return errno;
-        if (got == 0) break;
-        if (length == unasked && got % smallestPage == 0) {
+        bool ended = got == 0;
+        if (length == unasked && !ended && got % smallestPage == 0) {
             std::optional<int64_t> asked = lengthOf(descriptor);
             if (!asked) return errno;
             left = length = *asked;
+            ended = left < got;
         }
+        if (ended && length != unasked && extent_ == Extent::whole) return shrank;
+        if (got == 0) break;
         got = std::min(got, left);
-        size_t filled = kept + static_cast<size_t>(got);
-        matcher.search({buffer_.data(), filled}, hits);
         left -= got;
-        if (length == unasked) break;
+        bytes_ += got;
+        const bool last = left == 0 || length == unasked;
+        size_t filled = kept + static_cast<size_t>(got);
+        std::memset(buffer_.data() + filled, 0, margin);
+        matcher.search({buffer_.data(), filled + (last ? margin : 0)}, hits);
+        if (last) break;
         kept = std::min(filled, overlap);
         std::memmove(buffer_.data(), buffer_.data() + filled - kept, kept);
     }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,15 +15,24 @@ namespace bracken {
 // nothing for a negative one. So a file of 2 to 4 GiB is not searched.
 int64_t searchedLength(uint64_t fileLength);
 
+// How much of a file is searched: what the above gives, or all of it.
+enum class Extent { signed32, whole };
+
 // Searches files piece by piece in one buffer, which is reused from file to file. For worker
 // threads: never holds the baton, never touches the model.
 class FileSearch {
   public:
+    // Of a file to be searched whole, and no error of a system call: it ended before the length
+    // that it had.
+    static constexpr int shrank = -1;
+
+    explicit FileSearch(Extent extent = Extent::signed32) : extent_(extent) {}
+
     // Adds the names of `matcher` that the file holds to `hits`; `path` is that of a file directly
     // in `folder`. Returns 0, or why the file was not searched to its end: the error number of the
-    // system call that failed, ECANCELED if `cancelled`, asked between pieces, says so.
-    // `listedAsFile`: the file is known to be a regular one; other things are looked at first, and
-    // read as empty.
+    // system call that failed, `shrank`, or ECANCELED if `cancelled`, asked between pieces, says
+    // so. `listedAsFile`: the file is known to be a regular one; other things are looked at first,
+    // and read as empty.
     int search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
                const Matcher& matcher, const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
@@ -31,8 +41,15 @@ class FileSearch {
     int searchOpened(int descriptor, int64_t length, const Matcher& matcher,
                      const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
+    // How much of the latest file was searched.
+    int64_t bytes() const { return bytes_; }
+
   private:
+    std::optional<int64_t> lengthOf(int descriptor) const;
+
+    const Extent extent_;
     std::vector<char> buffer_;
+    int64_t bytes_ = 0;
 };
 
 }  // namespace bracken
