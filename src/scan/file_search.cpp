@@ -67,6 +67,25 @@ int FileSearch::search(const OpenFolder& folder, const std::string& path, bool l
     return error;
 }
 
+int FileSearch::readOn(int descriptor, size_t kept, Rest& rest, int64_t& got) {
+    do {
+        const auto wanted = static_cast<size_t>(std::min(rest.left, rest.piece));
+        got = read(descriptor, buffer_.data() + kept, wanted);
+    } while (got < 0 && errno == EINTR);
+    if (got < 0) return errno;
+    if (rest.length == unasked && got > 0 && got % smallestPage == 0) {
+        std::optional<int64_t> asked = lengthOf(descriptor);
+        if (!asked) return errno;
+        rest.left = rest.length = *asked;
+    }
+    const bool ended = rest.length != unasked && (got == 0 || rest.left < got);
+    if (ended && extent_ == Extent::whole) return shrank;
+    got = std::min(got, rest.left);
+    rest.left -= got;
+    bytes_ += got;
+    return 0;
+}
+
 int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matcher,
                              const std::function<bool()>& cancelled, Matcher::Hits& hits) {
     const size_t overlap = matcher.overlap();
@@ -77,26 +96,13 @@ int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matc
     std::memset(buffer_.data(), 0, margin);
     size_t kept = margin;
     bytes_ = 0;
-    int64_t left = length == unasked ? piece : length;
-    while (left > 0) {
+    Rest rest{length, length == unasked ? piece : length, piece};
+    while (rest.left > 0) {
         if (cancelled()) return ECANCELED;
-        size_t wanted = static_cast<size_t>(std::min(left, piece));
-        ssize_t got = read(descriptor, buffer_.data() + kept, wanted);
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) return errno;
-        bool ended = got == 0;
-        if (length == unasked && !ended && got % smallestPage == 0) {
-            std::optional<int64_t> asked = lengthOf(descriptor);
-            if (!asked) return errno;
-            left = length = *asked;
-            ended = left < got;
-        }
-        if (ended && length != unasked && extent_ == Extent::whole) return shrank;
+        int64_t got = 0;
+        if (const int error = readOn(descriptor, kept, rest, got)) return error;
         if (got == 0) break;
-        got = std::min(got, left);
-        left -= got;
-        bytes_ += got;
-        const bool last = left == 0 || length == unasked;
+        const bool last = rest.left == 0 || rest.length == unasked;
         size_t filled = kept + static_cast<size_t>(got);
         std::memset(buffer_.data() + filled, 0, margin);
         matcher.search({buffer_.data(), filled + (last ? margin : 0)}, hits);

@@ -45,7 +45,18 @@ class FileSearch {
     int64_t bytes() const { return bytes_; }
 
   private:
+    // What there is of a file to search: its length, what is left of it, and how much of that to
+    // read at a time.
+    struct Rest {
+        int64_t length;
+        int64_t left;
+        int64_t piece;
+    };
+
     std::optional<int64_t> lengthOf(int descriptor) const;
+    // Reads the next piece to after the first `kept` bytes of the buffer, `got` bytes that are to
+    // be searched, 0 at the end. Returns as `search` does.
+    int readOn(int descriptor, size_t kept, Rest& rest, int64_t& got);
 
     const Extent extent_;
     std::vector<char> buffer_;
