@@ -63,11 +63,12 @@ def plant(root, rng):
         for name in [b"a.php", b".b.PHP", b"c", b"d.php5", b"e.", b"f.tar.gz", b"\xff.js", b"[x].js"]:
             text = b"".join(rng.choice(pieces) for _ in range(rng.randint(0, 30)))
             pathlib.Path(os.fsdecode(os.path.join(root, folder, name))).write_bytes(text)
-    for number, name in itertools.product(range(-3, 4), [b"user", b"q" * 64]):
-        for size in (4096, 262144, 524288):
-            start = size + number - len(name) // 2
-            with open(os.path.join(root, b"b", b"%d-%d-%d" % (size, number, len(name))), "wb") as file:
-                file.write(b"." * start + rng.choice([b" ", b"s"]) + name + rng.choice([b"", b"s", b" "]))
+    for number, name, piece in itertools.product(range(-1, 2), [b"user", b"q" * 64], (4096, 262144)):
+        # The name lies across the edge, and ends or begins there or nearly so.
+        for before, after in itertools.product((len(name) // 2, len(name) + 1, 1), (b"", b"s", b" ")):
+            path = os.path.join(root, b"b", b"%d-%d-%d-%d%s" % (piece, number, len(name), before, after))
+            with open(path, "wb") as file:
+                file.write(b"." * (piece + number - before) + b" " + name + after)
     for link, target in [(b"0link", b"b"), (b"b/up", b".."), (b"b/deep/other", b"../../vendor"),
                          (b"vendor/self", b"."), (b"gone", b"nothing"), (b"zfile", b"b/a.php"),
                          (b"zz", b"b/deep/.git")]:
