@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks that includes go along the arrows of docs/architecture.md, and nowhere else.
 
-Each folder of src/ may include itself and the folders listed here; a folder of the framework may
+Each folder of src/, and tools/bracken-scan, may include itself and the folders listed here; a folder of the framework may
 also include those above it in the list, which begins at the ground floor. Headers of the toolkit and
 of the database client stay in the one binding that knows them. Libraries may not need each other in
 a ring.
