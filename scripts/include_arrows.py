@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks that includes go along the arrows of docs/architecture.md, and nowhere else.
 
-Each folder of src/ may include itself and the folders listed here; a folder of the framework may
+Each folder of src/, and tools/bracken-scan, may include itself and the folders listed here; a folder of the framework may
 also include those above it in the list, which begins at the ground floor. Headers of the toolkit and
 of the database client stay in the one binding that knows them. Libraries may not need each other in
 a ring.
@@ -38,6 +38,7 @@ ALLOWED = {
     "platform/qt": {"framework", *FRAMEWORK},
     "platform/mysql": {"framework", *FRAMEWORK},
     "start": None,  # the one place that knows everything
+    "tools/bracken-scan": {"framework", *FRAMEWORK[:CONTROLS], "scan", "platform/mysql"},
 }
 
 # Headers of a library, and the only folders that may include them.
@@ -52,7 +53,7 @@ LIBRARY = re.compile(r"^bracken_library\((\w+)([^)]*)\)", re.M)
 
 
 def folder_of(path):
-    """The entry of ALLOWED that a path relative to src/ lies under."""
+    """The entry of ALLOWED that a path relative to src/, or to the root for tools/, lies under."""
     return next((name for name in ALLOWED if path.startswith(name + "/")), None)
 
 
@@ -70,21 +71,26 @@ def complaint(folder, quote, header):
     return None
 
 
+def sources():
+    """Each with its path as an include names it."""
+    for root in (ROOT / "src", ROOT / "tools/bracken-scan"):
+        for path in sorted(root.rglob("*")):
+            if path.suffix in (".h", ".cpp"):
+                yield path, path.relative_to(ROOT).as_posix().removeprefix("src/")
+
+
 def include_complaints():
-    source = ROOT / "src"
-    for path in sorted(source.rglob("*")):
-        if path.suffix not in (".h", ".cpp"):
-            continue
-        relative = path.relative_to(source).as_posix()
-        folder = folder_of(relative)
+    for path, included in sources():
+        relative = path.relative_to(ROOT).as_posix()
+        folder = folder_of(included)
         if folder is None:
-            yield f"src/{relative}: lies in no known folder"
+            yield f"{relative}: lies in no known folder"
             continue
         for number, line in enumerate(path.read_text(errors="replace").splitlines(), 1):
             match = INCLUDE.match(line)
             why = match and complaint(folder, match[1], match[2])
             if why:
-                yield f"src/{relative}:{number}: {why}"
+                yield f"{relative}:{number}: {why}"
 
 
 def library_complaints():

@@ -25,11 +25,11 @@ constexpr int64_t unknownLength = -1;
 // a file that ends elsewhere needs no next one.
 constexpr int64_t minPageSize = 4096;
 
-// None, with errno set, if it can't be asked.
-std::optional<int64_t> lengthOf(int descriptor) {
-    struct stat status;
-    if (fstat(descriptor, &status) != 0) return std::nullopt;
-    return searchedLength(static_cast<uint64_t>(status.st_size));
+// Bytes to read at a time where pieces overlap by so many: names of a megabyte are not to be
+// searched for in the same bytes again and again.
+int64_t pieceFor(size_t overlap) {
+    auto pages = static_cast<int64_t>(overlap) / minPageSize + 1;
+    return std::max(pieceSize, pages * minPageSize);
 }
 
 }  // namespace
@@ -43,9 +43,18 @@ int64_t searchedLength(uint64_t fileLength) {
     return std::max(static_cast<int32_t>(static_cast<uint32_t>(fileLength)), 0);
 }
 
+// None, with errno set, if it can't be asked.
+std::optional<int64_t> FileSearch::lengthOf(int descriptor) const {
+    struct stat status;
+    if (fstat(descriptor, &status) != 0) return std::nullopt;
+    return extent_ == Extent::whole ? status.st_size
+                                    : searchedLength(static_cast<uint64_t>(status.st_size));
+}
+
 int FileSearch::search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
                        const Matcher& matcher, const std::function<bool()>& cancelled,
                        Matcher::Hits& hits) {
+    bytes_ = 0;
     // Nobody could open the file by that path.
     if (path.size() >= PATH_MAX) return ENAMETOOLONG;
     const char* name = folder.nameOf(path);
@@ -63,29 +72,44 @@ int FileSearch::search(const OpenFolder& folder, const std::string& path, bool l
     return length ? searchOpened(file.get(), *length, matcher, cancelled, hits) : errno;
 }
 
+int FileSearch::readOn(int descriptor, size_t kept, Rest& rest, int64_t& got) {
+    auto count = static_cast<size_t>(std::min(rest.left, rest.piece));
+    got = readSome(descriptor, buffer_.data() + kept, count);
+    if (got < 0) return errno;
+    if (rest.length == unknownLength && got > 0 && got % minPageSize == 0) {
+        std::optional<int64_t> asked = lengthOf(descriptor);
+        if (!asked) return errno;
+        rest.left = rest.length = *asked;
+    }
+    bool ended = rest.length != unknownLength && (got == 0 || rest.left < got);
+    if (ended && extent_ == Extent::whole) return shrank;
+    got = std::min(got, rest.left);
+    rest.left -= got;
+    bytes_ += got;
+    return 0;
+}
+
 int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matcher,
                              const std::function<bool()>& cancelled, Matcher::Hits& hits) {
-    // What a name that straddles two pieces needs of the first one.
-    size_t overlap = matcher.maxNameLength() > 0 ? matcher.maxNameLength() - 1 : 0;
-    buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(pieceSize)));
-    size_t kept = 0;
-    int64_t left = length == unknownLength ? pieceSize : length;
-    while (left > 0) {
+    size_t overlap = matcher.overlap();
+    int64_t piece = pieceFor(overlap);
+    buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(piece) + 2));
+    // Stands for what is before the file, and at its end for what comes after it.
+    size_t margin = matcher.margin();
+    std::memset(buffer_.data(), 0, margin);
+    size_t kept = margin;
+    bytes_ = 0;
+    Rest rest{length, length == unknownLength ? piece : length, piece};
+    while (rest.left > 0) {
         if (cancelled()) return ECANCELED;
-        size_t count = static_cast<size_t>(std::min(left, pieceSize));
-        int64_t got = readSome(descriptor, buffer_.data() + kept, count);
-        if (got < 0) return errno;
+        int64_t got = 0;
+        if (int error = readOn(descriptor, kept, rest, got)) return error;
         if (got == 0) break;
-        if (length == unknownLength && got % minPageSize == 0) {
-            std::optional<int64_t> asked = lengthOf(descriptor);
-            if (!asked) return errno;
-            left = length = *asked;
-        }
-        got = std::min(got, left);
+        bool last = rest.left == 0 || rest.length == unknownLength;
         size_t filled = kept + static_cast<size_t>(got);
-        matcher.search({buffer_.data(), filled}, hits);
-        left -= got;
-        if (length == unknownLength) break;
+        std::memset(buffer_.data() + filled, 0, margin);
+        matcher.search({buffer_.data(), filled + (last ? margin : 0)}, hits);
+        if (last) break;
         kept = std::min(filled, overlap);
         std::memmove(buffer_.data(), buffer_.data() + filled - kept, kept);
     }

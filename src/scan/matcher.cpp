@@ -24,16 +24,23 @@ uint32_t bucketOf(uint32_t hash) {
     return hash >> (HashFilter::hashBits - bucketBits);
 }
 
+bool isNameByte(char byte) {
+    char c = asciiLower(byte);
+    return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '$';
+}
+
+// A number of its own for each text of one or two bytes.
+constexpr size_t shortKeys = (1U << 16) + (1U << 8);
+size_t shortKey(std::string_view text) {
+    auto byte = [](char c) { return size_t{static_cast<unsigned char>(asciiLower(c))}; };
+    return text.size() == 2 ? byte(text[0]) << 8 | byte(text[1]) : (1U << 16) + byte(text[0]);
+}
+
 // Whether `text` begins with `name`, which is in lower case; there are enough bytes.
 bool beginsWith(const char* text, const std::string& name) {
     for (char c : name)
         if (asciiLower(*text++) != c) return false;
     return true;
-}
-
-size_t pairIndex(char first, char second) {
-    auto byte = [](char c) { return size_t{static_cast<unsigned char>(asciiLower(c))}; };
-    return byte(first) << 8 | byte(second);
 }
 
 }  // namespace
@@ -53,7 +60,7 @@ void Matcher::Hits::add(uint32_t name) {
     names_.push_back(name);
 }
 
-Matcher::Matcher(const std::vector<std::string>& names) {
+Matcher::Matcher(const std::vector<std::string>& names, HitRule rule) : rule_(rule) {
     std::vector<uint32_t> longNames;
     names_.reserve(names.size());
     for (const std::string& name : names) {
@@ -100,7 +107,9 @@ void Matcher::sortCandidates(const std::vector<Candidate>& candidates) {
 }
 
 void Matcher::search(std::string_view text, Hits& hits) const {
-    if (!ones_.empty() || !twos_.empty()) searchShort(text, hits);
+    bool whole = rule_ == HitRule::wholeNames;
+    if (!ones_.empty() || !twos_.empty())
+        whole ? searchShortWhole(text, hits) : searchShort(text, hits);
     if (candidates_.empty()) return;
     size_t at = 0;
     for (; at + stride + lookAhead <= text.size(); at += stride)
@@ -137,9 +146,27 @@ void Matcher::compare(std::string_view text, size_t at, uint64_t symbols, Hits& 
             // The filters' positions may lie past the text's end.
             if (candidate.offset > at || at - candidate.offset + name.size() > text.size())
                 continue;
-            if (beginsWith(text.data() + at - candidate.offset, name)) hits.add(candidate.name);
+            size_t begin = at - candidate.offset;
+            if (beginsWith(text.data() + begin, name) && counts(text, begin, name.size()))
+                hits.add(candidate.name);
         }
     }
+}
+
+bool Matcher::counts(std::string_view text, size_t begin, size_t size) const {
+    if (rule_ == HitRule::anywhere) return true;
+    return begin > 0 && begin + size < text.size() && !isNameByte(text[begin - 1]) &&
+           !isNameByte(text[begin + size]);
+}
+
+void Matcher::searchShortWhole(std::string_view text, Hits& hits) const {
+    std::vector<bool> present(shortKeys);
+    for (size_t at = 1; at + 1 < text.size(); at++)
+        for (size_t size = 1; size <= 2; size++)
+            if (counts(text, at, size)) present[shortKey(text.substr(at, size))] = true;
+    for (const auto* numbers : {&ones_, &twos_})
+        for (uint32_t number : *numbers)
+            if (present[shortKey(names_[number])]) hits.add(number);
 }
 
 void Matcher::searchShort(std::string_view text, Hits& hits) const {
@@ -152,11 +179,9 @@ void Matcher::searchShort(std::string_view text, Hits& hits) const {
     if (allFound()) return;
     // Which pairs of bytes, in lower case, the text has.
     std::vector<bool> pairs(1U << 16);
-    for (size_t at = 0; at + 1 < text.size(); at++) pairs[pairIndex(text[at], text[at + 1])] = true;
-    for (uint32_t number : twos_) {
-        const std::string& name = names_[number];
-        if (pairs[pairIndex(name[0], name[1])]) hits.add(number);
-    }
+    for (size_t at = 0; at + 1 < text.size(); at++) pairs[shortKey(text.substr(at, 2))] = true;
+    for (uint32_t number : twos_)
+        if (pairs[shortKey(names_[number])]) hits.add(number);
 }
 
 }  // namespace bracken

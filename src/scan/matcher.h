@@ -12,6 +12,14 @@
 
 namespace bracken {
 
+// Where a name counts as found.
+enum class HitRule {
+    // Wherever it lies.
+    anywhere,
+    // Where no ASCII letter, digit, _ or $ adjoins it.
+    wholeNames,
+};
+
 // Finds which of a set of names lie inside a text, all in one pass: exactly those for which InStr
 // gives a position. Immutable once made, so any number of threads may search with it at a time.
 //
@@ -25,11 +33,14 @@ class Matcher {
   public:
     // Names are numbered from 0 in this order. Names that are equal but for letter case may be
     // there more than once; an empty name is never found.
-    explicit Matcher(const std::vector<std::string>& names);
+    explicit Matcher(const std::vector<std::string>& names, HitRule rule = HitRule::anywhere);
 
     size_t nameCount() const { return names_.size(); }
-    // In bytes.
-    size_t maxNameLength() const { return maxNameLength_; }
+    // A text may be given in pieces that overlap by so many bytes.
+    size_t overlap() const { return maxNameLength_ + 2 * margin() - (maxNameLength_ > 0 ? 1 : 0); }
+    // Bytes that a text needs before its start and after its end, 0 or 1: a whole name is only
+    // found where both its neighbours are there to look at.
+    size_t margin() const { return rule_ == HitRule::wholeNames ? 1 : 0; }
 
     // The names found in one text. Reused from text to text.
     class Hits {
@@ -46,8 +57,7 @@ class Matcher {
         std::vector<uint32_t> names_;
     };
 
-    // Adds the names inside `text` to `hits`. A text may be given in pieces that overlap by one
-    // byte less than the longest name.
+    // Adds the names inside `text` to `hits`.
     void search(std::string_view text, Hits& hits) const;
 
   private:
@@ -66,12 +76,15 @@ class Matcher {
     void addLong(const std::vector<uint32_t>& numbers);
     void sortCandidates(const std::vector<Candidate>& candidates);
     void searchShort(std::string_view text, Hits& hits) const;
+    void searchShortWhole(std::string_view text, Hits& hits) const;
+    bool counts(std::string_view text, size_t begin, size_t size) const;
     // Searches positions of `text` from `begin` on; `bytes` is the text there, with readable bytes
     // after its end.
     void searchGrams(std::string_view text, size_t begin, const char* bytes, size_t blocks,
                      Hits& hits) const;
     void compare(std::string_view text, size_t at, uint64_t symbols, Hits& hits) const;
 
+    const HitRule rule_;
     // In lower case.
     std::vector<std::string> names_;
     size_t maxNameLength_ = 0;

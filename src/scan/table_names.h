@@ -16,7 +16,8 @@ namespace bracken {
 class TableNames {
   public:
     // Names that are equal but for letter case count as one.
-    explicit TableNames(const std::vector<std::string_view>& names);
+    explicit TableNames(const std::vector<std::string_view>& names,
+                        HitRule rule = HitRule::anywhere);
 
     const Matcher& matcher() const { return *matcher_; }
     // The name's number, without regard to case; -1 if it is none of them.

@@ -4,7 +4,8 @@
 
 namespace bracken {
 
-TreeWalk::TreeWalk(const Ref<FolderItem>& folder) : start_(folder->copy()) {}
+TreeWalk::TreeWalk(const Ref<FolderItem>& folder, std::function<bool(const FolderItem&)> enters)
+    : enters_(std::move(enters)), start_(folder->copy()) {}
 
 void TreeWalk::enter(const Ref<FolderItem>& folder) {
     levels_.push_back({folder, folder->Count(), 1});
@@ -21,7 +22,7 @@ Ref<FolderItem> TreeWalk::next() {
         Ref<FolderItem> item = level.folder->Item(level.next++);
         if (item == nullptr) continue;
         if (!item->Directory()) return item;
-        enter(item);
+        if (!enters_ || enters_(*item)) enter(item);
     }
     return nullptr;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "framework/files/folder_item.h"
@@ -11,7 +12,9 @@ namespace bracken {
 // thread at a time; touches no model.
 class TreeWalk {
   public:
-    explicit TreeWalk(const Ref<FolderItem>& folder);
+    // `enters` says of each folder below the first whether to enter it; without it all are.
+    explicit TreeWalk(const Ref<FolderItem>& folder,
+                      std::function<bool(const FolderItem&)> enters = nullptr);
 
     // The next file; nil at the end. Skips entries that have vanished. Raises UnreadableException
     // for what can't be read; the next call goes on after that.
@@ -26,6 +29,7 @@ class TreeWalk {
 
     void enter(const Ref<FolderItem>& folder);
 
+    const std::function<bool(const FolderItem&)> enters_;
     // Until the first call.
     Ref<FolderItem> start_;
     std::vector<Level> levels_;

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <utility>
 
 #include "scan/file_search.h"
 #include "scan/ngram_filter.h"
@@ -155,6 +156,24 @@ TEST_F(Nasty, ANameIsFoundOverEveryEdge) {
             }
         }
     }
+}
+
+TEST_F(Nasty, AFileThatShrinksIsNoWholeOne) {
+    const Matcher matcher({"users"});
+    const std::string path = folder.write("a.php", std::string(600'000, '.') + "users");
+    const auto searchAs = [&](Extent extent) {
+        std::filesystem::resize_file(path, 600'005);
+        Matcher::Hits hits;
+        hits.clear(1);
+        // Asked between pieces.
+        const auto cut = [&] { return std::filesystem::resize_file(path, 300'000), false; };
+        bool begun = false;
+        return FileSearch(extent).search(
+            OpenFolder(folder.path()), path, true, matcher,
+            [&] { return std::exchange(begun, true) && cut(); }, hits);
+    };
+    EXPECT_EQ(searchAs(Extent::whole), FileSearch::shrank);
+    EXPECT_EQ(searchAs(Extent::signed32), 0);
 }
 
 TEST_F(Nasty, AllFiltersLetTheSamePositionsThrough) {
