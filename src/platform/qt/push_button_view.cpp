@@ -18,6 +18,9 @@ PushButtonView::PushButtonView(PushButton& model, QWidget* parent)
     : QPushButton(parent), ControlView(model, *this), model_(model) {
     // With the focus, Return presses it ahead of the default button.
     setAutoDefault(true);
+    // A press by the mouse leaves the focus where it is, so that Return goes on to the default
+    // button.
+    setFocusPolicy(Qt::TabFocus);
     connect(this, &QPushButton::clicked, this,
             [this] { handleAction([this] { model_.userPressed(); }); });
 }
