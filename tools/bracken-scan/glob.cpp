@@ -41,7 +41,7 @@ size_t covers(std::string_view pattern, char byte) {
 
 }  // namespace
 
-// Only the latest star need ever be tried anew, so the time is that of pattern times text.
+// Only the latest star need ever be tried again, so the time is that of pattern times text.
 bool globMatches(std::string_view pattern, std::string_view text) {
     size_t at = 0;
     size_t begin = 0;
