@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <system_error>
 
 #include "framework/files/paths.h"
 #include "framework/files/unreadable.h"
@@ -32,24 +31,24 @@ std::optional<Source> SourceWalk::next() {
 
 void SourceWalk::enterFolder() {
     const std::string& given = folders_[begun_++];
-    struct stat status;
-    const int error = stat(given.c_str(), &status) != 0 ? errno
-                      : S_ISDIR(status.st_mode)         ? 0
-                                                        : ENOTDIR;
-    if (error == 0)
-        enterFolder(given);
-    else
-        unreadable_.push_back({given, std::generic_category().message(error)});
+    const std::error_code error = enterFolder(given);
+    if (error) unreadable_.push_back({given, error.message()});
 }
 
-void SourceWalk::enterFolder(const std::string& path) {
-    const bool absolute = path.starts_with('/');
-    const std::string here = absolute ? "" : std::filesystem::current_path().string();
-    const auto folder = make<FolderItem>(absolute ? path : joinPath(here, path));
+std::error_code SourceWalk::enterFolder(const std::string& given) {
+    struct stat status;
+    if (stat(given.c_str(), &status) != 0) return {errno, std::generic_category()};
+    if (!S_ISDIR(status.st_mode)) return std::make_error_code(std::errc::not_a_directory);
+    std::error_code error;
+    const std::string path = std::filesystem::absolute(given, error);
+    // The working folder may be gone.
+    if (error) return error;
+    const auto folder = make<FolderItem>(path);
     root_ = folder->AbsolutePath();
     walk_.emplace(folder, [this](const FolderItem& item) {
         return !filter_.excludes(below(item.AbsolutePath()));
     });
+    return {};
 }
 
 // Nil where something can't be seen, and at the FOLDER's end, where walk_ goes.

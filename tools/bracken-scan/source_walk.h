@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "scan/open_folder.h"
@@ -43,7 +44,7 @@ class SourceWalk {
 
   private:
     void enterFolder();
-    void enterFolder(const std::string& path);
+    std::error_code enterFolder(const std::string& given);
     Ref<FolderItem> nextFile();
     Source sourceOf(const FolderItem& file, std::string_view below);
     // The path below the FOLDER; "" for the FOLDER itself.
