@@ -1,9 +1,9 @@
 #include "tools/bracken-scan/scan.h"
 
 #include <algorithm>
+#include <future>
 #include <mutex>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "scan/file_search.h"
@@ -70,15 +70,16 @@ class Scan {
 
 void scan(SourceWalk& walk, const Needles& needles, unsigned threads, Findings& findings) {
     Scan scan(walk, needles, findings);
-    std::vector<std::thread> others;
+    // What one of them throws is thrown here too, once all have ended.
+    std::vector<std::future<void>> others;
     try {
         while (others.size() + 1 < std::min(threads, maxThreads))
-            others.emplace_back([&] { scan.work(); });
+            others.push_back(std::async(std::launch::async, [&] { scan.work(); }));
     } catch (const std::system_error&) {
         // This thread does what they don't.
     }
     scan.work();
-    for (std::thread& other : others) other.join();
+    for (auto& other : others) other.get();
     for (const Unreadable& unreadable : walk.unreadable()) findings.addUnreadable(unreadable);
     findings.sort();
 }
