@@ -13,16 +13,16 @@ AllowList::AllowList(const std::optional<std::string>& file) {
     const std::string text = readFile(*file);
     for (const std::string_view line : linesOf(text)) {
         if (line.starts_with('#')) continue;
-        if (isGlob(line)) globs_.push_back(Lowercase(line));
+        if (isGlob(line)) globs_.emplace_back(line);
         names_.insert(Lowercase(line));
     }
 }
 
 bool AllowList::has(std::string_view table) const {
-    const std::string lower = Lowercase(table);
-    return names_.contains(lower) ||
-           std::any_of(globs_.begin(), globs_.end(),
-                       [&](const std::string& glob) { return globMatches(glob, lower); });
+    return names_.contains(Lowercase(table)) ||
+           std::any_of(globs_.begin(), globs_.end(), [&](const std::string& glob) {
+               return globMatches(glob, table, LetterCase::disregarded);
+           });
 }
 
 }  // namespace bracken::cli
