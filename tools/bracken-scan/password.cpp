@@ -39,7 +39,9 @@ class Unechoed {
 
 std::string typedLine() {
     const HeldInterrupt held;
+    // First, as that drops what was typed before it.
     const Unechoed unechoed;
+    std::fputs("Password: ", stderr);
     std::string line;
     char byte = 0;
     while (!interrupted()) {
@@ -52,7 +54,6 @@ std::string typedLine() {
 }
 
 std::string prompted() {
-    std::fputs("Password: ", stderr);
     std::string line = typedLine();
     std::fputs("\n", stderr);
     leaveIfInterrupted();

@@ -22,8 +22,8 @@ void prepare(const Options& options) {
 
 void connect(MySQLDatabase& server, const Options& options) {
     // By its name the library goes to the socket, whatever the port.
-    const bool byPort = options.port && equal(options.host, "localhost");
-    server.Host = byPort ? "127.0.0.1" : options.host;
+    const bool local = options.host.empty() || equal(options.host, "localhost");
+    server.Host = local && options.port ? "127.0.0.1" : options.host;
     server.UserName = options.user;
     server.Password = password(options);
     if (!server.Connect()) throw Failure(server.ErrorMessage);
