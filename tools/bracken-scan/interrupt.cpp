@@ -2,7 +2,9 @@
 
 #include <unistd.h>
 
+#include <atomic>
 #include <csignal>
+#include <cstring>
 
 #include "tools/bracken-scan/failure.h"
 
@@ -13,9 +15,15 @@ namespace {
 // Written by the handler.
 volatile std::sig_atomic_t held = 0;
 volatile std::sig_atomic_t seen = 0;
+// Read by it; null for none.
+std::atomic<const char*> lastWords = nullptr;
 
 void onInterrupt(int /*signal*/) {
-    if (held == 0 || seen != 0) _exit(Status::interrupted);
+    if (held == 0 || seen != 0) {
+        const char* text = lastWords;
+        if (text != nullptr) (void)!write(STDERR_FILENO, text, std::strlen(text));
+        _exit(Status::interrupted);
+    }
     seen = 1;
 }
 
@@ -29,6 +37,10 @@ void handleInterrupts() {
     action.sa_handler = onInterrupt;
     action.sa_flags = 0;
     sigaction(SIGINT, &action, nullptr);
+}
+
+void writeOnInterrupt(const char* text) {
+    lastWords = text;
 }
 
 bool interrupted() {

@@ -5,6 +5,8 @@ namespace bracken::cli {
 // Ctrl+C ends the process at once, with Status::interrupted, but while a HeldInterrupt lives; then
 // the second one does. Main thread.
 void handleInterrupts();
+// What to write to standard error then, null for nothing; a text that stays.
+void writeOnInterrupt(const char* text);
 
 // Whether there was one while it was held.
 bool interrupted();

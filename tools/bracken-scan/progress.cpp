@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "tools/bracken-scan/interrupt.h"
 #include "tools/bracken-scan/source_walk.h"
 
 namespace bracken::cli {
@@ -18,6 +19,7 @@ constexpr const char* clearLine = "\r\033[K";
 Progress::Progress(const Options& options, const SourceFilter& filter, const Findings& findings)
     : findings_(findings) {
     if (isatty(STDERR_FILENO) == 0) return;
+    writeOnInterrupt(clearLine);
     thread_ = std::thread([this, &options, &filter] { run(options, filter); });
 }
 
@@ -30,24 +32,30 @@ Progress::~Progress() {
     changed_.notify_one();
     thread_.join();
     std::fputs(clearLine, stderr);
+    writeOnInterrupt(nullptr);
 }
 
 void Progress::run(const Options& options, const SourceFilter& filter) {
     SourceWalk walk(options.folders, filter);
     uint64_t counted = 0;
     auto shown = std::chrono::steady_clock::now();
-    while (goesOn({}) && walk.next()) {
+    while (goesOn() && walk.next()) {
         counted++;
         if (std::chrono::steady_clock::now() - shown < frame) continue;
         show(0);
         shown = std::chrono::steady_clock::now();
     }
-    while (goesOn(frame)) show(counted);
+    while (goesOnAfterFrame()) show(counted);
 }
 
-bool Progress::goesOn(std::chrono::milliseconds wait) {
+bool Progress::goesOn() {
+    std::lock_guard guard(mutex_);
+    return !ended_;
+}
+
+bool Progress::goesOnAfterFrame() {
     std::unique_lock guard(mutex_);
-    return !changed_.wait_for(guard, wait, [this] { return ended_; });
+    return !changed_.wait_for(guard, frame, [this] { return ended_; });
 }
 
 void Progress::show(uint64_t total) const {

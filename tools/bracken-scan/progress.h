@@ -21,8 +21,8 @@ class Progress {
 
   private:
     void run(const Options& options, const SourceFilter& filter);
-    // Whether to go on, after a while or at once.
-    bool goesOn(std::chrono::milliseconds wait);
+    bool goesOn();
+    bool goesOnAfterFrame();
     // `total` is 0 while it is not known.
     void show(uint64_t total) const;
 
