@@ -5,6 +5,7 @@
 """
 
 import base64
+import concurrent.futures
 import fcntl
 import itertools
 import json
@@ -21,11 +22,22 @@ import reference
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "e2e"))
 import server as servers  # noqa: E402
+import waiting  # noqa: E402
 
 PROGRAM = None
+# Comes up while the rest is tested.
+SERVER = None
 NAMES = [b"users", b"user", b"Users", b"user_id", b"a", b"id", b"wp_", b"wp_posts", b"wp_id", b"old log",
          b"$x", b"x-y", b"z\0z", b"t\tb", b"\xff\xfe", b"gr\xc3\xbcn", b"nowhere", b"b\\s", b"q" * 64]
+EDGE_NAMES = [b"user", b"q" * 64]
 UNESCAPED = {b"\\\\": b"\\", b"\\t": b"\t", b"\\n": b"\n", b"\\r": b"\r"}
+
+
+def setUpModule():
+    global SERVER
+    server = servers.Server()
+    SERVER = unittest.enterModuleContext(concurrent.futures.ThreadPoolExecutor()).submit(server.__enter__)
+    unittest.addModuleCleanup(lambda: SERVER.exception() or server.__exit__())
 
 
 def run(*arguments, names=None, cwd=None, **environment):
@@ -54,7 +66,7 @@ def pairs_of_json(text):
 
 
 def plant(root, rng):
-    """A tree of what is nasty: odd names, links in circles, names across pieces and at edges."""
+    """A tree of what is nasty: odd names, links in circles."""
     pieces = [b" ", b"\n", b"_", b"$", b"0", b"-", b"\xff", b"\0", b"USER", b"User_Id", b"posts", b"wp_",
               *NAMES]
     folders = [b"", b".hidden", b"b", b"b/deep", b"b/deep/.git", b"vendor", b"vendor/lib", b"z\n\t\\"]
@@ -63,12 +75,6 @@ def plant(root, rng):
         for name in [b"a.php", b".b.PHP", b"c", b"d.php5", b"e.", b"f.tar.gz", b"\xff.js", b"[x].js"]:
             text = b"".join(rng.choice(pieces) for _ in range(rng.randint(0, 30)))
             pathlib.Path(os.fsdecode(os.path.join(root, folder, name))).write_bytes(text)
-    for number, name, piece in itertools.product(range(-1, 2), [b"user", b"q" * 64], (4096, 262144)):
-        # The name lies across the edge, and ends or begins there or nearly so.
-        for before, after in itertools.product((len(name) // 2, len(name) + 1, 1), (b"", b"s", b" ")):
-            path = os.path.join(root, b"b", b"%d-%d-%d-%d%s" % (piece, number, len(name), before, after))
-            with open(path, "wb") as file:
-                file.write(b"." * (piece + number - before) + b" " + name + after)
     for link, target in [(b"0link", b"b"), (b"b/up", b".."), (b"b/deep/other", b"../../vendor"),
                          (b"vendor/self", b"."), (b"gone", b"nothing"), (b"zfile", b"b/a.php"),
                          (b"zz", b"b/deep/.git")]:
@@ -76,14 +82,24 @@ def plant(root, rng):
     os.mkfifo(os.path.join(root, b"pipe"))
 
 
+def plant_edges(root):
+    """Names across the edges of what is read at a time, and that end or begin there or nearly so."""
+    os.mkdir(root)
+    for name, piece, after in itertools.product(EDGE_NAMES, (4096, 262144), (b"", b"s", b" ")):
+        for before in {0, 1, 2, len(name) - 1, len(name), len(name) + 1}:
+            with open(os.path.join(root, b"%d-%d-%d%s" % (piece, len(name), before, after)), "wb") as file:
+                file.write(b"." * (piece - 1 - before) + b" " + name + after)
+
+
 class Answers(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.folder = cls.enterClassContext(tempfile.TemporaryDirectory(prefix="bracken-scan-"))
-        plant(os.fsencode(cls.folder), random.Random(17))
+        cls.root = os.fsencode(cls.folder) + b"/tree"
+        plant(cls.root, random.Random(17))
 
     def test_pairs_are_those_of_a_plain_loop(self):
-        root = os.fsencode(self.folder)
+        root = self.root
         globs = [["vendor"], ["*.git"], ["b/*", "?.php"], [".*", "[[]x*"], ["0link", "b\\deep"], ["[!a-z]*"]]
         cases = [([root], {}), ([root], {"whole": True}), ([root], {"prefix": b"wp_", "whole": True}),
                  ([root + b"/b//", root, root + b"/b/deep"], {"prefix": b"wp_"}),
@@ -108,11 +124,19 @@ class Answers(unittest.TestCase):
                 done = run("--tables=-", "--format=json", *options, *folders, names=b"\n".join(NAMES))
                 self.assertEqual(pairs_of_json(done.stdout), expected)
 
+    def test_names_at_edges(self):
+        root = os.fsencode(self.folder) + b"/edges"
+        plant_edges(root)
+        for whole in False, True:
+            options = ["--whole-names"] if whole else []
+            done = run("--tables=-", "--format=tsv", *options, root, names=b"\n".join(EDGE_NAMES))
+            self.assertEqual(pairs_of(done.stdout), reference.pairs([root], EDGE_NAMES, whole=whole))
+
 
 class Uses(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix="bracken-scan-")))
-        for path, text in {"src/a.php": "users", "src/b.js": "orders USERS", "allow": "# users\n\nTMP_?\r\n",
+        for path, text in {"src/a.php": "users", "src/b.js": "orders USERS", "allow": "# users\n\nTMP[Z-a]?\r\n",
                            "names": "users\r\n\n\r\nusers\ntmp_1\nold"}.items():
             (self.folder / path).parent.mkdir(exist_ok=True)
             (self.folder / path).write_text(text, newline="")
@@ -159,12 +183,14 @@ class Uses(unittest.TestCase):
             "type": "summary", "tables": 3, "unused": 1, "allowed": 1, "files": 1, "bytes": 5, "filtered": 1,
             "unreadable": [{"path": "none", "reason": "No such file or directory"}]})
 
-    def test_file_beyond_31_bits(self):
+    def test_interrupt_in_a_file_of_40_bits(self):
         with open(self.folder / "src/big", "wb") as file:
-            file.seek(2**31)
-            file.write(b" tmp_1")
-        done = self.scan("--tables=names", "--format=tsv", "--whole-names", "src")
-        self.assertEqual(done.stdout, b"users\ta.php\nusers\tb.js\ntmp_1\tbig\nold\t\n")
+            file.truncate(2**40)
+        process = subprocess.Popen([PROGRAM, "--tables=names", "src"], cwd=self.folder, stdout=subprocess.PIPE)
+        count = pathlib.Path(f"/proc/{process.pid}/io")
+        waiting.wait_for(lambda: int(count.read_text().split()[1]) > 2**22, "so much of it to be read", 20)
+        process.send_signal(signal.SIGINT)
+        self.assertEqual((process.communicate()[0], process.returncode), (b"", 130))
 
     def test_text(self):
         plain = self.scan("--tables=names", "--allow=allow", "--unused", "src").stdout
@@ -190,8 +216,8 @@ class Uses(unittest.TestCase):
             self.assertEqual((process.wait(), process.stderr.read()), (status, b""))
             process.stderr.close()
 
-    def test_server(self):
-        server = self.enterContext(servers.Server())
+    def test_with_server(self):
+        server = SERVER.result()
         server.run("create database `a``b`; use `a``b`; create table users (i int); create table `x y` (i int);"
                    "create view seen as select 1; create database empty")
         (self.folder / "password").write_text(servers.PASSWORD + "\n")
