@@ -5,7 +5,6 @@
 """
 
 import base64
-import concurrent.futures
 import fcntl
 import itertools
 import json
@@ -21,23 +20,13 @@ import unittest
 import reference
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "e2e"))
-import server as servers  # noqa: E402
 import waiting  # noqa: E402
 
 PROGRAM = None
-# Comes up while the rest is tested.
-SERVER = None
 NAMES = [b"users", b"user", b"Users", b"user_id", b"a", b"id", b"wp_", b"wp_posts", b"wp_id", b"old log",
          b"$x", b"x-y", b"z\0z", b"t\tb", b"\xff\xfe", b"gr\xc3\xbcn", b"nowhere", b"b\\s", b"q" * 64]
 EDGE_NAMES = [b"user", b"q" * 64]
 UNESCAPED = {b"\\\\": b"\\", b"\\t": b"\t", b"\\n": b"\n", b"\\r": b"\r"}
-
-
-def setUpModule():
-    global SERVER
-    server = servers.Server()
-    SERVER = unittest.enterModuleContext(concurrent.futures.ThreadPoolExecutor()).submit(server.__enter__)
-    unittest.addModuleCleanup(lambda: SERVER.exception() or server.__exit__())
 
 
 def run(*arguments, names=None, cwd=None, **environment):
@@ -215,24 +204,6 @@ class Uses(unittest.TestCase):
             process.stdout.close()
             self.assertEqual((process.wait(), process.stderr.read()), (status, b""))
             process.stderr.close()
-
-    def test_with_server(self):
-        server = SERVER.result()
-        server.run("create database `a``b`; use `a``b`; create table users (i int); create table `x y` (i int);"
-                   "create view seen as select 1; create database empty")
-        (self.folder / "password").write_text(servers.PASSWORD + "\n")
-        login = [f"--socket={server.socket}", f"--user={servers.USER}", "--format=tsv"]
-        right = {"BRACKEN_PASSWORD": servers.PASSWORD}
-        for status, said, options, environment in [
-                (1, b"seen\t\nusers\ta.php\nusers\tb.js\nx y\t\n", ["--database=a`b"], right),
-                (1, b"seen\t\nx y\t\n", ["--database=a`b", "--password-file=password", "--unused"],
-                 {"BRACKEN_PASSWORD": "wrong"}),
-                (2, b"Access denied", ["--database=a`b"], {}), (2, b"holds no table", ["--database=empty"], right),
-                (2, b"Unknown database", ["--database=none"], right)]:
-            with self.subTest(options):
-                done = self.scan(*login, *options, "src", names=b"", **environment)
-                self.assertEqual(done.returncode, status, done.stderr)
-                self.assertIn(said, done.stdout or done.stderr)
 
 
 if __name__ == "__main__":
