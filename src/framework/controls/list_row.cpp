@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "framework/containers/byte_buffer.h"
+#include "framework/controls/byte_buffer.h"
 
 namespace bracken {
 

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <utility>
 
+#include "framework/text/ascii.h"
 #include "framework/text/text.h"
 
 namespace bracken {
@@ -11,8 +12,7 @@ namespace bracken {
 namespace {
 
 unsigned char lower(char letter) {
-    auto byte = static_cast<unsigned char>(letter);
-    return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte | 0x20) : byte;
+    return static_cast<unsigned char>(asciiLower(letter));
 }
 
 // By bytes without letter case.

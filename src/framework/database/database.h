@@ -13,7 +13,7 @@ class DatabaseCursor;
 
 // One synchronous connection to a database server. All calls come from one thread at a time,
 // holding the baton; a call that waits for the server gives the baton up meanwhile (see
-// threads/blocking.h). Text is the server's bytes.
+// threads/without_baton.h). Text is the server's bytes.
 class Database {
   public:
     virtual ~Database() = default;
