@@ -17,10 +17,7 @@ void viewData(class winResults& window, ResultButton& button) {
     button.LockLeft = button.LockBottom = true;
     button.Caption = "View Data";
     button.Action = [&window] { butViewData_Action(window); };
-    button.update = [&window, &button](ResultsEvent event) {
-        if (event == ResultsEvent::selectionChanged)
-            button.Enabled = window.lstResults.ListIndex >= 0;
-    };
+    button.enableWithSelection(window);
 }
 
 }  // namespace bracken

@@ -9,6 +9,12 @@ namespace bracken {
 ResultButton::ResultButton(class winResults& window, std::string name, SetUp& setUp)
     : PushButton(window, std::move(name)), setUp_(setUp) {}
 
+void ResultButton::enableWithSelection(const class winResults& window) {
+    update = [this, &window](ResultsEvent event) {
+        if (event == ResultsEvent::selectionChanged) Enabled = window.lstResults.ListIndex >= 0;
+    };
+}
+
 void ResultButton::enableBetweenRuns(const class winResults& window) {
     update = [this, &window](ResultsEvent event) {
         if (event == ResultsEvent::runFinished) Enabled = true;

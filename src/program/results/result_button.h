@@ -24,6 +24,8 @@ class ResultButton : public PushButton {
     // Enables or disables the button, or leaves it as it is. Must not yield.
     std::function<void(ResultsEvent)> update;
 
+    // For what acts on the selected row: enabled while there is one.
+    void enableWithSelection(const class winResults& window);
     // For what reads the whole list: enabled while no run changes it.
     void enableBetweenRuns(const class winResults& window);
 
