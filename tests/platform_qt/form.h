@@ -32,7 +32,7 @@ class Form : public Window {
     void Layout() override {
         Title = "Form";
         Width = 300;
-        Height = 300;
+        Height = 10 + 25 * static_cast<int>(controls().size());
     }
     void CreateControls() override {
         int top = 5;

@@ -11,9 +11,9 @@ namespace bracken {
 // - The program ends when no window is open and no run is alive.
 void handleEvent(const std::function<void()>& work);
 
-// The same for what the user does to start something: a press, a choice, the close box. Dropped
-// when MainThreadCalls::dropsActions() says so: the toolkit may let it through all the same, for
-// assistive programs and just before a run's box comes up.
+// The same for what the user does to start something and what leaves its widget as it is: a press,
+// the close box. Dropped when MainThreadCalls::dropsActions() says so: the toolkit may let it
+// through all the same, for assistive programs and just before a run's box comes up.
 void handleAction(const std::function<void()>& work);
 
 }  // namespace bracken
