@@ -114,14 +114,9 @@ class Desktop:
 
     def column(self, window, x):
         """The colours down a column of pixels of the window, as bytes by pixel."""
-        return [row[0] for row in self.area(window, x, 0, 1, self.frame(window)[3])]
-
-    def area(self, window, left, top, width, height):
-        """The colours of a part of the window, as rows of pixels of three bytes."""
         seen = self.ask("import", "-silent", "-window", str(window), "-crop",
-                        f"{width}x{height}+{left}+{top}", "-depth", "8", "rgb:-")
-        pixels = [seen[at:at + 3] for at in range(0, len(seen), 3)]
-        return [pixels[at:at + width] for at in range(0, len(pixels), width)]
+                        f"1x{self.frame(window)[3]}+{x}+0", "-depth", "8", "rgb:-")
+        return [seen[at:at + 3] for at in range(0, len(seen), 3)]
 
     def set_clipboard(self, text):
         subprocess.run(["xclip", "-selection", "clipboard", "-in"], env=self.environment, input=text,
