@@ -3,7 +3,7 @@
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 from waiting import wait_for  # noqa: E402
 
 
@@ -36,9 +36,13 @@ class Reader:
                 yield from self._below(child)
 
     def find(self, role, name, named=Atspi.Accessible.get_name):
-        found = (lambda: [node for node in self._below(self.program)
-                          if node.get_role_name() == role and named(node) == name])
-        return wait_for(found, f'a {role} "{name}"')[0]
+        def found():
+            try:
+                return next((node for node in self._below(self.program)
+                             if node.get_role_name() == role and named(node) == name), None)
+            except GLib.GError:
+                return None  # A window went in between.
+        return wait_for(found, f'a {role} "{name}"')
 
     def fill(self, role, name, text):
         Atspi.EditableText.set_text_contents(self.find(role, name, label), text)

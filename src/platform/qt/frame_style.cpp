@@ -1,5 +1,6 @@
 #include "platform/qt/frame_style.h"
 
+#include <QProxyStyle>
 #include <QStyleOption>
 #include <optional>
 
@@ -37,7 +38,11 @@ bool drawWithWindow(const QStyleOption* option, const QColor& window, const Draw
     return true;
 }
 
-}  // namespace
+class FrameStyle : public QProxyStyle {
+  public:
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+};
 
 void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
@@ -48,6 +53,12 @@ void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     const bool done = window && (drawWithWindow<QStyleOptionButton>(option, *window, draw) ||
                                  drawWithWindow<QStyleOptionFrame>(option, *window, draw));
     if (!done) draw(option);
+}
+
+}  // namespace
+
+QStyle* makeFrameStyle() {
+    return new FrameStyle;
 }
 
 }  // namespace bracken

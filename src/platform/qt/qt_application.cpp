@@ -28,7 +28,7 @@ QtApplication::QtApplication(int& argc, char** argv) : QApplication(argc, argv) 
     setQuitOnLastWindowClosed(false);
     // As part of an event: the end of one with no window open would end the program.
     QScopedValueRollback<bool> starting(handling_, true);
-    setStyle(new FrameStyle);
+    setStyle(makeFrameStyle());
     // The layout is fixed, the texts are English, and from the right the slashes of a path would
     // change places.
     setLayoutDirection(Qt::LeftToRight);
