@@ -88,6 +88,12 @@ void SmartSplitter::Event_Paint(class Graphics& g) {
     if (Paint) Paint(g);
 }
 
+std::optional<Canvas::Track> SmartSplitter::track() {
+    if (conceal) return std::nullopt;
+    const int present = position();
+    return Track{MinLimit == limitNotDerived ? 0 : MinLimit, MaxLimit, present, isVertical};
+}
+
 void SmartSplitter::Event_MouseEnter() {
     assignCursor();
     if (MouseEnter) MouseEnter();

@@ -84,6 +84,8 @@ class SmartSplitter : public Canvas {
     bool Event_MouseDown(int x, int y) override;
     void Event_Open() override;
     void Event_Paint(class Graphics& g) override;
+    // Nothing while it is concealed.
+    std::optional<Track> track() override;
 
     // Attaches every control of the window that touches it.
     virtual void attachNearbyControls();

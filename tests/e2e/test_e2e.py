@@ -5,7 +5,6 @@
 """
 
 import pathlib
-import shutil
 import stat
 import sys
 import tempfile
@@ -75,31 +74,6 @@ class Road(unittest.TestCase):
         results = program.window("Results")
         wait_for(lambda: self.desktop.frame(results) == left, f"the frame {left}")
         program.answer_box()
-        self.quit(program)
-
-    def test_folder_that_has_gone(self):
-        gone = pathlib.Path(shutil.copytree(self.chosen.sources, self.home.folder / "sources",
-                                            symlinks=True))
-        self.home.remember(programs.settings_text(gone, "", self.chosen.database))
-        shutil.rmtree(gone)
-        program = self.start()
-        login = programs.LoginWindow(program)
-        login.connect("folder")
-        login.go()
-        program.answer_box()
-        results = self.run_to_the_end(program)
-        self.assertEqual({row[1] for row in results.rows()}, {b"Not Found Yet"})
-        self.quit(program)
-
-    def test_refused_login(self):
-        self.remember()
-        text = self.home.settings.read_text()
-        self.home.settings.write_text(text.replace("biscuits", "wrong"))
-        program = self.start()
-        login = programs.LoginWindow(program)
-        login.press(programs.CONNECT)
-        program.answer_box()
-        self.assertEqual(login.stage(), "login")
         self.quit(program)
 
 

@@ -4,9 +4,7 @@
     test_script.py PROGRAM [UNITTEST-ARGUMENT...]
 """
 
-import itertools
 import pathlib
-import re
 import sys
 import unittest
 
@@ -157,62 +155,6 @@ class DividerTest(Scripts):
         self.select("user")
         self.press(NOT_FOUND_ONLY)
         self.failing("none", lambda: self.press(SCRIPT))
-
-
-def runs(signs):
-    """Each of a kind in a row once: letters plain (p) and marked (m) along a line."""
-    return "".join(sign for sign, _ in itertools.groupby(signs))
-
-
-def wanted(line, name):
-    """The runs of a line of text. The bytes of a name are sought, in any case of ASCII letters."""
-    return runs("m" if sign == "\0" else "p" for sign in
-                re.sub(re.escape(name), "\0", line, flags=re.IGNORECASE) if sign != " ")
-
-
-def along(line):
-    """The same, as seen in the rows of pixels of a line."""
-    kinds = ({"m" if red > green else "p" for red, green, _ in column if green < 128}
-             for column in zip(*line))
-    return runs("".join(kind) for kind in kinds if len(kind) == 1)
-
-
-class KindsOfTextTest(Scripts):
-    """Lines that begin or end with the name, or one letter beside it, so that a mark that is off
-    shows; but for the first, where the caret stands."""
-
-    lines = "none\n\n{0}\n\ns{0}\n\n{0}s\n\nat the end: s{0}s\n\n{0}{0}\n\nlast: {0}"
-    big = "none\n\n" + "".join(
-        f"{n:06}{'.' * 87}s{{0}}\n\n{{0}}s{' ' * 93}\n\n" for n in range(50000)) + "last\n"
-    texts = {"item": big.replace("{0}", "item"), "ledger": lines.format("Ledger"),
-             "nil": lines.format("NIL\0").replace("at", "\0\0"),
-             "note": lines.format("note").replace("e end", "é ünd"),
-             "größe": lines.format("größe"), "заказ": lines.format("заказ")}
-    names = sorted(texts)
-    tables = "".join(f"create table `{name}` (id int);" for name in names)
-    sources = {f"{number}.php": text.encode("latin-1" if "é" in text else "utf-8")
-               for number, text in enumerate(texts.values())}
-
-    def seen(self):
-        """The runs of each line that the window shows."""
-        rows = self.desktop.area(self.window, 12, self.menu() + 152, 730, 438)
-        lines = itertools.groupby(rows, lambda row: len(set(row)) > 1)
-        return [along(line) for inked, line in lines if inked]
-
-    def test_marks(self):
-        for name, text in self.texts.items():
-            shown = text.replace("\0", "\u2400")
-            lines = [wanted(line, name) for line in shown.split("\n") if line]
-            self.view(name)
-            self.assertEqual(self.text(0), shown.encode(), name)
-            self.desktop.keys("ctrl+Home")
-            wait_for(lambda: self.seen()[:13] == lines[:13], f"the marks of {name}")
-            self.picture(f"script-{self.names.index(name)}")
-            if len(lines) > 13:
-                self.desktop.keys("ctrl+End")
-                wait_for(lambda: self.seen()[-9:] == lines[-9:], f"the last of {name}")
-            self.desktop.keys("ctrl+w")
-            self.gone(self.window)
 
 
 if __name__ == "__main__":

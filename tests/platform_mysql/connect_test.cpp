@@ -1,17 +1,37 @@
+#include <filesystem>
+
+#include "platform/mysql/server_address.h"
 #include "tests/platform_mysql/mysql_test.h"
 
 namespace bracken::test {
 
 namespace {
 
+using namespace std::string_literals;
+
 class ConnectTest : public MySQLTest {};
 
 TEST_F(ConnectTest, ReachesTheServerBySocketAndByPort) {
-    for (const char* host : {"localhost", "127.0.0.1"}) {
+    const std::string port = ":" + std::to_string(server().port());
+    const std::string path = server().folder() + "/a=b;c:1,d";
+    std::filesystem::create_symlink(server().socket(), path);
+    for (const auto& [host, bySocket] : {std::pair("localhost"s, true),
+                                         {" localhost\n", true},
+                                         {path, true},
+                                         {"127.0.0.1", false},
+                                         {"\t127.0.0.1" + port, false},
+                                         {"localhost" + port + " ", false}}) {
         MySQLDatabase database;
         connect(database, "root", "", host);
-        EXPECT_EQ(select(database, "select @@pid_file"),
-                  (std::vector<Row>{{server().folder() + "/pid"}}));
+        EXPECT_EQ(select(database,
+                         "select @@pid_file, host = 'localhost' "
+                         "from information_schema.processlist where id = connection_id()"),
+                  (std::vector<Row>{{server().folder() + "/pid", bySocket ? "1" : "0"}}));
+    }
+    for (const std::string& elsewhere : {"localhost:1"s, path + "e"}) {
+        MySQLDatabase database;
+        database.Host = elsewhere;
+        EXPECT_FALSE(database.Connect()) << elsewhere;
     }
 }
 
@@ -45,19 +65,36 @@ TEST_F(ConnectTest, NameThatResolvesToNothing) {
         << database.ErrorMessage;
 }
 
-// To the library each of these would be options, a list of hosts or a plug-in.
-TEST_F(ConnectTest, HostsThatAreNoHostsAreRefused) {
-    const std::string socketOption = "socket=" + server().socket();
-    for (const std::string& host :
-         {socketOption, std::string("localhost;user=root"), std::string("localhost,127.0.0.1"),
-          std::string("replication://localhost")}) {
-        MySQLDatabase database;
-        database.Host = host;
-        database.UserName = "root";
-        EXPECT_FALSE(database.Connect()) << host;
-        EXPECT_EQ(database.ErrorMessage.find("\"" + host + "\" is not a host name"), 0)
-            << database.ErrorMessage;
+TEST_F(ConnectTest, HostsAreReadAsNameAndPortOrSocket) {
+    const auto read = [](const std::string& host) {
+        ServerAddress address;
+        if (readAddress(host, address)) return "refused"s;
+        return address.name + "|" + std::to_string(address.port) + "|" + address.socket;
+    };
+    for (const auto& [host, wanted] : {std::pair("db", "db|0|"),
+                                       {"db:1", "db|1|"},
+                                       {"db:65535", "db|65535|"},
+                                       {"::1", "::1|0|"},
+                                       {"fe80::1%eth0", "fe80::1%eth0|0|"},
+                                       {"[::1]", "::1|0|"},
+                                       {" [::1]:3307 ", "::1|3307|"},
+                                       {"/run/a b:3,=;", "|0|/run/a b:3,=;"}}) {
+        EXPECT_EQ(read(host), wanted) << host;
     }
+    // To the library some of these would be options, a list of hosts or a plug-in.
+    for (const char* host :
+         {"", " ", "db:0", "db:65536", "db:4294967297", "db:", "db:3x", "db:-1", ":3306", "[::1",
+          "[]", "[::1]3306", "[::1]:0", "socket=/s", "db;user=root", "a,b", "replication://db"}) {
+        EXPECT_EQ(read(host), "refused") << host;
+    }
+    MySQLDatabase database;
+    database.Host = " db:70000";
+    EXPECT_FALSE(database.Connect());
+    EXPECT_EQ(database.ErrorMessage,
+              "\"db:70000\" is not a host name: the port must be a number from 1 to 65535.");
+    database.Host = "/" + std::string(200, 'x');
+    EXPECT_FALSE(database.Connect());
+    EXPECT_NE(database.ErrorMessage.find("at most 107 bytes"), std::string::npos);
 }
 
 TEST_F(ConnectTest, DatabaseIsChosenOnTheLiveConnectionOnly) {

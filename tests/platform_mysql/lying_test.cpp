@@ -166,20 +166,28 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Combine(testing::Values("caching_sha2_password", "sha256_password"), testing::Bool()));
 
 TEST_P(Sha2Test, ThePasswordGoesOutInTlsAndOnTheLocalSocketOnly) {
-    for (const std::string& way : {"plain"s, "TLS"s, "local"s}) {
-        SCOPED_TRACE(way);
-        const bool safe = way != "plain";
+    const std::string address = LyingServer::host;
+    const std::string port = ":" + std::to_string(server().port());
+    for (const auto& [host, tls] : {std::pair(address, false),
+                                    {address + port, false},
+                                    {address, true},
+                                    {address + port, true},
+                                    {"localhost", false},
+                                    {server().socket(), false}}) {
+        SCOPED_TRACE(host + (tls ? " by TLS" : ""));
+        const bool local = !host.starts_with(address);
+        const bool safe = tls || local;
         gotPassword = false;
-        database.Host = way == "local" ? "localhost" : LyingServer::host;
+        database.Host = host;
         std::string got;
-        LyingServer server(
-            [&](Peer& peer) {
-                got = extort(peer, way == "TLS");
+        LyingServer liar(
+            [&, tls = tls](Peer& peer) {
+                got = extort(peer, tls);
                 peer.sendOk();
             },
-            database.Host);
+            local ? "localhost" : address);
         EXPECT_EQ(database.Connect(), safe) << database.ErrorMessage;
-        server.received();
+        liar.received();
         EXPECT_EQ(gotPassword, safe);
         EXPECT_EQ(got.empty(), !safe);
         EXPECT_EQ(database.ErrorMessage.starts_with("The password was not sent: "), !safe);

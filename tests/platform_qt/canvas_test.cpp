@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QPixmap>
 
 #include "splitter/smart_splitter.h"
@@ -96,6 +97,34 @@ TEST_F(CanvasWidget, ADragGoesOnWhereNothingIsLeftToSee) {
     QTest::mouseRelease(window, Qt::LeftButton, {}, at(155));
     QTest::mouseMove(window, at(180));
     EXPECT_EQ(panes.upright.Left, 150);
+}
+
+// From the end of the track a single step would snap back.
+TEST_F(CanvasWidget, KeysAndAssistiveProgramsMoveADivider) {
+    Panes& panes = open<Panes>();
+    panes.upright.setMinLimitOffset(60);
+    panes.upright.setMaxLimitOffset(0);
+    QWidget& divider = widget(panes.upright);
+    auto* accessible = QAccessible::queryAccessibleInterface(&divider);
+    ASSERT_EQ(accessible->role(), QAccessible::Splitter);
+    auto& value = *accessible->valueInterface();
+    EXPECT_EQ(value.minimumValue().toInt(), -13);
+    EXPECT_EQ(value.maximumValue().toInt(), 413);
+    value.setCurrentValue(-10);
+    for (auto [key, left] : {std::pair(Qt::Key_Left, -13),
+                             {Qt::Key_Down, -13},
+                             {Qt::Key_Right, 47},
+                             {Qt::Key_Right, 57},
+                             {Qt::Key_Left, 47}}) {
+        QTest::keyClick(&divider, key);
+        EXPECT_EQ(panes.upright.Left, left);
+        EXPECT_EQ(value.currentValue().toInt(), left);
+        EXPECT_EQ(panes.min.Width, left);
+        showFrame(panes);
+        EXPECT_EQ(divider.focusPolicy(), left < 0 ? Qt::NoFocus : Qt::TabFocus);
+    }
+    QTest::keyClick(&widget(panes.lying), Qt::Key_Up);
+    EXPECT_EQ(panes.lying.Top, 290);
 }
 
 TEST_F(CanvasWidget, HasItsPointerAndIsActiveWithItsWindow) {

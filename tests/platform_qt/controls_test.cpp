@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -31,9 +32,36 @@ TEST_F(Controls, PlaceAndVisibilityFollowTheModel) {
     waitFor([&] { return button.size() == QSize(0, 0); });
 }
 
+TEST_F(Controls, AssistiveProgramsGetRolesNamesAndLabels) {
+    form.button.toolTip = std::string("a & <b>");
+    showFrame(form);
+    form.Title = std::string("Form");
+    waitFor([&] { return viewOf(form)->windowTitle() == QStringLiteral("Form"); });
+    struct Case {
+        QWidget& widget;
+        QAccessible::Role role;
+        const char *name, *label, *description;
+    };
+    for (const Case& c : {Case{*viewOf(form), QAccessible::Window, "Form", "", ""},
+                          {widget(form.field), QAccessible::EditableText, "Host", "Host", ""},
+                          {widget(form.password), QAccessible::EditableText, "Form", "", ""},
+                          {widget(form.list), QAccessible::Table, "Form", "", ""},
+                          {widget(form.popup), QAccessible::ComboBox, "Choice", "Choice", ""},
+                          {widget(form.button), QAccessible::Button, "", "", "a & <b>"},
+                          {widget(form.bar), QAccessible::ProgressBar, "Progress", "", ""},
+                          {widget(form.wheel), QAccessible::Animation, "Busy", "", ""}}) {
+        auto& seen = *QAccessible::queryAccessibleInterface(&c.widget);
+        std::string label;
+        for (auto& [other, is] : seen.relations(QAccessible::Label))
+            label += other->text(QAccessible::Name).toStdString();
+        EXPECT_EQ(seen.role(), c.role) << c.widget.objectName().toStdString();
+        EXPECT_EQ(seen.text(QAccessible::Name).toStdString(), c.name);
+        EXPECT_EQ(label, c.label) << c.widget.objectName().toStdString();
+        EXPECT_EQ(seen.text(QAccessible::Description).toStdString(), c.description);
+    }
+}
+
 TEST_F(Controls, CaptionsAreLiteralAndFit) {
-    EXPECT_EQ(widget(form.field).accessibleName(), QStringLiteral("Host"));
-    EXPECT_EQ(widget(form.password).accessibleName(), QStringLiteral("Form")) << "no empty name";
     form.label.Caption = "k\xe4se & <b>";
     form.box.Caption = "This & th\u00e4t";
     form.box.Value = true;
@@ -50,17 +78,29 @@ TEST_F(Controls, CaptionsAreLiteralAndFit) {
     EXPECT_LE(button.fontMetrics().height(), 20);
 }
 
-TEST_F(Controls, ABoxIsVisibleOnADarkPalette) {
-    auto& box = widget<QCheckBox>(form.box);
-    const QColor dark(53, 53, 53);
-    QPalette palette(dark);
-    palette.setColor(QPalette::Base, QColor(42, 42, 42));
-    box.setPalette(palette);
-    QImage image = box.grab({0, 0, 14, box.height()}).toImage();
-    double best = 1;
-    for (int y = 0; y < image.height(); y++)
-        best = std::max(best, contrast(image.pixelColor(image.width() / 2, y), dark));
-    EXPECT_GT(best, 3);
+TEST_F(Controls, FramesAreVisibleOnLightOnDarkAndOnBlack) {
+    QWidget& box = widget(form.box);
+    struct Case {
+        QWidget& widget;
+        int window, base;
+    };
+    for (auto [framed, window, base] : {Case{box, 53, 42},
+                                        {box, 239, 255},
+                                        {box, 0, 0},
+                                        {widget(form.field), 0, 0},
+                                        {widget(form.list), 0, 0},
+                                        {widget(form.popup), 0, 0},
+                                        {widget(form.go), 0, 0}}) {
+        const QColor ground(window, window, window);
+        QPalette palette(ground);
+        palette.setColor(QPalette::Base, QColor(base, base, base));
+        framed.setPalette(palette);
+        QImage image = framed.grab({0, 0, 14, framed.height()}).toImage();
+        double best = 1;
+        for (int y = 0; y < image.height(); y++)
+            best = std::max(best, contrast(image.pixelColor(image.width() / 2, y), ground));
+        EXPECT_GT(best, 3) << framed.objectName().toStdString() << window;
+    }
 }
 
 class Labelled : public Window {

@@ -11,7 +11,6 @@
 #include "framework/threads/without_baton.h"
 #include "framework/windows/event.h"
 #include "platform/qt/qt_application.h"
-#include "platform/qt/save_dialog.h"
 #include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
 
@@ -98,12 +97,6 @@ TEST_F(Dialogs, ALongTextIsPlainAndStaysUsable) {
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             box.reject();
         });
-}
-
-TEST_F(Dialogs, TheSaveDialogShowsItsTexts) {
-    SaveDialog dialog({"/", "Export as CSV", "Save File", "results.csv", "csv"});
-    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Export as CSV"));
-    EXPECT_EQ(dialog.labelText(QFileDialog::FileName), QStringLiteral("Save File"));
 }
 
 TEST_F(Dialogs, KillingARunClosesItsBox) {

@@ -42,6 +42,7 @@ class Form : public Window {
         }
         label.Caption = "Host";
         password.Password = true;
+        popup.accessibleName = "Choice";
         go.Default = true;
         box.TabIndex = 2;
     }

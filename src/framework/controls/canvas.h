@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "framework/controls/control.h"
 #include "framework/graphics/picture.h"
 
@@ -31,6 +33,18 @@ class Canvas : public RectControl {
     virtual void Event_MouseUp(int /*x*/, int /*y*/) {}
     virtual void Event_Paint(class Graphics& /*g*/) {}
 
+    // Where a canvas that the user drags along a line may go, in the window's pixels, as a divider
+    // does.
+    struct Track {
+        int min;
+        int max;
+        int position;
+        // Left and right, else up and down.
+        bool sideways;
+    };
+    // Nothing for one that stays where it is.
+    virtual std::optional<Track> track() { return std::nullopt; }
+
     // Paints again: clear pixels of the control's size, then Event_Paint. Valid until the next
     // call.
     const Pixels& paint();
@@ -41,8 +55,14 @@ class Canvas : public RectControl {
     void userPressed(int x, int y);
     void userDragged(int x, int y);
     void userReleased(int x, int y);
+    // The same without a mouse, each as a drag of its own. A canvas without a track ignores them.
+    void userMovedTo(int position);
+    // Moves it by `pixels`, or by as many times that as it takes to get away from where it is.
+    void userStepped(int pixels);
 
   private:
+    void drag(const Track& track, int pixels);
+
     Pixels pixels_;
     bool claimed_ = false;
 };

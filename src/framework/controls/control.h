@@ -73,6 +73,9 @@ class RectControl : public Control {
     int TabPanelIndex = 0;
     // Order for the Tab key; -1: that of creation.
     int TabIndex = -1;
+    // What screen readers call one without a caption; empty: as the label beside it says, else as
+    // the window's title.
+    std::string accessibleName;
 
     void place(int left, int top, int width, int height);
     // Repaints the control with the next frame.

@@ -58,9 +58,23 @@ void configureSocket(MYSQL* handle) {
     setOption(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, deadPeerMilliseconds);
 }
 
-std::string timedOut(const std::string& host, std::chrono::milliseconds timeout) {
-    return "Can't connect to server on '" + host + "': no answer within " +
+std::string timedOut(const ServerAddress& server, std::chrono::milliseconds timeout) {
+    return "Can't connect to server on '" + server.name + server.socket + "': no answer within " +
            std::to_string(std::chrono::ceil<std::chrono::seconds>(timeout).count()) + " s";
+}
+
+// By the name "localhost" the library goes to a socket, its own default one if none is given and in
+// spite of a port.
+bool reach(MYSQL* handle, const ServerAddress& server, const std::string& user,
+           const std::string& password) {
+    const bool bySocket = !server.socket.empty();
+    unsigned tcp = MYSQL_PROTOCOL_TCP;
+    if (server.port != 0) mysql_options(handle, MYSQL_OPT_PROTOCOL, &tcp);
+    // An empty password is passed as such: for a null one the library would look elsewhere. The
+    // database is chosen later.
+    return mysql_real_connect(handle, bySocket ? "localhost" : server.name.c_str(), user.c_str(),
+                              password.c_str(), nullptr, server.port,
+                              bySocket ? server.socket.c_str() : nullptr, 0) != nullptr;
 }
 
 // A server that has too many connections or blocks this host reports it before encryption starts.
@@ -77,17 +91,9 @@ std::string withoutWarning(std::string text) {
 
 }  // namespace
 
-std::optional<std::string> refusalOfHost(const std::string& host) {
-    for (const char* forbidden : {";", "=", ",", "://"}) {
-        if (host.find(forbidden) == std::string::npos) continue;
-        return "\"" + host + "\" is not a host name: it contains \"" + forbidden + "\".";
-    }
-    return std::nullopt;
-}
-
-ConnectAttempt::ConnectAttempt(std::string host, std::string user, std::string password,
+ConnectAttempt::ConnectAttempt(ServerAddress server, std::string user, std::string password,
                                std::chrono::milliseconds timeout)
-    : host_(std::move(host)),
+    : server_(std::move(server)),
       user_(std::move(user)),
       password_(std::move(password)),
       timeout_(timeout) {}
@@ -102,7 +108,7 @@ std::shared_ptr<Connection> ConnectAttempt::run() {
         return std::move(connection_);
     }
     abandoned_ = true;
-    error_ = timedOut(host_, timeout_);
+    error_ = timedOut(server_, timeout_);
     thread.detach();
     return nullptr;
 }
@@ -116,10 +122,7 @@ void ConnectAttempt::abandon() {
 void ConnectAttempt::connect() {
     MYSQL* handle = mysql_init(nullptr);
     configure(handle, timeout_);
-    // An empty password is passed as such: for a null one the library would look elsewhere. Port
-    // and socket are the library's defaults, the database is chosen later.
-    if (mysql_real_connect(handle, host_.c_str(), user_.c_str(), password_.c_str(), nullptr, 0,
-                           nullptr, 0) != nullptr) {
+    if (reach(handle, server_, user_, password_)) {
         configureSocket(handle);
         finish(std::make_shared<Connection>(handle), "");
         return;

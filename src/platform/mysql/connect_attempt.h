@@ -4,16 +4,12 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 
 #include "platform/mysql/connection.h"
+#include "platform/mysql/server_address.h"
 
 namespace bracken {
-
-// Why the client library must not be given this host, nothing for an ordinary one: it reads certain
-// characters as connection options, a list of hosts, or a plug-in to load.
-std::optional<std::string> refusalOfHost(const std::string& host);
 
 // One attempt to connect, on a thread of its own. The client library can't be interrupted while it
 // looks up a name, and has no timeout for a server that accepts and stays silent; so the caller may
@@ -21,7 +17,7 @@ std::optional<std::string> refusalOfHost(const std::string& host);
 // closes the connection, and closes its own end.
 class ConnectAttempt : public std::enable_shared_from_this<ConnectAttempt> {
   public:
-    ConnectAttempt(std::string host, std::string user, std::string password,
+    ConnectAttempt(ServerAddress server, std::string user, std::string password,
                    std::chrono::milliseconds timeout);
 
     // Starts the thread and waits for an answer, the timeout or `abandon`. Null if there is no
@@ -35,7 +31,7 @@ class ConnectAttempt : public std::enable_shared_from_this<ConnectAttempt> {
     void connect();
     void finish(std::shared_ptr<Connection> connection, std::string error);
 
-    const std::string host_;
+    const ServerAddress server_;
     const std::string user_;
     const std::string password_;
     const std::chrono::milliseconds timeout_;

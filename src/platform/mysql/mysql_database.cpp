@@ -33,11 +33,12 @@ void MySQLDatabase::DatabaseName(const std::string& name) {
 }
 
 bool MySQLDatabase::Connect() {
-    if (auto refusal = refusalOfHost(Host)) {
+    ServerAddress address;
+    if (auto refusal = readAddress(Host, address)) {
         setOutcome(refusal);
         return false;
     }
-    auto attempt = std::make_shared<ConnectAttempt>(Host, UserName, Password, connectTimeout_);
+    auto attempt = std::make_shared<ConnectAttempt>(address, UserName, Password, connectTimeout_);
     std::shared_ptr<Connection> connection;
     blocking([&] { connection = attempt->run(); }, [&] { attempt->abandon(); });
     if (connection == nullptr) {

@@ -13,8 +13,8 @@ class Connection;
 // A connection to a MySQL or MariaDB server.
 // - Encrypted if the server can, but without a check of the server's identity.
 // - The password itself is sent over TLS or the local socket only.
-// - Port and socket are the client library's: the environment's MYSQL_TCP_PORT and
-//   MYSQL_UNIX_PORT, else its defaults.
+// - `Host` may name a port or a socket (server_address.h). Those it does not name are the client
+//   library's: the environment's MYSQL_TCP_PORT and MYSQL_UNIX_PORT, else its defaults.
 class MySQLDatabase : public Database {
   public:
     // Prepares the client library; once, before the process has threads.

@@ -45,7 +45,7 @@ int refuse(MYSQL* handle, const char* method) {
         handle, CR_AUTH_PLUGIN_ERR, "HY000",
         "The password was not sent: the server asks for it by %s, but offers no TLS, so others "
         "could read it on the way. Switch on TLS at the server, or connect on the server's own "
-        "machine through its socket (host \"localhost\").",
+        "machine through its socket (host \"localhost\", or the socket's path).",
         method);
     return CR_ERROR;
 }

@@ -9,6 +9,9 @@ namespace bracken {
 
 namespace {
 
+// Pixels that an arrow key moves a canvas by.
+constexpr int keyStep = 10;
+
 Qt::CursorShape shapeOf(Cursor cursor) {
     switch (cursor) {
         case Cursor::splitterEastWest:
@@ -20,19 +23,30 @@ Qt::CursorShape shapeOf(Cursor cursor) {
     }
 }
 
+// What an arrow key moves it by; 0 for another key, and for arrows across its track.
+int stepOf(int key, const Canvas::Track& track) {
+    if (key == (track.sideways ? Qt::Key_Left : Qt::Key_Up)) return -keyStep;
+    return key == (track.sideways ? Qt::Key_Right : Qt::Key_Down) ? keyStep : 0;
+}
+
 }  // namespace
 
 CanvasView::CanvasView(Canvas& model, QWidget* parent)
     : QWidget(parent), ControlView(model, *this), model_(model) {
     setAttribute(Qt::WA_TransparentForMouseEvents, !model.TakesMouse);
+    if (model.track()) setFocusPolicy(Qt::TabFocus);
 }
 
 void CanvasView::sync() {
     setCursor(shapeOf(model_.MouseCursor));
+    // Where nothing of it is left to see, the Tab key passes it.
+    bool reachable = model_.track() && parentWidget()->rect().intersects(geometry());
+    setFocusPolicy(reachable ? Qt::TabFocus : Qt::NoFocus);
     update();
 }
 
 void CanvasView::paintEvent(QPaintEvent* /*event*/) {
+    if (hasFocus()) QPainter(this).fillRect(rect(), palette().highlight());
     const Pixels& pixels = model_.paint();
     if (pixels.argb.empty()) return;
     QImage image(reinterpret_cast<const uchar*>(pixels.argb.data()), pixels.width, pixels.height,
@@ -64,6 +78,15 @@ void CanvasView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     QPoint at = place(*event);
     handleEvent([this, at] { model_.userReleased(at.x(), at.y()); });
+}
+
+void CanvasView::keyPressEvent(QKeyEvent* event) {
+    const auto track = model_.track();
+    const int step = track ? stepOf(event->key(), *track) : 0;
+    if (step == 0)
+        QWidget::keyPressEvent(event);
+    else
+        handleEvent([this, step] { model_.userStepped(step); });
 }
 
 // Of a change of its window's activation a widget is told only while it is visible.

@@ -15,16 +15,6 @@ CheckBoxView::CheckBoxView(CheckBox& model, QWidget* parent)
     });
 }
 
-// The box's frame is drawn in a shade of the window's colour, which is darker: on a dark window it
-// could not be seen.
-void CheckBoxView::initStyleOption(QStyleOptionButton* option) const {
-    QCheckBox::initStyleOption(option);
-    QColor window = option->palette.color(QPalette::Window);
-    QColor text = option->palette.color(QPalette::WindowText);
-    if (window.lightness() < text.lightness())
-        option->palette.setColor(QPalette::Window, text.darker(130));
-}
-
 void CheckBoxView::sync() {
     setText(captionText(model_.Caption.get()));
     setChecked(model_.Value);

@@ -14,7 +14,6 @@ class CheckBoxView : public QCheckBox, public ControlView {
 
   protected:
     void sync() override;
-    void initStyleOption(QStyleOptionButton* option) const override;
 
   private:
     CheckBox& model_;

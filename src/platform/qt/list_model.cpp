@@ -9,6 +9,15 @@ namespace bracken {
 
 namespace {
 
+// Columns up to the last one that has a width: assistive programs see all that the view is given,
+// hidden or not.
+int shownColumns(const Listbox& list) {
+    constexpr int anyWidth = 10'000;
+    const std::vector<int> widths = list.columnPixels(anyWidth);
+    auto last = std::find_if(widths.rbegin(), widths.rend(), [](int width) { return width > 0; });
+    return static_cast<int>(widths.rend() - last);
+}
+
 // UTF-16 units of a cell that are shown at most, in the list and in a tip.
 constexpr int shownLimit = 500;
 constexpr int tipLimit = 20'000;
@@ -21,7 +30,7 @@ ListModel::ListModel(const Listbox& list, QObject* parent)
     : QAbstractTableModel(parent), list_(list), metrics_(QFont()) {}
 
 void ListModel::showModel() {
-    int columns = std::max<int>(list_.ColumnCount, 0);
+    int columns = shownColumns(list_);
     if (columns != columns_) {
         beginResetModel();
         columns_ = columns;

@@ -166,6 +166,12 @@ QModelIndex ListboxView::moveCursor(CursorAction action, Qt::KeyboardModifiers m
 }
 
 void ListboxView::keyPressEvent(QKeyEvent* event) {
+    // Ctrl+1 is a click on the first heading, and so on.
+    const int column = event->key() - Qt::Key_1;
+    if (event->modifiers() == Qt::ControlModifier && column >= 0 && column < rows_.columnCount()) {
+        userClickedHeading(column);
+        return;
+    }
     // That is the Edit menu's; where it has nothing to copy, the toolkit would copy a cell.
     if (event->matches(QKeySequence::Copy))
         event->ignore();

@@ -1,5 +1,6 @@
 #include "platform/qt/popup_menu_view.h"
 
+#include <QLabel>
 #include <QSignalBlocker>
 #include <QStringList>
 
@@ -13,6 +14,11 @@ PopupMenuView::PopupMenuView(PopupMenu& model, QWidget* parent)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(this, &QComboBox::activated, this,
             [this](int row) { handleEvent([this, row] { model_.userChose(row); }); });
+    if (model.accessibleName.empty()) return;
+    // To screen readers the toolkit names it by the row chosen, and only a label says what for.
+    auto* label = new QLabel(toQString(model.accessibleName), parent);
+    label->hide();
+    label->setBuddy(this);
 }
 
 void PopupMenuView::sync() {

@@ -17,6 +17,7 @@ constexpr int pace = 80;
 ProgressWheelView::ProgressWheelView(ProgressWheel& model, QWidget* parent)
     : QWidget(parent), ControlView(model, *this) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAccessibleName(QStringLiteral("Busy"));
 }
 
 void ProgressWheelView::showEvent(QShowEvent* event) {

@@ -28,6 +28,8 @@ PushButtonView::PushButtonView(PushButton& model, QWidget* parent)
 void PushButtonView::sync() {
     setText(captionText(model_.Caption.get()));
     setToolTip(tipText(toQString(model_.toolTip.get()), *screen()));
+    // Else screen readers would get the tip's markup.
+    setAccessibleDescription(toQString(model_.toolTip.get()));
     setDefault(model_.Default);
     setFont(fittedFont(parentWidget()->font(), toQString(model_.Caption.get()), width() - margins));
 }

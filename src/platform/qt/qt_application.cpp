@@ -6,6 +6,7 @@
 #include "framework/threads/main_thread_calls.h"
 #include "framework/windows/application.h"
 #include "framework/windows/event.h"
+#include "platform/qt/frame_style.h"
 #include "platform/qt/input_events.h"
 
 namespace bracken {
@@ -25,6 +26,12 @@ class BusyCursor {
 
 QtApplication::QtApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setQuitOnLastWindowClosed(false);
+    // As part of an event: the end of one with no window open would end the program.
+    QScopedValueRollback<bool> starting(handling_, true);
+    setStyle(makeFrameStyle());
+    // The layout is fixed, the texts are English, and from the right the slashes of a path would
+    // change places.
+    setLayoutDirection(Qt::LeftToRight);
 }
 
 QtApplication& QtApplication::current() {

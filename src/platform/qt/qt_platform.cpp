@@ -1,5 +1,6 @@
 #include "platform/qt/qt_platform.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
@@ -13,6 +14,7 @@
 #include "framework/threads/baton.h"
 #include "framework/threads/thread.h"
 #include "framework/windows/event.h"
+#include "platform/qt/accessible_views.h"
 #include "platform/qt/edit_commands.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/save_dialog.h"
@@ -39,10 +41,12 @@ QtPlatform::QtPlatform(int& argc, char** argv) : application_(argc, argv) {
     QObject::connect(&application_, &QGuiApplication::primaryScreenChanged, &views_,
                      [this] { watchScreen(); });
     watchScreen();
+    QAccessible::installFactory(makeAccessible);
     Platform::install(this);
 }
 
 QtPlatform::~QtPlatform() {
+    QAccessible::removeFactory(makeAccessible);
     Platform::install(nullptr);
 }
 

@@ -3,14 +3,15 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QWindow>
 #include <algorithm>
 
 #include "framework/windows/application.h"
 #include "framework/windows/event.h"
 #include "framework/windows/windows.h"
-#include "platform/qt/accessible_name.h"
 #include "platform/qt/fitted_font.h"
+#include "platform/qt/label_of.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/view_factory.h"
 
@@ -95,8 +96,20 @@ void WindowView::syncWindow() {
     for (ControlView* view : controls_) {
         QWidget& widget = view->widget();
         bool captioned = dynamic_cast<QAbstractButton*>(&widget) != nullptr;
-        if (widget.focusPolicy() != Qt::NoFocus && !captioned)
-            widget.setAccessibleName(accessibleNameOf(*window_, view->control()));
+        if (widget.focusPolicy() != Qt::NoFocus && !captioned) nameControl(widget, view->control());
+    }
+}
+
+void WindowView::nameControl(QWidget& widget, const RectControl& control) {
+    const bool own = !control.accessibleName.empty();
+    widget.setAccessibleName(toQString(own ? control.accessibleName : window_->Title.get()));
+    const StaticText* label = own ? nullptr : labelOf(control);
+    if (label == nullptr) return;
+    widget.setAccessibleName(toQString(label->Caption.get()));
+    for (ControlView* view : controls_) {
+        auto* shown = dynamic_cast<QLabel*>(&view->widget());
+        // Of a label with a buddy the toolkit takes an ampersand for a mnemonic.
+        if (&view->control() == label && !shown->text().contains(u'&')) shown->setBuddy(&widget);
     }
 }
 

@@ -39,6 +39,7 @@ class WindowView : public QWidget {
     void makeControls();
     void setTabOrderOfControls();
     void syncWindow();
+    void nameControl(QWidget& widget, const RectControl& control);
     void showAsModel();
     int menuHeight() const;
 

@@ -49,6 +49,7 @@ void winViewScript::placeFiles() {
     splitter.place(341, 133, 97, 16);
     splitter.LockBottom = true;
     splitter.TabIndex = 5;
+    splitter.accessibleName = "Divider";
 }
 
 }  // namespace bracken

@@ -53,6 +53,7 @@ void winLogin::placeLoginControls() {
 
 void winLogin::placeRunControls() {
     popChooseDatabase.place(13, 195, 315, 20);
+    popChooseDatabase.accessibleName = "Database";
     butSelectFolder.place(84, 238, 186, 20);
     butSelectFolder.Caption = "Select Folder to Search";
     StaticText5.place(13, 270, 100, 20);

@@ -1,10 +1,8 @@
-#include "platform/qt/accessible_name.h"
+#include "platform/qt/label_of.h"
 
 #include <cstdlib>
 
-#include "framework/controls/plain_controls.h"
-#include "framework/windows/window.h"
-#include "platform/qt/qt_text.h"
+#include "framework/controls/window_content.h"
 
 namespace bracken {
 
@@ -39,10 +37,9 @@ const StaticText* findLabel(const RectControl& control, Fits fits) {
 
 }  // namespace
 
-QString accessibleNameOf(const Window& window, const RectControl& control) {
+const StaticText* labelOf(const RectControl& control) {
     const StaticText* label = findLabel(control, isBeside);
-    if (label == nullptr) label = findLabel(control, isAbove);
-    return toQString(label != nullptr ? label->Caption.get() : window.Title.get());
+    return label != nullptr ? label : findLabel(control, isAbove);
 }
 
 }  // namespace bracken
