@@ -18,7 +18,7 @@ namespace bracken {
 namespace {
 
 // Bytes read at a time: few calls, and the piece is still in the cache when it is searched.
-constexpr int64_t pieceSize = int64_t{256} * 1024;
+constexpr int64_t pieceSize = int64_t{64} * 1024;
 // The length of a file that ends within the first piece need not be asked, which would cost as much
 // as a quarter of the rest.
 constexpr int64_t unknownLength = -1;
