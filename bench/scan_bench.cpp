@@ -8,7 +8,6 @@
 #include <sys/resource.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <memory>
@@ -16,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/stopwatch.h"
 #include "framework/platform/null_platform.h"
 #include "framework/text/text.h"
 #include "framework/threads/main_thread_calls.h"
@@ -24,8 +24,6 @@
 #include "framework/windows/windows.h"
 #include "program/results/long_process_thread.h"
 #include "program/results/results_list.h"
-#include "scan/file_search.h"
-#include "scan/tree_walk.h"
 
 namespace {
 
@@ -96,9 +94,15 @@ void fill(Listbox& list, const std::string& namesFile) {
     }
 }
 
-// Runs the scan to its end; milliseconds. A failure of the scan ends the process.
-double run(NullPlatform& platform, BenchWindow& window, const Options& options,
-           int32_t& filesSeen) {
+struct Figures {
+    int32_t filesSeen;
+    double milliseconds;
+    double busy;
+    long peakKiB;
+};
+
+// Runs the scan to its end. A failure of the scan ends the process.
+Figures run(NullPlatform& platform, BenchWindow& window, const Options& options) {
     auto thread =
         std::make_shared<LongProcessThread>(std::make_unique<BenchContext>(window, options));
     bool finished = false;
@@ -106,7 +110,7 @@ double run(NullPlatform& platform, BenchWindow& window, const Options& options,
         finished = true;
         platform.wake();
     };
-    auto start = std::chrono::steady_clock::now();
+    bench::Stopwatch watch;
     thread->Run();
     int woken = 0;
     while (!finished) {
@@ -114,11 +118,12 @@ double run(NullPlatform& platform, BenchWindow& window, const Options& options,
         BatonRelease released;
         platform.woken.wait(woken++);
     }
-    std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
-    filesSeen = thread->totalFiles;
+    struct rusage usage;
+    getrusage(RUSAGE_SELF, &usage);
+    Figures figures{thread->totalFiles, watch.milliseconds(), watch.busy(), usage.ru_maxrss};
     BatonRelease released;
     Thread::joinAll();
-    return took.count();
+    return figures;
 }
 
 void writeRelation(const Listbox& list, const std::string& file) {
@@ -128,16 +133,7 @@ void writeRelation(const Listbox& list, const std::string& file) {
             << list.cellText(row, 2) << '\n';
 }
 
-void report(const Listbox& list, const Options& options, int32_t filesSeen, double milliseconds,
-            long peakKiB) {
-    long long searched = 0;
-    long long bytes = 0;
-    TreeWalk walk(GetFolderItem(options.folder, 0));
-    while (Ref<FolderItem> file = walk.next()) {
-        if (!passesExtensions(file->Name(), options.extensions)) continue;
-        searched++;
-        bytes += searchedLength(file->Length());
-    }
+void report(const Listbox& list, const Figures& figures) {
     long long hits = 0;
     int found = 0;
     for (int row = 0; row < list.ListCount(); row++) {
@@ -147,9 +143,9 @@ void report(const Listbox& list, const Options& options, int32_t filesSeen, doub
         hits += std::count(cell.begin(), cell.end(), ',');
     }
     std::printf(
-        "{\"files_seen\":%d,\"files_searched\":%lld,\"bytes\":%lld,\"milliseconds\":%.1f,"
-        "\"hits\":%lld,\"rows_found\":%d,\"peak_kib\":%ld}\n",
-        filesSeen, searched, bytes, milliseconds, hits, found, peakKiB);
+        "{\"files\":%d,\"milliseconds\":%.1f,\"busy\":%.2f,\"hits\":%lld,\"rows_found\":%d,"
+        "\"peak_kib\":%ld}\n",
+        figures.filesSeen, figures.milliseconds, figures.busy, hits, found, figures.peakKiB);
 }
 
 }  // namespace
@@ -162,11 +158,7 @@ int main(int argc, char** argv) {
         auto window = std::make_shared<BenchWindow>();
         fill(window->lstResults, options.namesFile);
         window->lstResults.ColumnCount = 3;
-        int32_t filesSeen = 0;
-        double milliseconds = run(platform, *window, options, filesSeen);
-        struct rusage usage;
-        getrusage(RUSAGE_SELF, &usage);
-        report(window->lstResults, options, filesSeen, milliseconds, usage.ru_maxrss);
+        report(window->lstResults, run(platform, *window, options));
         if (!options.relation.empty()) writeRelation(window->lstResults, options.relation);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

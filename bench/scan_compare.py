@@ -4,11 +4,13 @@
     scan_compare.py BIN_FOLDER WORK_FOLDER
 
 BIN_FOLDER holds the benches. In WORK_FOLDER are "packages", the unpacked mediawiki and cacti, and
-whatever is made here. Everything is timed in one run with the files in the cache, five times, of which
-the median counts. Prints tables of Markdown.
+whatever is made here. Everything is timed in one run, five times, of which the median counts: with the
+files in the cache, and where this process may drop the system's caches also with them empty. Prints
+tables of Markdown.
 """
 
 import json
+import math
 import os
 import re
 import statistics
@@ -17,6 +19,8 @@ import sys
 import time
 
 RUNS = 5
+READERS = [1, 2, 8, 32]
+DROP_CACHES = "/proc/sys/vm/drop_caches"
 SAMPLED_NAMES = 5
 SCAN = "**this program's scan**"
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -47,13 +51,40 @@ def told(command):
     return [json.loads(line) for line in out.splitlines()]
 
 
-def medians(measures):
-    """Of each by its name. They take turns, so that a slow moment of the machine hits all alike."""
-    figures = {name: [] for name in measures}
+def may_drop_caches():
+    return os.access(DROP_CACHES, os.W_OK)
+
+
+def drop_caches():
+    """Contents, names and metadata of all files."""
+    os.sync()
+    with open(DROP_CACHES, "w") as out:
+        out.write("3")
+
+
+def taking_turns(measures, before=lambda: None):
+    """The results of each by its name; a slow moment of the machine hits all alike."""
+    taken = {name: [] for name in measures}
     for _ in range(RUNS):
         for name, measure in measures.items():
-            figures[name].append(measure())
-    return {name: statistics.median(taken) for name, taken in figures.items()}
+            before()
+            taken[name].append(measure())
+    return taken
+
+
+def print_times(taken):
+    """Medians, and of what the runs took to the scan beside them the least and the median."""
+    print("| | ms | cores busy | times the scan: least | median |\n|---|---:|---:|---:|---:|")
+    for name, runs in taken.items():
+        ms = statistics.median(run["milliseconds"] for run in runs)
+        busy = statistics.median(run.get("busy", math.nan) for run in runs)
+        ratios = [run["milliseconds"] / scan["milliseconds"] for run, scan in zip(runs, taken[SCAN])]
+        share = "" if math.isnan(busy) else f"{busy:.0%}"
+        print(f"| {name} | {ms:,.0f} | {share} | {min(ratios):.2f} | {statistics.median(ratios):.2f} |",
+              flush=True)
+    waits = [run["longest_wait_ms"] for runs in taken.values() for run in runs if "longest_wait_ms" in run]
+    print(f"\nLongest wait of an event in the window: {statistics.median(waits):.1f} ms, "
+          f"{max(waits):.1f} in the worst of {len(waits)} runs.")
 
 
 def one_by_one(tool, names, tree):
@@ -65,32 +96,36 @@ def one_by_one(tool, names, tree):
 
 def compare(bin_folder, tree, names_file):
     names = open(names_file).read().split()
-    facts = told([f"{bin_folder}/scan_bench", tree, names_file])[0]
-    print(f"\n### {os.path.basename(tree)}: {facts['files_searched']:,} files, "
-          f"{facts['bytes'] / 1e6:.0f} MB, {len(names):,} names, {facts['hits']:,} hits\n")
-    cores = os.cpu_count()
 
     def bench(program, *arguments):
-        return lambda: told([f"{bin_folder}/{program}", tree, *arguments])[0]["milliseconds"]
+        return lambda: told([f"{bin_folder}/{program}", tree, *arguments])[0]
 
-    measures = {
-        SCAN: bench("scan_bench", names_file),
-        "the same in its window": bench("window_bench", names_file),
-        "walking alone": bench("read_bench", "0"),
-        "reading alone, one thread": bench("read_bench", "1"),
-        f"reading alone, {cores} threads": bench("read_bench", str(cores)),
-    }
-    for name, tool in TOOLS.items():
-        command = tool + ["-f", names_file, tree]
-        measures[f"{name}, one pass"] = lambda it=command: wall_time(it)
-        measures[f"{name}, one pass, each pair once"] = lambda it=command: wall_time(it, RELATION)
-    times = medians(measures)
-    times |= {f"{name}, a run for each name *": one_by_one(tool, names, tree)
-              for name, tool in TOOLS.items()}
-    print("| | ms | times the scan |\n|---|---:|---:|")
-    for name, figure in times.items():
-        print(f"| {name} | {figure:,.0f} | {figure / times[SCAN]:.2f} |")
-    print(f"\nPeak memory of the scan: {facts['peak_kib'] / 1024:.1f} MiB.", flush=True)
+    scan, read = bench("scan_bench", names_file), bench("read_bench", "1")()
+    print(f"\n### {os.path.basename(tree)}: {read['files']:,} files, {read['bytes'] / 1e6:.0f} MB, "
+          f"{len(names):,} names, {scan()['hits']:,} hits\n\nThe files in the cache:\n")
+
+    def tool(command, reader=("cat",)):
+        return lambda: {"milliseconds": wall_time(command, reader)}
+
+    own = {SCAN: scan, "the same in its window": bench("window_bench", names_file)}
+    reading = {"walking alone": bench("read_bench", "0")}
+    for threads in READERS:
+        reading[f"reading alone, threads: {threads}"] = bench("read_bench", str(threads))
+    tools, distinct = {}, {}
+    for name, words in TOOLS.items():
+        command = words + ["-f", names_file, tree]
+        tools[f"{name}, one pass"] = tool(command)
+        distinct[f"{name}, one pass, each pair once"] = tool(command, RELATION)
+    taken = taking_turns(own | reading | tools | distinct)
+    for name, words in TOOLS.items():
+        taken[f"{name}, a run for each name *"] = [
+            {"milliseconds": one_by_one(words, names, tree)}] * RUNS
+    print_times(taken)
+    if may_drop_caches():
+        print("\nThe system's caches empty:\n")
+        print_times(taking_turns(own | reading | {"`rg`, one pass": tools["`rg`, one pass"]}, drop_caches))
+    else:
+        print(f"\nNot measured with empty caches: {DROP_CACHES} can't be written here.")
 
 
 def matching(bin_folder, tree, names_file):

@@ -8,16 +8,17 @@
 #include <climits>
 #include <cstring>
 #include <optional>
+#include <utility>
 
-#include "framework/files/file_calls.h"
 #include "framework/text/text.h"
+#include "scan/cached_calls.h"
 
 namespace bracken {
 
 namespace {
 
 // Bytes read at a time: few calls, and the piece is still in the cache when it is searched.
-constexpr int64_t pieceSize = int64_t{256} * 1024;
+constexpr int64_t pieceSize = int64_t{64} * 1024;
 // The length of a file that ends within the first piece need not be asked, which would cost as much
 // as a quarter of the rest.
 constexpr int64_t unknownLength = -1;
@@ -64,17 +65,48 @@ int FileSearch::search(const OpenFolder& folder, const std::string& path, bool l
         if (S_ISDIR(status.st_mode)) return EISDIR;
         if (!S_ISREG(status.st_mode)) return 0;
     }
-    Descriptor file(
-        openat(folder.descriptor(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    Descriptor file = open(folder.descriptor(), name);
     if (!file.isOpen()) return errno;
     bool ask = !listedAsFile || folder.askLengths();
     std::optional<int64_t> length = ask ? lengthOf(file.get()) : unknownLength;
     return length ? searchOpened(file.get(), *length, matcher, cancelled, hits) : errno;
 }
 
+int FileSearch::searchCached(const OpenFolder& folder, const std::string& path, bool listedAsFile,
+                             const Matcher& matcher, const std::function<bool()>& cancelled,
+                             Matcher::Hits& hits) {
+    cachedOnly_ = true;
+    int error = search(folder, path, listedAsFile, matcher, cancelled, hits);
+    cachedOnly_ = false;
+    return error;
+}
+
+Descriptor FileSearch::open(int folder, const char* name) const {
+    constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    if (cachedOnly_) {
+        Descriptor file = openCached(folder, name, flags);
+        if (file.isOpen() || errno == EAGAIN) return file;
+    }
+    return Descriptor(openat(folder, name, flags));
+}
+
+int64_t FileSearch::readPiece(int descriptor, char* bytes, size_t count) {
+    if (std::exchange(cachedOnly_, false)) {
+        ssize_t got = readCached(descriptor, bytes, count);
+        if (got >= 0 || errno == EAGAIN) return got;
+    }
+    return readSome(descriptor, bytes, count);
+}
+
+void FileSearch::reserve(size_t size) {
+    if (bufferSize_ >= size) return;
+    buffer_ = std::make_unique_for_overwrite<char[]>(size);
+    bufferSize_ = size;
+}
+
 int FileSearch::readOn(int descriptor, size_t kept, Rest& rest, int64_t& got) {
     auto count = static_cast<size_t>(std::min(rest.left, rest.piece));
-    got = readSome(descriptor, buffer_.data() + kept, count);
+    got = readPiece(descriptor, buffer_.get() + kept, count);
     if (got < 0) return errno;
     if (rest.length == unknownLength && got > 0 && got % minPageSize == 0) {
         std::optional<int64_t> asked = lengthOf(descriptor);
@@ -93,10 +125,10 @@ int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matc
                              const std::function<bool()>& cancelled, Matcher::Hits& hits) {
     size_t overlap = matcher.overlap();
     int64_t piece = pieceFor(overlap);
-    buffer_.resize(std::max(buffer_.size(), overlap + static_cast<size_t>(piece) + 2));
+    reserve(overlap + static_cast<size_t>(piece) + 2);
     // Stands for what is before the file, and at its end for what comes after it.
     size_t margin = matcher.margin();
-    std::memset(buffer_.data(), 0, margin);
+    std::memset(buffer_.get(), 0, margin);
     size_t kept = margin;
     bytes_ = 0;
     Rest rest{length, length == unknownLength ? piece : length, piece};
@@ -107,11 +139,11 @@ int FileSearch::searchOpened(int descriptor, int64_t length, const Matcher& matc
         if (got == 0) break;
         bool last = rest.left == 0 || rest.length == unknownLength;
         size_t filled = kept + static_cast<size_t>(got);
-        std::memset(buffer_.data() + filled, 0, margin);
-        matcher.search({buffer_.data(), filled + (last ? margin : 0)}, hits);
+        std::memset(buffer_.get() + filled, 0, margin);
+        matcher.search({buffer_.get(), filled + (last ? margin : 0)}, hits);
         if (last) break;
         kept = std::min(filled, overlap);
-        std::memmove(buffer_.data(), buffer_.data() + filled - kept, kept);
+        std::memmove(buffer_.get(), buffer_.get() + filled - kept, kept);
     }
     return 0;
 }

@@ -2,11 +2,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "framework/files/file_calls.h"
 #include "scan/matcher.h"
 #include "scan/open_folder.h"
 
@@ -44,8 +45,14 @@ class FileSearch {
     int search(const OpenFolder& folder, const std::string& path, bool listedAsFile,
                const Matcher& matcher, const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
-    // The same of an open file, which stays open. `length` is how much of it to search, or -1 if
-    // that is to be asked only when it matters.
+    // The same if the file's beginning lies in memory; EAGAIN, with nothing searched, if the system
+    // would wait for the disk. Waits all the same where the system can't say.
+    int searchCached(const OpenFolder& folder, const std::string& path, bool listedAsFile,
+                     const Matcher& matcher, const std::function<bool()>& cancelled,
+                     Matcher::Hits& hits);
+
+    // As `search`, of an open file, which stays open. `length` is how much of it to search, or -1
+    // if that is to be asked only when it matters.
     int searchOpened(int descriptor, int64_t length, const Matcher& matcher,
                      const std::function<bool()>& cancelled, Matcher::Hits& hits);
 
@@ -62,13 +69,22 @@ class FileSearch {
     };
 
     std::optional<int64_t> lengthOf(int descriptor) const;
+    // As openat.
+    Descriptor open(int folder, const char* name) const;
+    // As readSome.
+    int64_t readPiece(int descriptor, char* bytes, size_t count);
+    void reserve(size_t size);
     // Reads the next piece to after the first `kept` bytes of the buffer, `got` bytes that are to
     // be searched, 0 at the end. Returns as `search` does.
     int readOn(int descriptor, size_t kept, Rest& rest, int64_t& got);
 
     const Extent extent_;
-    std::vector<char> buffer_;
+    // Memory that no file has needed yet is none.
+    std::unique_ptr<char[]> buffer_;
+    size_t bufferSize_ = 0;
     int64_t bytes_ = 0;
+    // Until the first piece has been read.
+    bool cachedOnly_ = false;
 };
 
 }  // namespace bracken

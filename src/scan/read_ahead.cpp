@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <system_error>
 
@@ -44,6 +45,9 @@ ReadAhead::ReadAhead(const Ref<FolderItem>& folder, std::string extensions,
       table_(std::move(table)),
       runKilled_(Thread::killedFlag()),
       walk_(folder) {
+    diskThreads_.emplace(root_, [this](auto& task, auto& search, auto& hits) {
+        performWaiting(task, search, hits);
+    });
     try {
         for (unsigned i = 0; i < threadCount(); i++) threads_.emplace_back([this] { work(); });
     } catch (const std::system_error&) {
@@ -60,6 +64,7 @@ ReadAhead::~ReadAhead() {
     changed_.notify_all();
     BatonRelease released;
     for (std::thread& thread : threads_) thread.join();
+    diskThreads_.reset();
 }
 
 bool ReadAhead::covers(const std::string& folder, const std::string& extensions) const {
@@ -78,7 +83,7 @@ void ReadAhead::work() {
     for (std::vector<TaskRef> tasks = nextTasks(); !tasks.empty(); tasks = nextTasks()) {
         auto announced = std::chrono::steady_clock::now();
         for (const TaskRef& task : tasks) {
-            perform(*task, search, hits);
+            perform(task, search, hits);
             auto now = std::chrono::steady_clock::now();
             if (now - announced < announceAfter) continue;
             announced = now;
@@ -88,14 +93,42 @@ void ReadAhead::work() {
     }
 }
 
-void ReadAhead::perform(Task& task, FileSearch& search, Matcher::Hits& hits) {
+void ReadAhead::perform(const TaskRef& task, FileSearch& search, Matcher::Hits& hits) {
+    if (systemSays_.load(std::memory_order_relaxed)) {
+        int error = searchBy(&FileSearch::searchCached, *task, search, hits);
+        if (error != EAGAIN) return finish(*task, error, hits);
+        // As many as wait for the disk would need too many descriptors.
+        task->folder.reset();
+        if (diskThreads_->add(task)) return;
+    }
+    finish(*task, searchBy(&FileSearch::search, *task, search, hits), hits);
+}
+
+void ReadAhead::performWaiting(ReadTask& task, FileSearch& search, Matcher::Hits& hits) {
+    int error = searchBy(&FileSearch::search, task, search, hits);
+    finish(task, error, hits);
+    // Some file systems always say that they would wait. This file surely lies in memory now.
+    if (error == 0 && !systemTried_.exchange(true))
+        systemSays_ = searchBy(&FileSearch::searchCached, task, search, hits) != EAGAIN;
+    if (awaited_ == &task) announce();
+}
+
+template <class Search>
+int ReadAhead::searchBy(Search by, ReadTask& task, FileSearch& search, Matcher::Hits& hits) {
+    if (cancelled()) return ECANCELED;
     const Matcher& matcher = table_->matcher();
     hits.clear(matcher.nameCount());
-    task.error = search.search(
-        *task.folder, task.path, task.listedAsFile, matcher, [this] { return cancelled(); }, hits);
+    const OpenFolder anyFolder;
+    return (search.*by)(
+        task.folder ? *task.folder : anyFolder, task.path, task.listedAsFile, matcher,
+        [this] { return cancelled(); }, hits);
+}
+
+void ReadAhead::finish(ReadTask& task, int error, const Matcher::Hits& hits) {
+    task.error = error;
     task.names = hits.names();
     task.folder.reset();
-    task.done.store(true, std::memory_order_release);
+    task.done = true;
 }
 
 void ReadAhead::announce() {
@@ -103,12 +136,14 @@ void ReadAhead::announce() {
     finished_.notify_one();
 }
 
-void ReadAhead::waitFor(const Task& task) {
+void ReadAhead::waitFor(const ReadTask& task) {
+    awaited_ = &task;
     while (true) {
         uint32_t seen = finished_.load(std::memory_order_acquire);
-        if (task.done.load(std::memory_order_acquire)) return;
+        if (task.done) break;
         finished_.wait(seen, std::memory_order_acquire);
     }
+    awaited_ = nullptr;
 }
 
 std::vector<ReadAhead::TaskRef> ReadAhead::nextTasks() {
@@ -141,7 +176,7 @@ Ref<FolderItem> ReadAhead::nextFile() {
 }
 
 ReadAhead::TaskRef ReadAhead::taskOf(const FolderItem& file) {
-    auto task = std::make_shared<Task>();
+    auto task = std::make_shared<ReadTask>();
     task->path = file.AbsolutePath();
     task->listedAsFile = file.listedAsFile();
     size_t folderLength = task->path.rfind('/');

@@ -13,8 +13,10 @@
 
 #include "framework/files/folder_item.h"
 #include "framework/ref.h"
+#include "scan/disk_threads.h"
 #include "scan/file_search.h"
 #include "scan/open_folder.h"
+#include "scan/read_task.h"
 #include "scan/table_names.h"
 #include "scan/tree_walk.h"
 
@@ -27,8 +29,9 @@ struct FoundNames {
 };
 
 // Reads and searches the files below a folder ahead of the scan, in the scan's order, on threads of
-// its own, which never hold the baton and never touch the model. It is a bounded number of files
-// ahead, and keeps only what was found, no text. Belongs to one run's thread.
+// its own, which never hold the baton and never touch the model: as many as there are cores for
+// what lies in memory, and more that wait for the disk. It is a bounded number of files ahead, and
+// keeps only what was found, no text. Belongs to one run's thread.
 class ReadAhead {
   public:
     // `extensions` is a guess at what the scan will use in every folder from here on; files that
@@ -50,17 +53,7 @@ class ReadAhead {
     std::optional<FoundNames> take(const std::string& path);
 
   private:
-    struct Task {
-        std::string path;
-        bool listedAsFile;
-        // Until the file has been searched.
-        std::shared_ptr<const OpenFolder> folder;
-        // Why it could not be read, 0 if it was.
-        int error = 0;
-        std::vector<uint32_t> names;
-        std::atomic<bool> done{false};
-    };
-    using TaskRef = std::shared_ptr<Task>;
+    using TaskRef = std::shared_ptr<ReadTask>;
 
     void work();
     // Walks on, and appends the next files to the order; empty at the end of the walk.
@@ -68,11 +61,18 @@ class ReadAhead {
     // Nil at the end. Skips what can't be read: the scan will meet and report it.
     Ref<FolderItem> nextFile();
     TaskRef taskOf(const FolderItem& file);
-    void perform(Task& task, FileSearch& search, Matcher::Hits& hits);
+    // Searches the file, or leaves it to the disk's threads.
+    void perform(const TaskRef& task, FileSearch& search, Matcher::Hits& hits);
+    // Searches the file on a thread that may wait for the disk.
+    void performWaiting(ReadTask& task, FileSearch& search, Matcher::Hits& hits);
+    // By one of the two searches of FileSearch.
+    template <class Search>
+    int searchBy(Search by, ReadTask& task, FileSearch& search, Matcher::Hits& hits);
+    void finish(ReadTask& task, int error, const Matcher::Hits& hits);
     bool cancelled() const;
     // Wakes the run if it waits for a file.
     void announce();
-    void waitFor(const Task& task);
+    void waitFor(const ReadTask& task);
     TaskRef popUpTo(const std::string& path);
     TaskRef popReady(const std::string& path);
 
@@ -96,7 +96,15 @@ class ReadAhead {
 
     // Counts the announcements.
     std::atomic<uint32_t> finished_{0};
+    // The file that the run waits for.
+    std::atomic<const ReadTask*> awaited_{nullptr};
 
+    // Whether the system says which files lie in memory, and whether that is known for sure.
+    std::atomic<bool> systemSays_{true};
+    std::atomic<bool> systemTried_{false};
+
+    // Outlives the other threads.
+    std::optional<DiskThreads> diskThreads_;
     std::vector<std::thread> threads_;
 };
 

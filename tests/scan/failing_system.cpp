@@ -4,6 +4,8 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/uio.h>
 #include <sys/vfs.h>
 #include <unistd.h>
 
@@ -49,12 +51,16 @@ FailingSystem::~FailingSystem() {
     armed = nullptr;
 }
 
+bool FailingSystem::holds(int descriptor, const char* path) const {
+    return (pathOf(descriptor, path) + "/").starts_with(below + "/");
+}
+
 bool FailingSystem::fails(const char* name, int descriptor, const char* path) {
     FailingSystem* system = armed;
     if (system == nullptr || system->call != name) return false;
     const bool byRun = Thread::killedFlag() != noRun;
     if (byRun != system->byRun.value_or(byRun)) return false;
-    if (!(pathOf(descriptor, path) + "/").starts_with(system->below + "/")) return false;
+    if (!system->holds(descriptor, path)) return false;
     const int number = ++system->made;
     if (number < system->nth || (number > system->nth && !system->lasting)) return false;
     errno = system->error;
@@ -95,6 +101,34 @@ dirent* readdir(DIR* folder) {
     const FailingSystem* system = armed;
     if (entry != nullptr && system != nullptr && system->untyped) entry->d_type = DT_UNKNOWN;
     return entry;
+}
+
+ssize_t preadv2(int descriptor, const iovec* parts, int count, off_t offset, int flags) {
+    if (FailingSystem::fails("preadv2", descriptor, nullptr)) return -1;
+    iovec first = *parts;
+    if (armed != nullptr) first.iov_len = std::min(first.iov_len, size_t{4096});
+    return own(preadv2, "preadv2")(descriptor, count == 1 ? &first : parts, count, offset, flags);
+}
+
+// Of openat2, which has no function of its own, and whatever else.
+long syscall(long number, ...) noexcept {
+    va_list rest;
+    va_start(rest, number);
+    std::array<long, 6> words{};
+    for (long& word : words) word = va_arg(rest, long);
+    va_end(rest);
+    if (number == SYS_openat2) {
+        const auto folder = static_cast<int>(words[0]);
+        const auto* path = reinterpret_cast<const char*>(words[1]);
+        if (FailingSystem::fails("openat2", folder, path)) return -1;
+        const FailingSystem* system = armed;
+        if (system != nullptr && system->cold && system->holds(folder, path)) {
+            errno = EAGAIN;
+            return -1;
+        }
+    }
+    return own(syscall, "syscall")(number, words[0], words[1], words[2], words[3], words[4],
+                                   words[5]);
 }
 
 ssize_t read(int descriptor, void* bytes, size_t count) {

@@ -60,15 +60,17 @@ TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
         std::optional<bool> byRun;
         bool lasting;
         bool untyped;
+        bool cold;
     };
     std::set<std::string> failed;
-    for (const Case& one :
-         {Case{true, true, false}, Case{false, false, true}, Case{{}, true, true}}) {
+    std::set<std::string> called;
+    for (const Case& one : {Case{true, true, false, false}, Case{false, false, true, false},
+                            Case{false, false, true, true}, Case{{}, true, true, true}}) {
         for (const char* call : {"opendir", "readdir", "stat", "fstat", "fstatat", "fstatfs",
-                                 "open", "openat", "read"}) {
+                                 "open", "openat", "openat2", "preadv2", "read"}) {
             for (int nth = 1, made = nth; made >= nth; nth++) {
-                test::FailingSystem system{call,        folder.path(), one.byRun,
-                                           one.lasting, one.untyped,   nth};
+                test::FailingSystem system{call,        folder.path(), one.byRun, one.lasting,
+                                           one.untyped, one.cold,      nth};
                 system.arm();
                 const std::string box = run();
                 made = system.made;
@@ -78,11 +80,13 @@ TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
                     EXPECT_EQ(box, "Finished");
                 }
                 if (box != "Finished") failed.insert(call);
+                if (made > 0) called.insert(call);
             }
         }
     }
     EXPECT_EQ(failed, (std::set<std::string>{"fstat", "fstatat", "openat", "opendir", "read",
                                              "readdir", "stat"}));
+    EXPECT_TRUE(called.contains("openat2") && called.contains("preadv2"));
 }
 
 TEST_F(Unreadable, ReadingAheadGivesItsDescriptorsToTheRun) {
