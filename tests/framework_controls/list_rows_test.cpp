@@ -31,7 +31,7 @@ TEST(ListRows, HoldWhatWasWritten) {
     std::mt19937 random(7);
     ListRows rows;
     Plain plain;
-    for (int step = 0; step < 2000; step++) {
+    for (int step = 0; step < 500; step++) {
         size_t row = plain.empty() ? 0 : random() % plain.size();
         size_t column = random() % 6;
         int number = static_cast<int>(row);

@@ -42,9 +42,12 @@ class Probe : public Window {
 class WindowTest : public testing::Test {
   protected:
     Probe& open() { return Windows::get().instance<Probe>(); }
+    static std::string shown(int left, int top, int width, int height) {
+        return std::to_string(left) + "," + std::to_string(top) + " " + std::to_string(width) +
+               "x" + std::to_string(height);
+    }
     static std::string place(const RectControl& control) {
-        return std::to_string(control.Left) + "," + std::to_string(control.Top) + " " +
-               std::to_string(control.Width) + "x" + std::to_string(control.Height);
+        return shown(control.Left, control.Top, control.Width, control.Height);
     }
 
     test::FakePlatform platform;
@@ -67,18 +70,14 @@ TEST_F(WindowTest, LocksHoldControlsToTheWindowsEdges) {
             window.box.LockRight = across.far;
             window.box.LockTop = down.near;
             window.box.LockBottom = down.far;
-            auto expect = [&](int left, int top, int width, int height) {
-                EXPECT_EQ(window.box.Left, left);
-                EXPECT_EQ(window.box.Top, top);
-                EXPECT_EQ(window.box.Width, width);
-                EXPECT_EQ(window.box.Height, height);
-            };
             window.userResized(150, 150);
-            expect(across.grownAt, down.grownAt, across.grownLength, down.grownLength);
+            EXPECT_EQ(place(window.box),
+                      shown(across.grownAt, down.grownAt, across.grownLength, down.grownLength));
             window.Width = window.Height = -20;
-            expect(across.negativeAt, down.negativeAt, across.negativeLength, down.negativeLength);
+            EXPECT_EQ(place(window.box), shown(across.negativeAt, down.negativeAt,
+                                               across.negativeLength, down.negativeLength));
             window.userResized(100, 100);
-            expect(10, 10, 30, 30);
+            EXPECT_EQ(place(window.box), "10,10 30x30");
             window.Close();
         }
     }

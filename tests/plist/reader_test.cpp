@@ -89,7 +89,7 @@ TEST(Reader, LeavesTheStreamAfterTheNode) {
 
 // A tree far deeper than the stack.
 TEST(Reader, NeedsNoStackForDepth) {
-    constexpr int depth = 10000;
+    constexpr int depth = 20000;
     std::string body;
     for (int i = 0; i < depth; i += 2) body += "<key>a</key>\n<array>\n<dict>\n";
     EmptyDocument deep;
