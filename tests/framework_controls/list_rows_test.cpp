@@ -47,9 +47,8 @@ TEST(ListRows, HoldWhatWasWritten) {
             std::vector<int> order(plain.size());
             std::iota(order.begin(), order.end(), 0);
             std::shuffle(order.begin(), order.end(), random);
-            Plain before = plain;
-            for (size_t i = 0; i < order.size(); i++)
-                plain[i] = before[static_cast<size_t>(order[i])];
+            Plain before = std::exchange(plain, {});
+            for (int from : order) plain.push_back(before[static_cast<size_t>(from)]);
             rows.reorder(order);
         } else if (action < 5) {
             plain[row][column] += text.substr(0, 300);

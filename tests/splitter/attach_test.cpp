@@ -169,44 +169,35 @@ TEST_P(Attach, AControlIsEitherCentredOrResized) {
 TEST_P(Attach, WarnsTheAuthorOnlyIfAsked) {
     auto& control = add("list", 700, 50);
     using S = SmartSplitter;
-    using C = RectControl;
-    const std::pair<const char*, void (*)(S & s, C * c)> calls[] = {
-        {"unAttach", [](S& s, C* c) { s.unAttach(c, false); }},
-        {"setAttachedControlMinSizeVisible",
-         [](S& s, C* c) { s.setAttachedControlMinSizeVisible(c, 1); }},
-        {"setAttachedControlShouldResize",
-         [](S& s, C* c) { s.setAttachedControlShouldResize(c, true); }},
-        {"setAttachedControlShouldMove",
-         [](S& s, C* c) { s.setAttachedControlShouldMove(c, true); }},
-        {"setAttachedControlShouldCenter",
-         [](S& s, C* c) { s.setAttachedControlShouldCenter(c, true); }},
-        {"setAttachedControlNormallyVisible",
-         [](S& s, C* c) { s.setAttachedControlNormallyVisible(c, true); }},
+    const std::pair<std::string, void (S::*)(RectControl*, bool)> calls[] = {
+        {"unAttach", &S::unAttach},
+        {"setAttachedControlShouldResize", &S::setAttachedControlShouldResize},
+        {"setAttachedControlShouldMove", &S::setAttachedControlShouldMove},
+        {"setAttachedControlShouldCenter", &S::setAttachedControlShouldCenter},
+        {"setAttachedControlNormallyVisible", &S::setAttachedControlNormallyVisible},
     };
     open();
-    for (bool warns : {false, true}) {
+    splitter.setAttachedControlMinSizeVisible(&control, 1);
+    splitter.showWarningsDialogs = true;
+    const std::string method = "passed to the SmartSplitter 'splitter' method '";
+    platform.expectBox("The control " + method +
+                       "setAttachedControlMinSizeVisible' is NIL.\n\nDon't go calling this method "
+                       "with nonexistent controls!");
+    splitter.setAttachedControlMinSizeVisible(nullptr, 1);
+    for (const auto& [name, call] : calls) {
+        platform.expectBox("The control 'list' " + method + name +
+                           "' has not been attached.\n\nControl must be attached BEFORE calling "
+                           "this method.");
+        (splitter.*call)(&control, false);
+    }
+    splitter.unAttach(&control, true);
+    splitter.attach(&control);
+    platform.expectBox(
+        "The control 'list' is already attached to smartSplitter 'splitter'.   This attach request "
+        "will be ignored.");
+    for (bool warns : {true, false}) {
         splitter.showWarningsDialogs = warns;
-        for (const auto& [name, call] : calls) {
-            const std::string where =
-                std::string("passed to the SmartSplitter 'splitter' method '") + name + "' ";
-            if (warns)
-                platform.expectBox("The control 'list' " + where +
-                                   "has not been attached.\n\nControl must be attached BEFORE "
-                                   "calling this method.");
-            call(splitter, &control);
-            if (warns)
-                platform.expectBox("The control " + where +
-                                   "is NIL.\n\nDon't go calling this method with nonexistent "
-                                   "controls!");
-            call(splitter, nullptr);
-        }
-        splitter.unAttach(&control, true);
-        if (warns)
-            platform.expectBox(
-                "The control 'list' is already attached to smartSplitter 'splitter'.   This attach "
-                "request will be ignored.");
-        for (int i = 0; i < 2; ++i) splitter.attach(&control);
-        splitter.unAttachAllControls();
+        splitter.attach(&control);
     }
 }
 
