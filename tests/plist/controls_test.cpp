@@ -106,15 +106,6 @@ TEST_F(Controls, PopupsKeepRowsAndChoice) {
     root.AppendPopup(&popup);
     const std::string stored = "popup.-2147483648:dict{default:string='' elements:array[]}";
     expect("replaced", "{" + stored + " a:array[" + stored + "]}", "root is not an array");
-    PopupMenu number(window, "5");
-    number.Index = 5;
-    for (const char* text : {"x", "y"}) {
-        number.AddRow(text);
-        root.SetPopup(&number);
-    }
-    expect("a key that is a number can't be removed",
-           "{5.5:dict{default:string=x elements:array[0:string=x]}}",
-           "Array exists: elements already exists");
 }
 
 TEST_F(Controls, WindowsComeBackAsTheyWere) {

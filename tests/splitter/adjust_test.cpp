@@ -28,29 +28,20 @@ INSTANTIATE_TEST_SUITE_P(Both, Adjust, testing::Bool(), orientationName);
 TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
     struct Case {
         bool behind, move, resize, center;
-        int distance, position, extent;
+        int distance, minSize, position, extent;
         bool shown;
-        int minSize = 2;
     };
     // A centred control stands in the middle of 0 to the splitter, or from there to 600.
     const Case cases[] = {
-        {true, false, true, false, -80, 300, 20, true, 20},
-        {true, false, true, false, -81, 300, 19, false, 20},
-        {true, false, true, false, -99, 300, 1, true, 0},
-        {true, false, true, false, -100, 300, 0, false, 0},
-        {true, false, true, false, 50, 300, 150, true},
-        {true, false, true, false, -120, 300, -20, false},
-        {true, true, false, false, 50, 350, 100, true},
-        {true, true, true, false, 50, 350, 150, true},
-        {true, false, false, false, -50, 300, 100, false},
-        {true, true, false, true, 50, 180, 100, true},
-        {true, false, false, true, -51, 129, 100, true},
-        {false, true, true, false, 50, 460, 50, true},
-        {false, true, true, false, 99, 509, 1, false},
-        {false, true, false, false, 50, 460, 100, true},
-        {false, false, true, false, -50, 410, 150, true},
-        {false, false, false, false, 50, 410, 100, false},
-        {false, false, false, true, -51, 429, 100, true},
+        {1, 0, 1, 0, -80, 20, 300, 20, true},  {1, 0, 1, 0, -81, 20, 300, 19, false},
+        {1, 0, 1, 0, -99, 0, 300, 1, true},    {1, 0, 1, 0, -100, 0, 300, 0, false},
+        {1, 0, 1, 0, 50, 2, 300, 150, true},   {1, 0, 1, 0, -120, 2, 300, -20, false},
+        {1, 1, 0, 0, 50, 2, 350, 100, true},   {1, 1, 1, 0, 50, 2, 350, 150, true},
+        {1, 0, 0, 0, -50, 2, 300, 100, false}, {1, 1, 0, 1, 50, 2, 180, 100, true},
+        {1, 0, 0, 1, -51, 2, 129, 100, true},  {0, 1, 1, 0, 50, 2, 460, 50, true},
+        {0, 1, 1, 0, 99, 2, 509, 1, false},    {0, 1, 0, 0, 50, 2, 460, 100, true},
+        {0, 0, 1, 0, -50, 2, 410, 150, true},  {0, 0, 0, 0, 50, 2, 410, 100, false},
+        {0, 0, 0, 1, -51, 2, 429, 100, true},
     };
     for (const Case& c : cases) {
         RectControl& control = attach(c.behind ? 300 : 410, 100);

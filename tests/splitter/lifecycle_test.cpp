@@ -28,33 +28,41 @@ TEST_P(Lifecycle, TheShapeGivesTheOrientation) {
     }
 }
 
-TEST_P(Lifecycle, AnyOperationSetsItUpOnce) {
+TEST_P(Lifecycle, AnyOperationSetsItUpOnceAndSomeDrawTheOverlay) {
     using S = SmartSplitter;
     RectControl& pane = add<GroupBox>("pane", 300, 100);
-    const std::function<void(S & s)> operations[] = {
-        [](S& s) { s.attachNearbyControls(); },
-        [](S& s) { s.attach(nullptr); },
-        [](S& s) { s.setMaxLimit(500); },
-        [](S& s) { s.setMinLimit(1); },
-        [](S& s) { s.setMaxLimitOffset(1); },
-        [](S& s) { s.setMinLimitOffset(1); },
-        [&](S& s) { s.setMaxLimitOffset(&pane); },
-        [&](S& s) { s.setMinLimitOffset(&pane); },
-        [](S& s) { s.resetPosition(); },
-        [](S& s) { s.setPosition(400); },
-        [](S& s) { s.moveDistance(0, false); },
-        [](S& s) { s.setMaxAttachedControl(nullptr, false); },
-        [](S& s) { s.setMinAttachedControl(nullptr, false); },
-        [](S& s) { s.behave(); },
-        [](S& s) { s.setProportion(0.5); },
-        [](S& s) { s.proportion(); },
-        [](S& s) { s.position(); },
-        [](S& s) { s.setDebug(false); },
-        [](S& s) { s.setConceal(false); },
-        [](S& s) { s.setHandleType(1); },
-        [](S& s) { s.Event_Open(); },
+    auto& canvas = stage.add<CanvasSmartSplitterDebugger>("overlay", true, 0, 1);
+    canvas.Event_Open();
+    struct Case {
+        const char* name;
+        std::function<void(S& s)> operation;
+        bool draws = true;
     };
-    for (const auto& operation : operations) {
+    const Case cases[] = {
+        {"attachNearbyControls", [](S& s) { s.attachNearbyControls(); }, false},
+        {"attach", [](S& s) { s.attach(nullptr); }, false},
+        {"setMaxLimit", [](S& s) { s.setMaxLimit(500); }},
+        {"setMinLimit", [](S& s) { s.setMinLimit(1); }},
+        {"setMaxLimitOffset", [](S& s) { s.setMaxLimitOffset(1); }},
+        {"setMinLimitOffset", [](S& s) { s.setMinLimitOffset(1); }},
+        {"setMaxLimitOffset, control", [&](S& s) { s.setMaxLimitOffset(&pane); }},
+        {"setMinLimitOffset, control", [&](S& s) { s.setMinLimitOffset(&pane); }},
+        {"resetPosition", [](S& s) { s.resetPosition(); }},
+        {"setPosition", [](S& s) { s.setPosition(400); }},
+        {"moveDistance", [](S& s) { s.moveDistance(0, false); }, false},
+        {"setMaxAttachedControl", [](S& s) { s.setMaxAttachedControl(nullptr, false); }},
+        {"setMinAttachedControl", [](S& s) { s.setMinAttachedControl(nullptr, false); }},
+        {"behave", [](S& s) { s.behave(); }},
+        {"setProportion", [](S& s) { s.setProportion(0.5); }},
+        {"proportion", [](S& s) { s.proportion(); }, false},
+        {"position", [](S& s) { s.position(); }, false},
+        {"setDebug", [](S& s) { s.setDebug(false); }},
+        {"setConceal", [](S& s) { s.setConceal(false); }, false},
+        {"setHandleType", [](S& s) { s.setHandleType(1); }, false},
+        {"Event_Open", [](S& s) { s.Event_Open(); }, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
         auto& made = add<SmartSplitter>("made", 400, 10);
         made.MinLimitOffset = -7;
         made.showWarningsDialogs = made.doNotAttachEmbeddedControls = true;
@@ -67,12 +75,20 @@ TEST_P(Lifecycle, AnyOperationSetsItUpOnce) {
                          made.UseFocusRing);
             made.attach(&pane);
         };
-        operation(made);
-        EXPECT_EQ(opened, 1) << "operation " << &operation - operations;
-        made.Event_Open();
+        c.operation(made);
         EXPECT_EQ(opened, 1);
-        made.unAttach(&pane, true);
-        EXPECT_EQ(Probe::names(made), "") << "only what the handler attached";
+        EXPECT_EQ(Probe::names(made), "pane ") << "only what the handler attached";
+        made.setDebug(true);
+        canvas.clearP();
+        canvas.takeDirty();
+        c.operation(made);
+        EXPECT_EQ(canvas.takeDirty(), c.draws);
+        const Pixels& drawing = Probe::picture(canvas)->pixels();
+        constexpr uint32_t white = 0xffffffff;
+        EXPECT_EQ(drawing.at(made.Left + made.Width - 1, made.Top + made.Height - 1) != white,
+                  c.draws);
+        EXPECT_EQ(opened, 1);
+        made.Event_Close();
         place(made, 700);
     }
 }
