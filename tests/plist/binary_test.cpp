@@ -99,7 +99,7 @@ TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
 }
 
 // Text form it is then, with nothing lost.
-TEST_F(Binary, WhatThatFormCannotTellStaysText) {
+TEST_F(Binary, WhatThatFormCannotHoldStaysText) {
     const auto element = [](const std::string& tag, const std::string& value) {
         return std::string("<key>k</key><").append(tag) + ">" + value + "</" + tag + ">";
     };
