@@ -110,18 +110,25 @@ TEST_P(Attach, ChoosesTheRoleBySideClassAndContainer) {
 }
 
 TEST_P(Attach, KeepsAnOffsetThatTheAuthorGave) {
-    splitter.MinLimitOffset = 7;
-    splitter.MaxLimitOffset = -7;
-    open();
-    EXPECT_EQ(splitter.MaxLimitOffset, 0);
-    splitter.attach(&add("min", 300, 100));
-    splitter.attach(&add("max", 410, 100));
-    EXPECT_EQ(splitter.MinLimitOffset, 7);
-    EXPECT_EQ(splitter.MaxLimitOffset, 0) << "also a negative one counts as given";
-    auto& other = add<SmartSplitter>("other", 500, 10);
-    other.setMinLimitOffset(12);
-    other.attach(&add("min", 400, 100));
-    EXPECT_EQ(other.MinLimitOffset, 30) << "one that was set after opening is raised";
+    auto& min = add("min", 300, 100);
+    auto& max = add("max", 410, 100);
+    struct Case {
+        int minGiven, maxGiven, minKept, maxKept;
+    };
+    // A negative one counts as given too.
+    for (const Case& c : {Case{7, 0, 7, 30}, {0, 7, 30, 7}, {-7, 0, 0, 30}, {0, -7, 30, 0}}) {
+        auto& made = add<SmartSplitter>("made", 400, 10);
+        made.MinLimitOffset = c.minGiven;
+        made.MaxLimitOffset = c.maxGiven;
+        made.Open = [&] { made.attach(&min); };
+        made.attach(&max);
+        EXPECT_EQ(made.MinLimitOffset, c.minKept) << c.minGiven << " " << c.maxGiven;
+        EXPECT_EQ(made.MaxLimitOffset, c.maxKept) << c.minGiven << " " << c.maxGiven;
+    }
+    splitter.setMinLimitOffset(12);
+    splitter.unAttachAllControls();
+    splitter.attach(&min);
+    EXPECT_EQ(splitter.MinLimitOffset, 30) << "one that was set after opening is raised";
 }
 
 TEST_P(Attach, FindsTheBoundsByNearEdgeAndFarEdge) {
