@@ -183,7 +183,7 @@ TEST_P(Limits, ProportionIsThatOfThePositionReached) {
         EXPECT_EQ(at(splitter), 0);
     }
     for (const auto& [accepted, reached] :
-         {std::pair{Variant(1), 600}, {Variant(0.5), 300}, {Variant(0), 0}}) {
+         {std::pair{Variant(1), 600}, {Variant(0), 0}, {Variant(2.0), 600}}) {
         splitter.setProportion(accepted);
         EXPECT_EQ(at(splitter), reached);
     }
