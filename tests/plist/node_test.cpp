@@ -94,8 +94,10 @@ TEST_F(Node, RemovingMovesElementsDown) {
     EXPECT_EQ(picture(root), "{a:array[1:string=r 0:string=q]}");
     EXPECT_THROW(root.child("a")->Remove("1"), KeyNotFoundException);
     expect("the last element goes twice", "{a:array[0:string=q]}");
-    EXPECT_THROW(array("a", {"p"}).Remove(1), KeyNotFoundException);
-    expect("past the end", "{a:array[0:string=p]}", "Subscript out of range");
+    for (int outside : {-1, 1}) {
+        EXPECT_THROW(array("a", {"p"}).Remove(outside), KeyNotFoundException);
+        expect("outside", "{a:array[0:string=p]}", "Subscript out of range");
+    }
     root.SetString("5", "x");
     root.Move("5", root.child("to"));
     expect("a number is no key to remove by in a dictionary", "{5:string=x to:dict{5:string=x}}",
