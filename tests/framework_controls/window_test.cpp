@@ -53,34 +53,26 @@ class WindowTest : public testing::Test {
 TEST_F(WindowTest, LocksHoldControlsToTheWindowsEdges) {
     // How a control at 10, 30 pixels long, lies in a window of 100 that becomes 150, then -20.
     struct Case {
-        bool near, far;
-        int grownAt, grownLength, negativeAt, negativeLength;
+        bool left, right, top, bottom;
+        const char *grown, *negative;
     };
-    const Case cases[] = {{false, false, 10, 30, 10, 30},
-                          {true, false, 10, 30, 10, 30},
-                          {false, true, 60, 30, -110, 30},
-                          {true, true, 10, 80, 10, -90}};
-    for (const Case& across : cases) {
-        for (const Case& down : cases) {
-            Probe& window = open();
-            window.box.LockLeft = across.near;
-            window.box.LockRight = across.far;
-            window.box.LockTop = down.near;
-            window.box.LockBottom = down.far;
-            auto expect = [&](int left, int top, int width, int height) {
-                EXPECT_EQ(window.box.Left, left);
-                EXPECT_EQ(window.box.Top, top);
-                EXPECT_EQ(window.box.Width, width);
-                EXPECT_EQ(window.box.Height, height);
-            };
-            window.userResized(150, 150);
-            expect(across.grownAt, down.grownAt, across.grownLength, down.grownLength);
-            window.Width = window.Height = -20;
-            expect(across.negativeAt, down.negativeAt, across.negativeLength, down.negativeLength);
-            window.userResized(100, 100);
-            expect(10, 10, 30, 30);
-            window.Close();
-        }
+    const Case cases[] = {{false, false, true, false, "10,10 30x30", "10,10 30x30"},
+                          {true, false, false, true, "10,60 30x30", "10,-110 30x30"},
+                          {false, true, true, true, "60,10 30x80", "-110,10 30x-90"},
+                          {true, true, false, false, "10,10 80x30", "10,10 -90x30"}};
+    for (const Case& c : cases) {
+        Probe& window = open();
+        window.box.LockLeft = c.left;
+        window.box.LockRight = c.right;
+        window.box.LockTop = c.top;
+        window.box.LockBottom = c.bottom;
+        window.userResized(150, 150);
+        EXPECT_EQ(place(window.box), c.grown);
+        window.Width = window.Height = -20;
+        EXPECT_EQ(place(window.box), c.negative);
+        window.userResized(100, 100);
+        EXPECT_EQ(place(window.box), "10,10 30x30") << c.grown;
+        window.Close();
     }
 }
 
@@ -141,25 +133,20 @@ TEST_F(WindowTest, AContainerShowsOnlyThePageInFront) {
 }
 
 TEST_F(WindowTest, LocksOfAContainedControlAreTheWindowsEdgesToo) {
-    struct Case {
-        bool left, right;
-        const char* inner;
-        const char* innermost;
-    };
-    const Case cases[] = {{false, false, "70,20 20x20", "75,25 5x5"},
-                          {false, true, "70,20 20x20", "75,25 5x5"},
-                          {true, false, "20,20 20x20", "25,25 5x5"},
-                          {true, true, "20,20 70x20", "25,25 5x5"}};
-    for (const Case& one : cases) {
-        Probe& window = open();
-        window.outer.LockRight = true;
-        window.inner.LockLeft = one.left;
-        window.inner.LockRight = one.right;
-        window.Width = 150;
-        EXPECT_EQ(window.outer.Left, 60);
-        EXPECT_EQ(place(window.inner), one.inner) << one.left << one.right;
-        EXPECT_EQ(place(window.innermost), one.innermost) << one.left << one.right;
-        window.Close();
+    for (bool left : {false, true}) {
+        for (bool right : {false, true}) {
+            Probe& window = open();
+            window.outer.LockRight = true;
+            window.inner.LockLeft = left;
+            window.inner.LockRight = right;
+            window.Width = 150;
+            EXPECT_EQ(window.outer.Left, 60);
+            EXPECT_EQ(place(window.inner), !left   ? "70,20 20x20"
+                                           : right ? "20,20 70x20"
+                                                   : "20,20 20x20");
+            EXPECT_EQ(place(window.innermost), left ? "25,25 5x5" : "75,25 5x5");
+            window.Close();
+        }
     }
 }
 

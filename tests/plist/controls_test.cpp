@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/listbox.h"
@@ -31,9 +29,8 @@ class Controls : public testing::Test, protected test::EmptyDocument {
         EXPECT_EQ((control.*field).get(), first);
         control.*field = second;
         (root.*set)(&control);
-        EXPECT_EQ(picture(root), stored);
         EXPECT_THROW((root.*get)(nullptr), NilObjectException);
-        root.Remove("name");
+        expect(stored, stored);
     }
 
     baton::Hold hold;
@@ -42,109 +39,109 @@ class Controls : public testing::Test, protected test::EmptyDocument {
 };
 
 TEST_F(Controls, SingleValuesGoByName) {
-    using std::string;
-    const string text = "{name:string=b}";
-    const string off = "{name:boolean=false}";
-    expectKept(&EditField::Text, &plistDict::GetEditField, &plistDict::SetEditField, string("a"),
-               string("b"), text);
-    expectKept(&StaticText::Caption, &plistDict::GetStaticText, &plistDict::SetStaticText,
-               string("a"), string("b"), text);
-    expectKept(&CheckBox::Value, &plistDict::GetCheckbox, &plistDict::SetCheckbox, true, false,
-               off);
-    expectKept(&RadioButton::Value, &plistDict::GetRadio, &plistDict::SetRadio, true, false, off);
+    const std::string a = "a";
+    const std::string b = "b";
+    const std::string text = "{name:string=b}";
+    const std::string off = "{name:boolean=false}";
+    using Node = plistDict;
+    expectKept(&EditField::Text, &Node::GetEditField, &Node::SetEditField, a, b, text);
+    expectKept(&StaticText::Caption, &Node::GetStaticText, &Node::SetStaticText, a, b, text);
+    expectKept(&CheckBox::Value, &Node::GetCheckbox, &Node::SetCheckbox, true, false, off);
+    expectKept(&RadioButton::Value, &Node::GetRadio, &Node::SetRadio, true, false, off);
 }
 
 TEST_F(Controls, ListsKeepRowsAndSelection) {
-    const std::string key = "list.-2147483648";
     Listbox list(window, "list");
     list.ColumnCount = 1;
     for (const char* text : {"a", "b", "B"}) list.AddRow(text);
     list.ListIndex = 1;
     root.GetListbox(&list, true);
-    EXPECT_EQ(picture(root), "{" + key +
-                                 ":dict{default:string=b "
-                                 "elements:array[0:string=a 1:string=b 2:string=B]}}");
-    EXPECT_EQ(list.ListCount(), 6);
-    EXPECT_EQ(list.ListIndex, 2);
+    EXPECT_EQ(list.ListCount(), 6) << "rows are added to those that it has";
+    EXPECT_EQ(list.ListIndex, 2) << "the last row of that text";
+    EXPECT_FALSE(root.searched.Value("list.-2147483648"));
     list.DeleteAllRows();
     root.GetListbox(&list, false);
     EXPECT_EQ(list.ListIndex, -1);
-    list.RemoveRow(0);
-    root.SetListbox(&list);
-    EXPECT_EQ(picture(*root.child(key)),
-              "{default:string='' elements:array[0:string=b 1:string=B]}");
-    EXPECT_THROW(root.SetListbox(nullptr), NilObjectException);
-}
-
-TEST_F(Controls, ListsOfSeveralColumnsKeepCells) {
-    Listbox list(window, "list");
+    expect("one column",
+           "{list.-2147483648:dict{default:string=b "
+           "elements:array[0:string=a 1:string=b 2:string=B]}}");
     list.Index = 4;
     list.ColumnCount = 3;
-    list.AddRow("a");
+    list.RemoveRow(2);
     list.Cell(0, 2) = "c";
-    list.AddRow("d");
-    root.SetListbox(&list);
-    EXPECT_EQ(picture(*root.child("list.4")->child("elements")),
-              "[0:array[0:string=a 1:string='' 2:string=c] "
-              "1:array[0:string=d 1:string='' 2:string='']]");
+    for (int i = 0; i < 2; ++i) root.SetListbox(&list);
     list.DeleteAllRows();
     list.ColumnCount = 2;
     root.GetListbox(&list, true);
-    EXPECT_EQ(list.List(0) + list.List(1), "ad");
+    EXPECT_EQ(list.List(0) + list.List(1), "ab");
     EXPECT_EQ(std::string(list.Cell(0, 2)), "");
-    // Every row's text counts as empty here, and so matches no selection.
-    EXPECT_EQ(list.ListIndex, 1);
+    EXPECT_EQ(list.ListIndex, 1) << "each row counts as empty, as is the selection";
+    expect("several columns",
+           "{list.4:dict{default:string='' elements:array[0:array[0:string=a 1:string='' "
+           "2:string=c] 1:array[0:string=b 1:string='' 2:string='']]}}");
+    list.DeleteAllRows();
+    root.AddArray("array");
+    root.child("array")->AppendListbox(&list);
+    root.AppendListbox(&list);
+    EXPECT_THROW(root.SetListbox(nullptr), NilObjectException);
+    expect("in an array", "{array:array[list.4:dict{default:string='' elements:array[]}]}",
+           "root is not an array");
 }
 
 TEST_F(Controls, PopupsKeepRowsAndChoice) {
     PopupMenu popup(window, "popup");
     for (const char* text : {"x", "y"}) popup.AddRow(text);
     popup.ListIndex = 1;
-    root.SetPopup(&popup);
-    popup.DeleteAllRows();
-    root.GetPopup(&popup, false);
-    EXPECT_EQ(popup.ListIndex, -1);
     root.GetPopup(&popup, true);
-    EXPECT_EQ(popup.ListCount(), 4);
+    popup.ListIndex = 0;
+    root.GetPopup(&popup, false);
+    EXPECT_EQ(popup.ListIndex, 0);
+    root.GetPopup(&popup, true);
     EXPECT_EQ(popup.ListIndex, 1);
-    root.AppendPopup(&popup);
-    EXPECT_EQ(document.errorMessage, "root is not an array");
+    EXPECT_EQ(popup.ListCount(), 8);
+    popup.DeleteAllRows();
+    root.SetPopup(&popup);
     root.AddArray("a");
     root.child("a")->AppendPopup(&popup);
-    EXPECT_EQ(root.child("a")->types.Key(0), "popup.-2147483648");
+    root.AppendPopup(&popup);
+    const std::string stored = "popup.-2147483648:dict{default:string='' elements:array[]}";
+    expect("replaced", "{" + stored + " a:array[" + stored + "]}", "root is not an array");
 }
 
 TEST_F(Controls, WindowsComeBackAsTheyWere) {
-    const auto frameOf = [](const Window& of) {
-        return of.Title.get() + " " + Str(of.Left) + " " + Str(of.Top) + " " + Str(of.Width) + " " +
-               Str(of.Height);
+    const auto frame = [this] {
+        return window.Title.get() + " " + Str(window.Left) + " " + Str(window.Top) + " " +
+               Str(window.Width) + " " + Str(window.Height);
     };
     window.Title = "One";
     window.Left = -5000;
     window.Top = 2;
     window.Width = 1;
     window.Height = -4;
-    const std::string stored =
-        "dict{windowName:string=One WindowPos:dict{left:integer=-5000 top:integer=2 "
-        "width:integer=1 height:integer=-4}}";
     root.GetWindow("w", &window);
-    EXPECT_EQ(picture(root), "{w:" + stored + "}");
-    root.AddArray("a");
-    root.child("a")->AppendWindow(&window);
-    EXPECT_EQ(picture(*root.child("a")), "[0:" + stored + "]");
-
+    root.searched.Value("w", true);
     Window other;
-    root.GetWindow("w", &other);
-    EXPECT_EQ(frameOf(other), "One -5000 2 1 -4");
-    other.Title = "Two";
-    other.Left = 9;
     root.SetWindow("w", &other);
-    root.child("w")->child("WindowPos")->Remove("top");
+    EXPECT_FALSE(root.searched.Value("w"));
+    root.SetWindow("w", &window);
+    root.AddArray("a");
+    root.child("a")->AppendString("x");
+    root.child("a")->AppendWindow(&window);
+    root.AppendWindow(&window);
+    window.Title = "Two";
+    window.Left = window.Top = window.Width = window.Height = 0;
     root.GetWindow("w", &window);
-    EXPECT_EQ(frameOf(window), "Two 9 0 1 -4");
-    EXPECT_EQ(root.child("w")->child("WindowPos")->GetType("top"), "integer");
+    EXPECT_EQ(frame(), "One -5000 2 1 -4");
+    root.child("w")->child("WindowPos")->Remove("width");
+    root.GetWindow("w", &window);
+    EXPECT_EQ(frame(), "One -5000 2 0 -4");
     EXPECT_THROW(root.SetWindow("w", nullptr), NilObjectException);
     EXPECT_THROW(root.GetWindow("w", nullptr), NilObjectException);
+    const std::string start =
+        "dict{windowName:string=One WindowPos:dict{left:integer=-5000 "
+        "top:integer=2 ";
+    expect("frames", "{w:" + start + "height:integer=-4 width:integer=0}} a:array[0:string=x 1:" +
+                         start + "width:integer=1 height:integer=-4}}]}");
 }
 
 }  // namespace

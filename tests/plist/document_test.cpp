@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "tests/plist/trees.h"
 #include "tests/support/fake_platform.h"
 
@@ -21,129 +19,127 @@ class Document : public testing::Test {
     Ref<FolderItem> item(const std::string& name) const {
         return GetFolderItem(folder.path(name), 0);
     }
-    Ref<Searched> load(const std::string& name, std::string_view text) const {
-        folder.write(name, text);
-        return make<Searched>(item(name), nullptr);
-    }
 
     test::TempFolder folder;
+    Searched document{item("a.plist"), nullptr};
+    plistDict& root = *document.root;
 };
 
-TEST_F(Document, StartsEmptyWithNoFile) {
-    plist document(item("a.plist"), nullptr);
-    EXPECT_TRUE(document.error);
-    EXPECT_EQ(document.errorMessage, folder.path("a.plist") + " does not exist");
-    EXPECT_EQ(document.root->name, "root");
-    EXPECT_EQ(document.root->rootClass, &document);
-    document.root->SetString("a", "x<");
-    EXPECT_FALSE(document.error);
-    document.root->SetData("b", "QQ==");
-    document.root->AddChild("c");
-    document.root->SetList("d", {"y"}, 0, 0);
-    document.root->child("d")->AppendBoolean(true);
-    document.Save();
+TEST_F(Document, IsReadAsWritten) {
+    root.SetData("b", "QQ==");
+    root.SetString("a", "x<");
+    root.AddChild("c");
+    root.SetList("d", {"y", "&"}, 0, 1);
+    root.child("d")->AppendBoolean(true);
+    root.child("d")->AppendArray();
+    root.child("e")->child("f")->SetBoolean("g", false);
+    root.SetDouble("h", 0.5);
+    // Values need not be in the order of their keys.
+    root.values.Remove("b");
+    root.SetData("b", "QQ==");
+    document.Save(true);
     const std::string text =
-        std::string(head) +
-        "\t<key>a</key>\n\t<string>x&lt;</string>\n\t<key>b</key>\n\t<data>\n\tQQ==\n\t</data>\n"
+        head +
+        "\t<key>b</key>\n\t<data>\n\tQQ==\n\t</data>\n\t<key>a</key>\n\t<string>x&lt;</string>\n"
         "\t<key>c</key>\n\t<dict/>\n\t<key>d</key>\n\t<array>\n\t\t<string>y</string>\n"
-        "\t\t<true/>\n\t</array>\n" +
-        std::string(foot);
+        "\t\t<string>&</string>\n\t\t<true/>\n\t\t<array/>\n\t</array>\n\t<key>e</key>\n\t<dict>\n"
+        "\t\t<key>f</key>\n\t\t<dict>\n\t\t\t<key>g</key>\n\t\t\t<false/>\n\t\t</dict>\n\t</dict>\n"
+        "\t<key>h</key>\n\t<real>0.5</real>\n" +
+        foot;
     EXPECT_EQ(folder.read("a.plist"), text);
-
-    document.root->types.Value("e", "string");
+    EXPECT_EQ(picture(*plist(item("a.plist"), nullptr).root), picture(root));
+    root.types.Value("z", "string");
     EXPECT_THROW(document.Save(), KeyNotFoundException);
     EXPECT_EQ(folder.read("a.plist"), text);
 }
 
-TEST_F(Document, ReadsTheFallbackAndSavesInTheFilesPlace) {
-    const auto text = std::string(head) + "\t<key>a</key>\n\t<true/>\n" + std::string(foot);
-    folder.write("fallback", text);
-    plist document(item("a.plist"), item("fallback"));
-    EXPECT_EQ(picture(*document.root), "{a:boolean=true}");
-    EXPECT_FALSE(document.error);
-    document.Save(true);
-    EXPECT_EQ(folder.read("a.plist"), text);
-
-    // So does a document that was saved already, from the file that it is.
-    document.Load(item("d.plist"), document.savePath);
-    EXPECT_EQ(picture(*document.root), "{a:boolean=true}");
-
-    plist neither(item("b.plist"), item("c.plist"));
-    EXPECT_EQ(neither.errorMessage, folder.path("c.plist") + " does not exist");
-    EXPECT_EQ(neither.savePath->Name(), "b.plist");
-}
-
 TEST_F(Document, KeepsTheHeadAsItStands) {
-    const std::string begin = "<?xml version='1.1'?>\n  <!-- <dict> -->\n <dict>\n";
-    const std::string end = "<DICT>\n\t<key>a</key>\n\t<true/>\n</dict>\n</plist>\n";
-    const auto document = load("a.plist", begin + "<plist>\r\n" + end);
-    EXPECT_EQ(picture(*document->root), "{a:boolean=true}");
-    document->Save();
-    EXPECT_EQ(folder.read("a.plist"), begin + "<plist>\n" + end);
-    // A second load appends to it.
-    document->Load(item("b.plist"), nullptr);
-    EXPECT_EQ(document->headers.size(), 10);
-    EXPECT_EQ(document->savePath->Name(), "b.plist");
-
-    const auto headless = load("c.plist", "<dict>\n<key>a</key>\n<true/>\n</dict>\n");
-    EXPECT_EQ(picture(*headless->root), "{:dict{a:boolean=true}}");
-    EXPECT_EQ(headless->headers.size(), 1);
+    struct Case {
+        const char* name;
+        std::string text, tree, saved;
+    };
+    const std::string entry = "\t<key>a</key>\n\t<true/>\n";
+    const std::string odd = "<?xml version='1.1'?>\n  <!-- <dict> -->\n <dict>\n<plist>\n<DICT>\n";
+    const Case cases[] = {
+        {"another head", odd + entry + foot, "{a:boolean=true}", odd + entry + foot},
+        {"no head", "<dict>\n" + entry + "</dict>", "{:dict{a:boolean=true}}",
+         "\t<key></key>\n\t<dict>\n\t\t<key>a</key>\n\t\t<true/>\n\t</dict>\n" + foot},
+        {"no list", "one\n\ntwo", "{}", "one\n\ntwo\n" + foot},
+        {"empty", "", "{}", foot},
+        {"no root", foot, "{}", foot + foot},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        folder.write("b.plist", c.text);
+        plist read(item("b.plist"), nullptr);
+        EXPECT_EQ(picture(*read.root), c.tree);
+        read.Save();
+        EXPECT_EQ(folder.read("b.plist"), c.saved);
+        const bool isBare = c.tree == "{}";
+        EXPECT_EQ(read.error, isBare);
+        read.root->child("c")->SetString("d", "x");
+        EXPECT_EQ(read.errorMessage, isBare ? "Not a plist file" : "");
+        EXPECT_EQ(read.root->name, isBare ? "" : "root");
+    }
 }
 
-TEST_F(Document, IsBareWhenTheFileIsNoPropertyList) {
-    const auto document = load("a.plist", "one\n\ntwo");
-    EXPECT_TRUE(document->error);
-    document->root->child("c")->SetString("c", "y");
-    EXPECT_EQ(document->errorMessage, "Not a plist file");
-    EXPECT_EQ(document->root->name, "");
-    EXPECT_EQ(document->root->child("c")->rootClass, nullptr);
-    document->Save();
-    EXPECT_EQ(folder.read("a.plist"),
-              "one\n\ntwo\n\t<key>c</key>\n\t<dict>\n\t\t<key>c</key>\n\t\t<string>y</string>\n"
-              "\t</dict>\n</dict>\n</plist>\n");
-
-    const auto empty = load("b.plist", "");
-    EXPECT_EQ(empty->headers.size(), 1);
-    empty->Save();
-    EXPECT_EQ(folder.read("b.plist"), foot);
-    EXPECT_EQ(load("b.plist", foot)->errorMessage, "Not a plist file");
+TEST_F(Document, ReadsTheFallbackAndSavesInTheFilesPlace) {
+    EXPECT_TRUE(document.error);
+    EXPECT_EQ(document.errorMessage, folder.path("a.plist") + " does not exist");
+    const auto text = head + "\t<key>a</key>\n\t<true/>\n" + foot;
+    folder.write("fallback", text);
+    plist other(item("b.plist"), item("fallback"));
+    EXPECT_FALSE(other.error);
+    other.Save();
+    EXPECT_EQ(folder.read("b.plist"), text);
+    // So does a document that was saved already, from the file that it is. The head grows.
+    other.Load(item("d.plist"), other.savePath);
+    EXPECT_EQ(picture(*other.root), "{a:boolean=true}");
+    EXPECT_EQ(other.headers.size(), 9);
+    plist neither(item("c.plist"), item("d.plist"));
+    EXPECT_EQ(neither.errorMessage, folder.path("d.plist") + " does not exist");
+    EXPECT_EQ(neither.savePath->Name(), "c.plist");
 }
 
 TEST_F(Document, ReportsWhatItCannotSaveAndRaisesForWhatItCannotOpen) {
-    const auto document = load("a.plist", std::string(head) + std::string(foot));
-    document->savePath = item("no folder/a.plist");
-    document->Save();
-    EXPECT_TRUE(document->error);
-    document->savePath = item("a.plist");
-    document->Save();
-    EXPECT_EQ(document->errorMessage, "Could not open file for saving");
-    document->root->GetString("a");
-    EXPECT_EQ(document->errorMessage, "");
+    document.savePath = item("no folder/a.plist");
+    root.SetString("a", "x");
+    document.Save();
+    EXPECT_TRUE(document.error);
+    document.savePath = item("a.plist");
+    document.Save();
+    EXPECT_EQ(document.errorMessage, "Could not open file for saving");
     EXPECT_THROW(plist(nullptr, nullptr), NilObjectException);
-    folder.makeFolder("folder");
-    EXPECT_THROW(plist(item("folder"), nullptr), NilObjectException);
-
+    EXPECT_THROW(plist(GetFolderItem(folder.path(), 0), nullptr), NilObjectException);
     test::FakePlatform platform;
-    document->debug = true;
+    document.debug = true;
     platform.expectBox("root is not an array");
-    document->root->AppendString("x");
+    root.AppendString("x");
 }
 
-TEST_F(Document, FindsWhatItFoundBefore) {
-    const auto document = load("a.plist", std::string(head) + std::string(foot));
-    document->root->SetString("a", "needle");
-    EXPECT_TRUE(document->Find("needle"));
-    EXPECT_TRUE(document->Find(document->foundValue));
-    EXPECT_EQ(document->lastSearch, "needle");
-}
-
-TEST_F(Document, FindsTheKeysOfScalarsOnRequest) {
-    Searched document(item("a.plist"), nullptr);
-    document.root->AddChild("text");
-    document.root->child("c")->SetString("a text", "");
-    EXPECT_FALSE(document.Find("text"));
+TEST_F(Document, FindsOneHitAfterTheOther) {
+    root.SetString("a", "a Needle");
+    root.child("needle")->SetString("b", "needle");
+    root.SetList("list", {"x", "NEEDLES"}, 0, 1);
+    const auto hit = [&](bool found) {
+        return (found ? "" : "no ") + document.foundKey + document.foundType + document.foundValue;
+    };
+    EXPECT_EQ(hit(document.Find("needle")), "astringa Needle");
+    EXPECT_EQ(hit(document.FindNext("NEEDLE")), "bstringneedle");
+    EXPECT_EQ(document.foundDict, root.child("needle"));
+    root.SetString("a", "needle again");
+    EXPECT_EQ(hit(document.FindNext("needle")), "astringneedle again") << "it was set again";
+    EXPECT_EQ(hit(document.FindNext("needle")), "1stringNEEDLES");
+    root.child("list")->AppendString("needle");
+    EXPECT_EQ(hit(document.FindNext("needle")), "2stringneedle") << "an element with no mark";
+    EXPECT_EQ(hit(document.FindNext("needle")), "no 2stringneedle") << "the last hit stands";
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(document.FindNext("again")) << "another text";
+    EXPECT_EQ(hit(document.Find(document.foundValue)), "astringneedle again");
+    EXPECT_EQ(document.lastSearch, "needle again");
+    EXPECT_EQ(hit(document.Find("nowhere")), "no ");
+    EXPECT_EQ(document.foundDict, nullptr);
+    root.child("c")->SetString("a text", "");
     EXPECT_TRUE(document.ReadStructure(document.root, "Text", "KEYSEARCH"));
-    EXPECT_EQ(document.foundKey, "a text");
     EXPECT_FALSE(document.ReadStructure(document.root, "Text", "keySearch"));
     EXPECT_FALSE(document.ReadStructure(document.root, "text", "other"));
 }
@@ -151,17 +147,18 @@ TEST_F(Document, FindsTheKeysOfScalarsOnRequest) {
 TEST_F(Document, DumpShowsTheMarksChildrenFirst) {
     test::FakePlatform platform;
     platform.clipboard = "before";
-    const auto document = load("a.plist", std::string(head) + "<key>b</key>\n<true/>\n</dict>");
-    document->root->SetString("a", "<");
-    document->root->SetList("list", {"x"}, 0, 0);
-    document->root->child("list")->AppendDict();
-    document->Dump();
+    root.SetString("a", "<");
+    root.SetBoolean("b", true);
+    root.searched.Remove("b");
+    root.SetList("list", {"x"}, 0, 0);
+    root.child("list")->AppendDict();
+    document.Dump();
     std::string headLines;
-    for (size_t i = 1; i < document->headers.size(); ++i) headLines += document->headers[i] + "\r";
+    for (size_t i = 1; i < document.headers.size(); ++i) headLines += document.headers[i] + "\r";
     EXPECT_EQ(platform.clipboard, headLines +
                                       "\t\t<string>x</string>\r\t\t<dict/>\r"
-                                      "\t<key>b</key>\r\t<nosearch/>\r\t<true/>\r"
                                       "\t<key>a</key>\r\t<search/>\r\t<string>&lt;</string>\r"
+                                      "\t<key>b</key>\r\t<nosearch/>\r\t<true/>\r"
                                       "\t<key>list</key>\r\t<search/>\r\t<array>\r\t</array>\r" +
                                       headLines + "</dict>\r</plist>\r");
 }

@@ -1,145 +1,233 @@
-#include <gtest/gtest.h>
-
 #include "tests/plist/trees.h"
 
 namespace bracken {
 namespace {
 
 using test::picture;
+using Texts = std::vector<std::string>;
 
-// The store's oddities one by one; what they do together is the model's to say.
-TEST(Node, KeepsItsHabits) {
-    struct Case {
-        void (*act)(plistDict& root);
-        const char* tree;
-        const char* error = "";
-    };
-    const Case cases[] = {
-        // A getter stores its default; a switch is on unless told.
-        {[](plistDict& root) {
-             root.GetString("s");
-             root.GetValue("v");
-             root.GetData("d");
-             root.GetInteger("i");
-             root.GetBoolean("b");
-             root.GetDouble("n");
-             root.GetReal("r");
-             root.GetColor("c");
-         },
-         "{s:string='' v:string='' d:string='' i:integer=0 b:boolean=true n:real=0 r:real=0 "
-         "c:string=000}"},
-        {[](plistDict& root) { EXPECT_GT(root.GetInteger("a", 7), 6); }, "{a:integer=7}"},
-        {[](plistDict& root) {
-             root.SetInteger("a", 1.5);
-             root.SetString("A", "x");
-         },
-         "{a:integer=2}", "Type Mismatch: A is a integer"},
-        // It checks for another tag than it stores.
-        {[](plistDict& root) {
-             root.SetReal("a", 1);
-             root.SetReal("a", 2);
-         },
-         "{a:real=1}", "Type Mismatch: a is a real"},
-        // A part below 16 is written with one digit and read with two.
-        {[](plistDict& root) {
-             root.SetColor("a", RGB(0, 0, 255));
-             EXPECT_EQ(root.GetColor("a"), RGB(0, 255, 255));
-         },
-         "{a:string=00FF}"},
-        {[](plistDict& root) {
-             root.SetString("a", "2004-03-09");
-             EXPECT_EQ(root.GetDate("a")->Month, 3);
-             root.SetString("b", "no day");
-             EXPECT_GT(root.GetDate("b")->Year, 2004);
-         },
-         "{a:string=2004-03-09 b:string='no day'}", "Could not create date object from b(no day)"},
-        {[](plistDict& root) { EXPECT_EQ(root.child("a")->index(0), nullptr); }, "{a:dict{}}"},
-        {[](plistDict& root) {
-             root.SetString("a", "x");
-             EXPECT_THROW(root.child("a"), StackOverflowException);
-         },
-         "{a:string=x}", "Child exists: a already exists"},
-        // With element 0 gone, the next child takes its place and is not found.
-        {[](plistDict& root) {
-             root.isArray = true;
-             root.AppendDict();
-             root.AddArray("-1");
-             for (int i = 0; i < 3; ++i) EXPECT_THROW(root.Remove(-1), KeyNotFoundException);
-             EXPECT_THROW(root.child("b"), StackOverflowException);
-         },
-         "[0:dict! -1:dict! b:dict!]", "Child exists: b already exists"},
-        // The elements behind move down; the last one goes, and then once more.
-        {[](plistDict& root) {
-             root.SetList("a", {"p", "q", "r"}, 0, 2);
-             root.child("a")->Remove(0);
-             EXPECT_THROW(root.child("a")->Remove("1"), KeyNotFoundException);
-         },
-         "{a:array[0:string=q]}"},
-        {[](plistDict& root) {
-             root.SetList("a", {"p"}, 0, 0);
-             EXPECT_THROW(root.child("a")->Remove(9), KeyNotFoundException);
-         },
-         "{a:array[0:string=p]}", "Subscript out of range"},
-        // A number as a key can't be removed.
-        {[](plistDict& root) {
-             root.SetString("5", "x");
-             root.Move("5", root.child("to"));
-         },
-         "{5:string=x to:dict{5:string=x}}", "root is not an array"},
-        // Containers keep their old names.
-        {[](plistDict& root) {
-             root.SetList("a", {"p"}, 0, 0);
-             root.child("a")->AppendDict();
-             root.child("a")->Remove(0);
-         },
-         "{a:array[0:dict!]}"},
-        // A container arrives as a dictionary, in an array behind an empty one.
-        {[](plistDict& root) {
-             root.SetList("a", {"p"}, 0, 0);
-             root.AddArray("b");
-             root.Copy("a", root.child("b"));
-             root.Rename(root.types.Key(0), "c");
-         },
-         "{b:array[0:dict{} 1:dict{0:string=p}] c:dict{0:string=p}}"},
-        {[](plistDict& root) {
-             root.child("a")->child("b");
-             EXPECT_THROW(root.Copy("a", root.child("a")), StackOverflowException);
-             root.Remove("a");
-         },
-         "{}"},
-        {[](plistDict& root) {
-             EXPECT_EQ(root.child("a")->child("b")->AbsolutePath(), ":root:a:b");
-             EXPECT_THROW(root.AbsolutePath(), NilObjectException);
-         },
-         "{a:dict{b:dict{}}}"},
-        // A bound beyond the list becomes its end.
-        {[](plistDict& root) {
-             root.SetList("a", {"p", "q"}, 9, 9);
-         },
-         "{a:array[0:string=p 1:string=q]}"},
-    };
-    for (const Case& c : cases) {
-        test::EmptyDocument empty;
-        c.act(empty.root);
-        EXPECT_EQ(picture(empty.root), c.tree);
-        EXPECT_EQ(empty.document.errorMessage, c.error) << c.tree;
-        EXPECT_EQ(empty.document.error, *c.error != '\0');
+// What operations do to an empty root, and the error that they leave.
+class Node : public testing::Test, protected test::EmptyDocument {
+  protected:
+    Ref<plistDict> self() { return Ref<plistDict>(root.shared_from_this()); }
+    // An array under this key.
+    plistDict& array(const std::string& key, const Texts& elements) {
+        root.SetList(key, elements, 0, 99);
+        return *root.child(key);
     }
+};
+
+TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
+    root.GetString("s");
+    root.GetValue("v");
+    root.GetData("d");
+    root.GetInteger("i");
+    root.GetBoolean("b");
+    root.GetDouble("n");
+    root.GetReal("r");
+    root.GetColor("c");
+    expect("a getter stores its default, and a switch is on",
+           "{s:string='' v:string='' d:string='' i:integer=0 b:boolean=true n:real=0 r:real=0 "
+           "c:string=000}");
+    root.SetInteger("a", 1.5);
+    root.SetString("A", "x");
+    expect("spelling", "{a:integer=2}", "Type Mismatch: A is a integer");
+    root.SetReal("a", 1);
+    root.SetReal("a", 2);
+    expect("a real is set once by SetReal", "{a:real=1}", "Type Mismatch: a is a real");
+    root.SetColor("a", RGB(0, 0, 255));
+    EXPECT_EQ(root.GetColor("a"), RGB(0, 255, 255));
+    expect("a part of a colour below 16 is read as another", "{a:string=00FF}");
+    root.GetDate(root.GetString("a", "a"));
+    expect("no date", "{a:string=a}", "Could not create date object from a(a)");
+    EXPECT_THROW(root.SetDate("a", nullptr), NilObjectException);
+    root.SetString("a", "x");
+    root.SetDate("a", nullptr);
+    expect("a nil date", "{a:string=x}", "Type Mismatch: a is a string");
+    root.SetString("a", "x");
+    EXPECT_EQ(root.CheckType("a", "STRING") * 10 + root.CheckType("b", "string"), 12);
+    EXPECT_TRUE(root.TypeOK("a"));
+    EXPECT_THROW(root.GetType("b"), KeyNotFoundException);
+    EXPECT_THROW(root.TypeOK("b"), KeyNotFoundException);
+    EXPECT_FALSE(root.TypeOK(root.child("c")->name));
+    expect("a container's type", "{a:string=x c:dict{}}", "Illegal Type: c is a dict");
 }
 
-TEST(Node, TakesTextsThatItHoldsItself) {
-    test::EmptyDocument empty;
-    plistDict& root = empty.root;
+TEST_F(Node, ChildrenAreMadeWhenAskedFor) {
+    EXPECT_TRUE(root.AddArray("a"));
+    root.AddChild("A");
+    expect("added once", "{a:array[]}", "Child exists: A already exists");
+    root.SetString("a", "x");
+    EXPECT_FALSE(root.AddArray("a"));
+    expect("added once", "{a:string=x}", "Array exists: a already exists");
+    EXPECT_EQ(root.child("a")->index(0), nullptr);
+    const auto made = root.child("1");
+    EXPECT_EQ(made, root.index(1));
+    expect("an element is not made", "{a:dict{} 1:dict{}}");
+    root.SetString("a", "x");
+    EXPECT_THROW(root.child("a"), StackOverflowException);
+    expect("a scalar is no child", "{a:string=x}", "Child exists: a already exists");
+    root.isArray = true;
+    root.AppendDict();
+    root.AddArray("-1");
+    for (int i = 0; i < 3; ++i) EXPECT_THROW(root.Remove(-1), KeyNotFoundException);
+    EXPECT_THROW(root.child("b"), StackOverflowException);
+    expect("with element 0 removed, the next child takes its place and is not found",
+           "[0:dict! -1:dict! b:dict!]", "Child exists: b already exists");
+    EXPECT_EQ(root.child("a")->child("b")->AbsolutePath(), ":root:a:b");
+    EXPECT_THROW(root.AbsolutePath(), NilObjectException);
+    root.name = "top";
+    EXPECT_THROW(root.child("a")->AbsolutePath(), NilObjectException);
+    EXPECT_EQ(root.child("a")->path, ":top:a");
+    expect("a path starts at the root", "{a:dict{b:dict{}}}");
+}
+
+TEST_F(Node, RemovingMovesElementsDown) {
+    root.child("a")->SetString("b", "x");
+    root.SetString("b", "y");
+    root.Remove("A");
+    root.Remove("b");
+    EXPECT_EQ(root.children.upperBound() + root.values.Count(), 0);
+    EXPECT_THROW(root.Remove("a"), KeyNotFoundException);
+    expect("by key, with the child", "{}");
+    array("a", {"p", "q", "r"}).Remove(0);
+    EXPECT_EQ(picture(root), "{a:array[1:string=r 0:string=q]}");
+    EXPECT_THROW(root.child("a")->Remove("1"), KeyNotFoundException);
+    expect("the last element goes twice", "{a:array[0:string=q]}");
+    for (int outside : {-1, 1}) {
+        EXPECT_THROW(array("a", {"p"}).Remove(outside), KeyNotFoundException);
+        expect("outside", "{a:array[0:string=p]}", "Subscript out of range");
+    }
+    root.SetString("5", "x");
+    root.Move("5", root.child("to"));
+    expect("a number is no key to remove by in a dictionary", "{5:string=x to:dict{5:string=x}}",
+           "root is not an array");
+    array("a", {"p"}).AppendDict();
+    root.child("a")->Remove(0);
+    expect("containers keep their names", "{a:array[0:dict!]}");
+    root.isArray = true;
+    root.AppendDict();
+    root.AppendString("p");
+    root.Remove(0);
+    EXPECT_EQ(root.children.upperBound(), 0);
+    root.AppendDict();
+    EXPECT_THROW(root.Remove(1), IndexOutOfRangeException);
+    expect("a container goes with the child at its position", "[0:string=p 1:dict{}]");
+    array("a", {"p", "q", "r", "s", "t"}).types.Remove("1");
+    root.child("a")->values.Remove("3");
+    root.child("a")->Remove(0);
+    expect("an element with no value gets that of the one before, and gaps stay",
+           "{a:array[2:string=r 4:string=t 1:string=r]}");
+}
+
+TEST_F(Node, MovingCopiesAndRemoves) {
+    root.SetString("a", "x");
+    root.Move("a", nullptr);
+    expect("nowhere to move to", "{a:string=x}", "Destination is nil");
+    root.SetString("a", "x");
+    root.Move("a", self(), true, "A");
+    expect("onto itself", "{}");
+    array("a", {"p"});
+    root.Rename(root.types.Key(0), "c");
+    expect("an array arrives as a dictionary", "{c:dict{0:string=p}}");
+    root.child("a")->child("b")->SetString("c", "x");
+    root.child("to")->child("a")->SetString("d", "y");
+    root.Move("a", root.child("to"));
+    expect("merged", "{to:dict{a:dict{d:string=y b:dict{c:string=x}}}}");
+    root.Move(root.child("a")->name, root.child("b"));
+    expect("an empty container", "{b:dict{a:dict{}}}", "Source does not exist.");
+    root.SetString("a", "x");
+    root.Rename("a", "A");
+    expect("a name that is taken", "{a:string=x}", "Key A already exists.");
+    root.child("a")->child("b");
+    EXPECT_THROW(root.Copy("a", root.child("a")), StackOverflowException);
+    root.Remove("a");
+    expect("into itself", "{}");
+    array("a", {"p"});
+    EXPECT_THROW(root.Copy("a", self()), StackOverflowException);
+    expect("an array onto itself", "{a:array[0:string=p]}", "Child exists: a already exists");
+    array("a", {}).SetDouble("0", 1);
+    root.child("a")->AppendDouble(2);
+    root.Copy("a", self());
+    expect("reals onto themselves", "{a:array[0:real=1 1:double=2 2:double=1]}");
+    array("a", {"p"}).SetString("3", "q");
+    root.Copy("a", self());
+    expect("an array with a gap", "{a:array[0:string=p 3:string=p 2:string=p]}");
+}
+
+TEST_F(Node, ListsAreArraysOfStrings) {
+    Texts list = {"p", "q", "r"};
+    root.SetList("a", list, 1, 1);
+    root.SetList("a", list, 1, 9);
+    root.SetList("b", list, 9, 9);
+    root.SetList("c", list, 2, 1);
+    root.SetList("d", {}, 0, 0);
+    EXPECT_FALSE(root.searched.Value("d"));
+    EXPECT_THROW(root.SetList("e", list, -1, 0), IndexOutOfRangeException);
+    for (const char* text : {"x", "y"}) root.SetList("5", {text}, 0, 0);
+    expect("bounds, and a key that is a number",
+           "{a:array[0:string=q 1:string=r] b:array[0:string=p 1:string=q 2:string=r] c:array[] "
+           "d:array[] e:array[] 5:array[0:string=x]}",
+           "Array exists: 5 already exists");
+    array("a", {"p", "q"});
+    root.GetList("a", list, 0);
+    EXPECT_EQ(list, Texts({"p", "q"}));
+    root.GetList("a", list, 7);
+    EXPECT_EQ(list, Texts({"", "p", "q"}));
+    root.GetList("b", list, 0);
+    EXPECT_EQ(list, Texts());
+    expect("base 0 or not", "{a:array[0:string=p 1:string=q] b:dict{}}");
+}
+
+// However a child is made, it knows its place, and whether it was marked.
+TEST_F(Node, ChildrenKnowTheirPlace) {
+    read("<key>read</key><dict/>\n<key>list</key><array>\n<array/>\n</array>");
+    const auto list = root.child("list");
+    EXPECT_EQ(list->indexOf, 1) << "the line of the closing tag counts";
+    list->AppendDict();
+    list->AppendArray();
+    root.AddArray("array");
+    root.AddChild("dict");
+    std::string seen;
+    for (const plistDict* at : {&root, &*list}) {
+        for (int i = 1; i <= at->children.upperBound(); ++i) {
+            const plistDict& node = *at->children.node(i);
+            seen += at->childrenNames[i] + ":" + node.name + (node.isArray ? "[] " : "{} ") +
+                    (at->searched.HasKey(node.name) ? "marked " : "");
+            EXPECT_EQ(node.parent.lock().get(), at) << node.name;
+            EXPECT_EQ(node.rootClass, &document) << node.name;
+        }
+    }
+    EXPECT_EQ(seen,
+              "read:read{} list:list[] array:array[] marked dict:dict{} marked "
+              "0:0[] 1:{} 2:2[] ");
+}
+
+TEST_F(Node, TheCursorGoesRound) {
+    plistDict& list = array("l", {"p", "q", "r"});
+    std::string keys;
+    for (list.MoveFirst(); !list.eof; list.MoveNext()) keys += list.CurrentKey();
+    EXPECT_EQ(keys + list.CurrentKey(), "0120");
+    list.MoveLast();
+    EXPECT_EQ(list.CurrentKey(), "2");
+    EXPECT_TRUE(list.eof) << "only MoveFirst clears it";
+    list.MoveFirst();
+    list.types.Clear();
+    EXPECT_FALSE(list.eof);
+    EXPECT_EQ(list.CurrentKey(), "");
+    EXPECT_TRUE(list.eof);
+}
+
+TEST_F(Node, TakesTextsThatItHoldsItself) {
     root.SetString("x", "x");
     root.SetString(root.values.Value("x"), "a key much longer than a string keeps in itself");
     root.SetString(root.values.Value("x"), "y");
-    root.SetList("l", {"p"}, 0, 0);
-    const auto list = root.child("l");
-    list->AppendDict();
-    list->Remove(0);
-    list->AddChild(list->childrenNames[1]);
+    plistDict& list = array("l", {"p"});
+    list.AppendDict();
+    list.Remove(0);
+    list.AddChild(list.childrenNames[1]);
     root.GetDate("x");
-    root.Rename("x", empty.document.errorMessage);
+    root.Rename("x", document.errorMessage);
     EXPECT_EQ(
         picture(root),
         "{a key much longer than a string keeps in itself:string=y l:array[0:dict! 1:dict{}{}] "
@@ -147,11 +235,10 @@ TEST(Node, TakesTextsThatItHoldsItself) {
         "itself):string='a key much longer than a string keeps in itself'}");
 }
 
-TEST(Node, KeepsWhatSomebodyHolds) {
-    test::EmptyDocument empty;
-    const auto held = empty.root.child("a")->child("b");
+TEST_F(Node, KeepsWhatSomebodyHolds) {
+    const auto held = root.child("a")->child("b");
     held->child("c")->SetString("d", "x");
-    empty.document.root = nullptr;
+    document.root = nullptr;
     EXPECT_EQ(picture(*held), "{c:dict{d:string=x}}");
     EXPECT_EQ(held->parent.lock(), nullptr);
     EXPECT_THROW(held->AbsolutePath(), NilObjectException);

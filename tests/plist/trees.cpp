@@ -4,13 +4,13 @@
 
 namespace bracken::test {
 
-const std::string_view head =
+const std::string head =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<!DOCTYPE plist PUBLIC \"-//Apple Computer//DTD PLIST 1.0//EN\" "
     "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
     "<plist version=\"1.0\">\n"
     "<dict>\n";
-const std::string_view foot = "</dict>\n</plist>\n";
+const std::string foot = "</dict>\n</plist>\n";
 
 namespace {
 
@@ -41,10 +41,18 @@ std::string picture(const plistDict& node) {
     return shown + (node.isArray ? ']' : '}');
 }
 
-Ref<plistDict> readBody(std::string_view body, plist* document) {
-    auto root = make<plistDict>();
-    root->Load(make<TextInputStream>(std::string(body)), "root", false, {}, document, true);
-    return root;
+void EmptyDocument::read(std::string_view body) {
+    root.Load(make<TextInputStream>(std::string(body)), "root", false, {}, &document, true);
+}
+
+void EmptyDocument::expect(std::string_view name, std::string_view tree, std::string_view error) {
+    EXPECT_EQ(picture(root), tree) << name;
+    EXPECT_EQ(document.errorMessage, error) << name;
+    EXPECT_EQ(document.error, !error.empty()) << name;
+    root.children = ChildList();
+    root.searched.Clear();
+    root.Load(nullptr, "root", false, {}, &document, false);
+    root.SetError(false, "");
 }
 
 }  // namespace bracken::test

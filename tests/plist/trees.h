@@ -14,18 +14,19 @@ namespace bracken::test {
 // too. A key with no value shows no "=", one with no child "!"; text is quoted when it is odd.
 std::string picture(const plistDict& node);
 
-// The tree that this body of a file gives, with `document` as its document.
-Ref<plistDict> readBody(std::string_view body, plist* document = nullptr);
-
-// An empty document over a file that is not there, in a folder of its own.
+// An empty document over a file that is not there.
 struct EmptyDocument {
-    TempFolder folder;
-    plist document{GetFolderItem(folder.path("settings.plist"), 0), nullptr};
+    plist document{GetFolderItem("/nonexistent/settings.plist", 0), nullptr};
     plistDict& root = *document.root;
+
+    // Reads the body of a file.
+    void read(std::string_view body);
+    // Expects this tree and this error, "" for none, and empties the root.
+    void expect(std::string_view name, std::string_view tree, std::string_view error = "");
 };
 
 // The head of a file as this program and others write it, up to the root's opening tag.
-extern const std::string_view head;
-extern const std::string_view foot;
+extern const std::string head;
+extern const std::string foot;
 
 }  // namespace bracken::test

@@ -1,13 +1,10 @@
 #include "framework/controls/buttons.h"
 #include "framework/controls/listbox.h"
 #include "framework/controls/plain_controls.h"
-#include "framework/exception.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
 namespace {
-
-using Probe = SmartSplitterProbe;
 
 class Lifecycle : public SplitterTest {};
 INSTANTIATE_TEST_SUITE_P(Both, Lifecycle, testing::Bool(), orientationName);
@@ -19,44 +16,81 @@ struct Swapped : SmartSplitter {
 };
 
 TEST_P(Lifecycle, TheShapeGivesTheOrientation) {
-    struct Case {
-        int width, height;
-        bool vertical;
-    };
-    for (const Case& c : {Case{10, 11, true}, Case{11, 10, false}, Case{10, 10, false}}) {
+    for (int width : {9, 10, 11}) {
         for (bool swapped : {false, true}) {
-            SmartSplitter& made = swapped ? stage.add<Swapped>("made", true, {0, 0})
-                                          : stage.add<SmartSplitter>("made", true, {0, 0});
-            made.place(50, 60, c.width, c.height);
+            SmartSplitter& made =
+                swapped ? add<Swapped>("made", 0, 0) : add<SmartSplitter>("made", 0, 0);
+            made.place(50, 60, width, 10);
             made.Event_Open();
-            EXPECT_EQ(Probe::vertical(made), c.vertical != swapped) << c.width << " " << c.height;
-            EXPECT_EQ(made.position(), c.vertical != swapped ? 50 : 60);
+            EXPECT_EQ(Probe::vertical(made), (width < 10) != swapped) << width;
+            EXPECT_EQ(made.position(), Probe::vertical(made) ? 50 : 60);
         }
     }
 }
 
-TEST_P(Lifecycle, SetUpRunsOnceAndBeforeTheFirstCall) {
-    int opened = 0;
-    auto& pane = add<GroupBox>("pane", 300, 100);
-    splitter.Open = [&] {
-        ++opened;
-        EXPECT_EQ(splitter.MinLimit, 9999) << "the limits are not derived yet";
-        EXPECT_FALSE(splitter.doNotAttachEmbeddedControls);
-        EXPECT_FALSE(splitter.showWarningsDialogs);
-        splitter.showWarningsDialogs = true;
-        splitter.attach(&pane);
+TEST_P(Lifecycle, AnyOperationSetsItUpOnceAndSomeDrawTheOverlay) {
+    using S = SmartSplitter;
+    RectControl& pane = add<GroupBox>("pane", 300, 100);
+    auto& canvas = stage.add<CanvasSmartSplitterDebugger>("overlay", true, 0, 1);
+    canvas.Event_Open();
+    struct Case {
+        const char* name;
+        std::function<void(S& s)> operation;
+        bool draws = true;
     };
-    splitter.showWarningsDialogs = true;
-    splitter.doNotAttachEmbeddedControls = true;
-    add<GroupBox>("neighbour", 410, 100);
-    splitter.setPosition(500);
-    splitter.Event_Open();
-    EXPECT_EQ(opened, 1);
-    EXPECT_EQ(Probe::names(splitter), std::vector<std::string>{"pane"})
-        << "only what the handler attached";
-    EXPECT_EQ(at(splitter), 500);
-    EXPECT_TRUE(splitter.showWarningsDialogs);
-    EXPECT_FALSE(splitter.UseFocusRing);
+    const Case cases[] = {
+        {"attachNearbyControls", [](S& s) { s.attachNearbyControls(); }, false},
+        {"attach", [](S& s) { s.attach(nullptr); }, false},
+        {"setMaxLimit", [](S& s) { s.setMaxLimit(500); }},
+        {"setMinLimit", [](S& s) { s.setMinLimit(1); }},
+        {"setMaxLimitOffset", [](S& s) { s.setMaxLimitOffset(1); }},
+        {"setMinLimitOffset", [](S& s) { s.setMinLimitOffset(1); }},
+        {"setMaxLimitOffset, control", [&](S& s) { s.setMaxLimitOffset(&pane); }},
+        {"setMinLimitOffset, control", [&](S& s) { s.setMinLimitOffset(&pane); }},
+        {"resetPosition", [](S& s) { s.resetPosition(); }},
+        {"setPosition", [](S& s) { s.setPosition(400); }},
+        {"moveDistance", [](S& s) { s.moveDistance(0, false); }, false},
+        {"setMaxAttachedControl", [](S& s) { s.setMaxAttachedControl(nullptr, false); }},
+        {"setMinAttachedControl", [](S& s) { s.setMinAttachedControl(nullptr, false); }},
+        {"behave", [](S& s) { s.behave(); }},
+        {"setProportion", [](S& s) { s.setProportion(0.5); }},
+        {"proportion", [](S& s) { s.proportion(); }, false},
+        {"position", [](S& s) { s.position(); }, false},
+        {"setDebug", [](S& s) { s.setDebug(false); }},
+        {"setConceal", [](S& s) { s.setConceal(false); }, false},
+        {"setHandleType", [](S& s) { s.setHandleType(1); }, false},
+        {"Event_Open", [](S& s) { s.Event_Open(); }, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        auto& made = add<SmartSplitter>("made", 400, 10);
+        made.MinLimitOffset = -7;
+        made.showWarningsDialogs = made.doNotAttachEmbeddedControls = true;
+        int opened = 0;
+        made.Open = [&] {
+            ++opened;
+            EXPECT_EQ(made.MinLimit, 9999) << "the limits are not derived yet";
+            EXPECT_EQ(made.MinLimitOffset, 0);
+            EXPECT_FALSE(made.showWarningsDialogs || made.doNotAttachEmbeddedControls ||
+                         made.UseFocusRing);
+            made.attach(&pane);
+        };
+        c.operation(made);
+        EXPECT_EQ(opened, 1);
+        EXPECT_EQ(Probe::names(made), "pane ") << "only what the handler attached";
+        made.setDebug(true);
+        canvas.clearP();
+        canvas.takeDirty();
+        c.operation(made);
+        EXPECT_EQ(canvas.takeDirty(), c.draws);
+        const Pixels& drawing = Probe::picture(canvas)->pixels();
+        constexpr uint32_t white = 0xffffffff;
+        EXPECT_EQ(drawing.at(made.Left + made.Width - 1, made.Top + made.Height - 1) != white,
+                  c.draws);
+        EXPECT_EQ(opened, 1);
+        made.Event_Close();
+        place(made, 700);
+    }
 }
 
 TEST_P(Lifecycle, TheAutomaticHandleReplacesTheAuthors) {
@@ -74,84 +108,76 @@ TEST_P(Lifecycle, TheAutomaticHandleReplacesTheAuthors) {
         stage.Frame = c.frame;
         auto& made = add<SmartSplitter>("made", 50, c.thickness);
         cross().setExtent(made, c.length);
-        made.handleLarge = made.handleDimple = true;
+        made.handleLarge = !c.large;
+        made.handleDimple = !c.dimple;
         made.Event_Open();
         SCOPED_TRACE(testing::Message() << c.thickness << " by " << c.length);
         EXPECT_EQ(made.handleDimple, c.dimple);
         EXPECT_EQ(made.handleLarge, c.large);
         EXPECT_EQ(made.handleCount, c.count);
+        made.takeDirty();
+        made.setHandleType(c.count);
+        EXPECT_TRUE(made.takeDirty()) << "it is painted again";
     }
 }
 
-TEST_P(Lifecycle, TheCursorShowsTheDirectionUnlessItCannotBeDragged) {
+TEST_P(Lifecycle, AConcealedOrDisabledOneIgnoresTheMouse) {
     Cursor arrows = vertical() ? Cursor::splitterEastWest : Cursor::splitterNorthSouth;
     open();
     EXPECT_EQ(splitter.MouseCursor, arrows);
-    splitter.setConceal(true);
-    EXPECT_EQ(splitter.MouseCursor, arrows) << "corrected when the mouse enters next";
-    int entered = 0;
-    splitter.MouseEnter = [&] { ++entered; };
-    splitter.userEntered();
-    EXPECT_EQ(splitter.MouseCursor, Cursor::standard);
-    splitter.setConceal(false);
-    splitter.Enabled = false;
-    splitter.userEntered();
-    EXPECT_EQ(splitter.MouseCursor, Cursor::standard);
-    EXPECT_EQ(entered, 2);
-}
-
-TEST_P(Lifecycle, TheMouseDragsIt) {
-    auto& min = add<Listbox>("min", 0, 400);
-    auto& max = add<Listbox>("max", 410, 150);
-    open();
-    std::vector<std::string> events;
-    splitter.MouseDown = [&](int, int) { events.push_back("down"); };
-    splitter.MouseDrag = [&](int, int) { events.push_back("drag"); };
-    splitter.MouseUp = [&](int, int) { events.push_back("up"); };
-    splitter.Moved = [&](int distance) { events.push_back(std::to_string(distance)); };
-    press(5);
-    drag(-100);
-    drag(-50);
-    EXPECT_EQ(at(splitter), 250);
-    EXPECT_EQ(extent(min), 250);
-    EXPECT_EQ(at(max), 260);
-    EXPECT_EQ(extent(max), 300);
-    release();
-    drag(-50);
-    EXPECT_EQ(events, (std::vector<std::string>{"down", "-100", "drag", "-50", "drag", "up"}));
-}
-
-TEST_P(Lifecycle, AConcealedOrDisabledOneIgnoresTheMouse) {
-    open();
     int events = 0;
     splitter.MouseDown = splitter.MouseUp = [&](int, int) { ++events; };
+    splitter.MouseEnter = [&] { ++events; };
+    splitter.takeDirty();
     splitter.setConceal(true);
+    EXPECT_TRUE(splitter.takeDirty());
+    EXPECT_EQ(splitter.MouseCursor, arrows) << "corrected when the mouse enters next";
     EXPECT_FALSE(splitter.Event_MouseDown(5, 5));
+    splitter.userEntered();
+    EXPECT_EQ(splitter.MouseCursor, Cursor::standard);
     splitter.setConceal(false);
     splitter.Enabled = false;
-    press(5);
+    press();
     drag(-100);
     release();
-    EXPECT_EQ(events, 0);
     EXPECT_EQ(at(splitter), 400);
+    EXPECT_EQ(events, 1);
 }
 
-TEST_P(Lifecycle, WithoutLiveDragTheControlsFollowAtTheEnd) {
-    splitter.DisableLiveDrag = true;
+TEST_P(Lifecycle, TheMouseDragsItWithOrWithoutTheControls) {
     auto& min = add<Listbox>("min", 0, 400);
+    add<Listbox>("max", 410, 150);
+    auto& apart = add("apart", 700, 10);
+    std::string events;
     open();
-    std::vector<int> moves;
-    splitter.Moved = [&](int distance) { moves.push_back(distance); };
-    press(5);
+    splitter.MouseDown = [&](int x, int) { events += "down" + std::to_string(x) + " "; };
+    splitter.MouseDrag = [&](int x, int y) { events += "drag" + std::to_string(x + y) + " "; };
+    splitter.MouseUp = [&](int, int) { events += "up "; };
+    splitter.Moved = [&](int distance) { events += std::to_string(distance) + " "; };
+    const auto state = [&] {
+        return std::exchange(events, "") + "at " + std::to_string(at(splitter)) + "," +
+               std::to_string(extent(min));
+    };
+    press();
     drag(-100);
-    drag(20);
-    EXPECT_EQ(at(splitter), 320);
-    EXPECT_EQ(extent(min), 400);
+    drag(-50);
+    EXPECT_EQ(state(), "down5 -100 drag-92 -50 drag-42 at 250,250");
     release();
-    EXPECT_EQ(extent(min), 320);
-    EXPECT_EQ(moves, std::vector<int>{-80});
+    drag(-50);
+    EXPECT_EQ(state(), "up at 250,250");
+    splitter.DisableLiveDrag = true;
+    press();
+    drag(50);
+    drag(20);
+    EXPECT_EQ(state(), "down5 drag58 drag28 at 320,250");
+    apart.takeDirty();
+    release();
+    EXPECT_TRUE(apart.takeDirty()) << "the window is drawn where the ghost was";
+    EXPECT_EQ(state(), "70 up at 320,320");
+    min.Visible = false;
     splitter.behave();
-    EXPECT_EQ(moves.size(), 1U) << "behaving raises nothing";
+    EXPECT_EQ(state(), "at 320,320") << "behaving raises nothing then";
+    EXPECT_TRUE(min.Visible) << "but adjusts the controls";
 }
 
 TEST_P(Lifecycle, AClosedOneStillWorksAndCanAttachAgain) {
@@ -162,7 +188,7 @@ TEST_P(Lifecycle, AClosedOneStillWorksAndCanAttachAgain) {
     auto kept = stage.shared_from_this();
     stage.Close();
     EXPECT_EQ(closed, 1);
-    EXPECT_EQ(Probe::names(splitter), std::vector<std::string>{});
+    EXPECT_EQ(Probe::names(splitter), "");
     splitter.behave();
     splitter.attach(&pane);
     splitter.setPosition(450);

@@ -87,10 +87,8 @@ Greys largeDimpleGreys(const std::array<int, 21>& percents, bool dark) {
 struct State {
     const char* name;
     int frame;
-    bool enabled;
-    bool active;
-    Greys bars;
-    Greys dimples;
+    bool enabled, active;
+    Greys bars, dimples;
     const std::array<int, 21>& largeDimple;
 };
 
@@ -110,76 +108,68 @@ const State states[] = {
     {"light, disabled and inactive", 0, false, false, lightGreysOff, dimples, largeDimpleOff},
     {"dark", 9, true, true, darkGreys, dimplesDark, largeDimpleOn},
     {"dark, inactive", 9, true, false, darkGreysOff, dimplesDarkLit, largeDimpleOff},
-    {"dark, disabled", 9, false, true, darkGreysOff, dimplesDark, largeDimpleOff},
 };
 
 class Painting : public SplitterTest {
   protected:
     // A splitter of 9 by 25 pixels that is set up under that state.
-    SmartSplitter& made(const State& state) {
+    SmartSplitter& made(const State& state, RectControl* parent = nullptr) {
         stage.Frame = state.frame;
-        auto& result = stage.add<SmartSplitter>("painted", true, {0, 0});
+        auto& result = add<SmartSplitter>("painted", 0, 0);
         result.place(50, 60, vertical() ? 9 : 25, vertical() ? 25 : 9);
+        result.Parent = parent;
         result.Event_Open();
         result.Enabled = state.enabled;
         result.Active = state.active;
         return result;
     }
+    void expect(SmartSplitter& painted, const Art& art, const Greys& greys,
+                const std::string& name) {
+        EXPECT_EQ(marked(painted.paint(), art, greys), art) << name;
+    }
     Art oriented(const Art& art) const { return vertical() ? art : transposed(art); }
+    const Art empty = oriented(Art(25, "........."));
 };
 INSTANTIATE_TEST_SUITE_P(Both, Painting, testing::Bool(), orientationName);
 
 TEST_P(Painting, EachHandleInEachState) {
     for (const State& state : states) {
-        struct Case {
-            int type;
-            Art art;
-            Greys greys;
-        };
-        const Case cases[] = {
-            {1, oriented(smallBars()), state.bars},
-            {2, oriented(largeBars()), state.bars},
-            {3, oriented(smallDimples()), state.dimples},
-            {4, largeDimple(!vertical()), largeDimpleGreys(state.largeDimple, state.frame == 9)},
-            {5, oriented(Art(25, ".........")), state.bars}};
         SmartSplitter& painted = made(state);
-        for (const Case& c : cases) {
-            painted.setHandleType(c.type);
-            EXPECT_EQ(marked(painted.paint(), c.art, c.greys), c.art)
-                << state.name << ", type " << c.type;
-        }
+        const auto show = [&](int type, const Art& art, const Greys& greys) {
+            painted.setHandleType(type);
+            expect(painted, art, greys, state.name + std::to_string(type));
+        };
+        show(1, oriented(smallBars()), state.bars);
+        show(2, oriented(largeBars()), state.bars);
+        show(3, oriented(smallDimples()), state.dimples);
+        show(4, largeDimple(!vertical()), largeDimpleGreys(state.largeDimple, state.frame == 9));
+        show(5, empty, state.bars);
     }
-}
-
-TEST_P(Painting, ATabPanelIsNoDarkBackground) {
-    auto& panel = stage.add<TabPanel>("panel", true, {0, 300});
-    stage.Frame = FrameKind::dark;
-    auto& inside = stage.add<SmartSplitter>("painted", true, {0, 0});
-    inside.place(50, 60, vertical() ? 9 : 25, vertical() ? 25 : 9);
-    inside.Parent = &panel;
-    inside.Event_Open();
+    SmartSplitter& inside = made(states[4], &add<TabPanel>("panel", 0, 300));
     EXPECT_FALSE(inside.handleDimple);
     inside.setHandleType(2);
-    EXPECT_EQ(marked(inside.paint(), oriented(largeBars()), lightGreys), oriented(largeBars()));
+    expect(inside, oriented(largeBars()), lightGreys, "a tab panel is no dark background");
 }
 
 TEST_P(Painting, TheGhostIsAFrameOnlyWhileDragging) {
     SmartSplitter& ghost = made(states[0]);
-    ghost.DisableLiveDrag = true;
-    ghost.setHandleType(5);
-    Art empty = oriented(Art(25, "........."));
     Art frame(25, "m.......m");
     frame.front() = frame.back() = "mmmmmmmmm";
-    EXPECT_EQ(marked(ghost.paint(), empty, lightGreys), empty);
+    ghost.setHandleType(5);
+    ghost.DisableLiveDrag = true;
+    expect(ghost, empty, lightGreys, "before");
     ghost.userPressed(4, 4);
-    EXPECT_EQ(marked(ghost.paint(), oriented(frame), lightGreys), oriented(frame));
+    expect(ghost, oriented(frame), lightGreys, "pressed");
     ghost.Top = -3;
     Art cut = oriented(frame);
     // Its upper edge is drawn three pixels above the control.
     cut.front() = cut[1];
-    EXPECT_EQ(marked(ghost.paint(), cut, lightGreys), cut);
+    expect(ghost, cut, lightGreys, "above the window");
     ghost.setConceal(true);
-    EXPECT_EQ(marked(ghost.paint(), empty, lightGreys), empty);
+    expect(ghost, empty, lightGreys, "concealed");
+    ghost.setConceal(false);
+    ghost.userReleased(4, 4);
+    expect(ghost, empty, lightGreys, "released");
 }
 
 TEST_P(Painting, UsesTheControlsGraphicsNotTheEvents) {

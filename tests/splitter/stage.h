@@ -16,18 +16,19 @@ namespace bracken {
 // Access to a splitter's private state.
 class SmartSplitterProbe {
   public:
-    using Entry = SmartSplitter::Attached;
-
     static auto& attached(SmartSplitter& s) { return s.attached; }
-    static Entry& entry(SmartSplitter& s, const RectControl& control) {
-        int index = s.indexOf(&control);
-        if (index < 0) throw NilObjectException(control.name() + " is not attached");
-        return s.attached[static_cast<size_t>(index)];
+    // The names of the attached controls, each with a blank after it.
+    static std::string names(SmartSplitter& s) {
+        std::string all;
+        for (auto& entry : s.attached) all += entry.control->name() + " ";
+        return all;
     }
-    static std::vector<std::string> names(SmartSplitter& s) {
-        std::vector<std::string> result;
-        for (auto& entry : s.attached) result.push_back(entry.control->name());
-        return result;
+    // The side of an attached control and what becomes of it in a move.
+    static std::string role(SmartSplitter& s, const RectControl& control) {
+        const auto& entry = s.attached.at(static_cast<size_t>(s.indexOf(&control)));
+        return std::string(entry.behind ? "min" : "max") + (entry.shouldMove ? " move" : "") +
+               (entry.shouldResize ? " resize" : "") + (entry.shouldCenter ? " center" : "") +
+               (entry.normallyVisible ? "" : " hidden");
     }
     static bool vertical(SmartSplitter& s) { return s.isVertical; }
     static RectControl* minControl(SmartSplitter& s) { return s.minAttachedControl; }
@@ -55,30 +56,24 @@ class SmartSplitterProbe {
 
 namespace bracken::test {
 
-// A window whose controls are added one by one; its splitters behave when its size changes.
+using Probe = SmartSplitterProbe;
+
+// A window of 800 by 600 whose controls are added one by one; its splitters behave when its size
+// changes.
 class Stage : public Window {
   public:
-    // A control's position and extent along the axis that the stage's splitters move on.
-    struct Along {
-        int position;
-        int extent;
-    };
-
-    // Makes an empty stage, 800 by 600.
-    static Stage& make() { return Windows::get().instance<Stage>(); }
-
-    // Adds a control that spans pixels 100 to 300 across the axis.
+    // Adds a control that spans pixels 100 to 300 across the axis of its splitters.
     template <class T>
-    T& add(const std::string& name, bool vertical, Along along) {
+    T& add(const std::string& name, bool vertical, int position, int extent) {
         auto control = std::make_shared<T>(*this, name);
         if (vertical)
-            control->place(along.position, 100, along.extent, 200);
+            control->place(position, 100, extent, 200);
         else
-            control->place(100, along.position, 200, along.extent);
-        owned_.push_back(control);
+            control->place(100, position, 200, extent);
+        owned.push_back(control);
         return *control;
     }
-    void keep(std::shared_ptr<Control> control) { owned_.push_back(std::move(control)); }
+    std::vector<std::shared_ptr<Control>> owned;
 
   protected:
     void Layout() override {
@@ -89,9 +84,6 @@ class Stage : public Window {
         for (Control* control : controls())
             if (auto* splitter = dynamic_cast<SmartSplitter*>(control)) splitter->behave();
     }
-
-  private:
-    std::vector<std::shared_ptr<Control>> owned_;
 };
 
 // A stage with a splitter at 400, 10 thick, not set up yet; for both orientations.
@@ -103,37 +95,35 @@ class SplitterTest : public testing::TestWithParam<bool> {
 
     template <class T = RectControl>
     T& add(const std::string& name, int position, int extent) {
-        return stage.add<T>(name, vertical(), {position, extent});
+        return stage.add<T>(name, vertical(), position, extent);
     }
     void open() { splitter.Event_Open(); }
+    // The limits and the widths of the zones inside them.
+    void setLimits(int minLimit, int minOffset, int maxLimit, int maxOffset) {
+        splitter.setMinLimit(minLimit);
+        splitter.setMaxLimit(maxLimit);
+        splitter.setMinLimitOffset(minOffset);
+        splitter.setMaxLimitOffset(maxOffset);
+    }
     int at(const RectControl& control) const { return static_cast<int>(axis().position(control)); }
     int extent(const RectControl& control) const {
         return static_cast<int>(axis().extent(control));
     }
-    void lockBothEnds(RectControl& control) const {
-        (vertical() ? control.LockLeft : control.LockTop) = true;
-        (vertical() ? control.LockRight : control.LockBottom) = true;
-    }
-    void lockFarEnd(RectControl& control) const {
-        (vertical() ? control.LockRight : control.LockBottom) = true;
-    }
+    void place(RectControl& control, int position) { axis().setPosition(control, position); }
+    int windowSize() const { return static_cast<int>(axis().size(stage)); }
     void resizeWindow(int size) {
         stage.userResized(vertical() ? size : 800, vertical() ? 600 : size);
     }
-    int windowSize() const { return static_cast<int>(axis().size(stage)); }
-    void press(int along) { splitter.userPressed(vertical() ? along : 3, vertical() ? 3 : along); }
-    // `distance`: from where the mouse was pressed at 5, relative to the control.
+    void press() { splitter.userPressed(5, 5); }
+    // `distance`: from where the mouse was pressed, relative to the control.
     void drag(int distance) {
         splitter.userDragged(vertical() ? 5 + distance : 3, vertical() ? 3 : 5 + distance);
     }
     void release() { splitter.userReleased(5, 5); }
-    SmartSplitterProbe::Entry& entry(const RectControl& control) {
-        return SmartSplitterProbe::entry(splitter, control);
-    }
 
     FakePlatform platform;
-    Stage& stage = Stage::make();
-    SmartSplitter& splitter = stage.add<SmartSplitter>("splitter", GetParam(), {400, 10});
+    Stage& stage = Windows::get().instance<Stage>();
+    SmartSplitter& splitter = add<SmartSplitter>("splitter", 400, 10);
 };
 
 inline std::string orientationName(const testing::TestParamInfo<bool>& info) {

@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/listbox.h"
@@ -11,101 +9,107 @@
 namespace bracken::test {
 namespace {
 
-using Probe = SmartSplitterProbe;
-using Make = std::function<RectControl&(Stage&)>;
-
 template <class T>
-Make create(std::function<void(T&)> change = nullptr) {
-    return [change](Stage& stage) -> RectControl& {
-        T& control = stage.add<T>("control", true, {0, 200});
-        if (change) change(control);
-        return control;
-    };
+RectControl& make(Stage& stage) {
+    return stage.add<T>("control", true, 0, 200);
 }
 
-Make field(bool multiLine, bool verticalBar, bool horizontalBar) {
-    return create<EditField>([=](EditField& field) {
-        field.MultiLine = multiLine;
-        field.ScrollBarVertical = verticalBar;
-        field.ScrollBarHorizontal = horizontalBar;
-    });
+template <bool multiLine, bool verticalBar, bool horizontalBar>
+RectControl& field(Stage& stage) {
+    auto& made = stage.add<EditField>("control", true, 0, 200);
+    made.MultiLine = multiLine;
+    made.ScrollBarVertical = verticalBar;
+    made.ScrollBarHorizontal = horizontalBar;
+    return made;
 }
 
-Make locked(bool left, bool top, bool right, bool bottom) {
-    return create<PushButton>([=](PushButton& button) {
-        button.LockLeft = left;
-        button.LockTop = top;
-        button.LockRight = right;
-        button.LockBottom = bottom;
-    });
+RectControl& barredList(Stage& stage) {
+    auto& made = stage.add<Listbox>("control", true, 0, 200);
+    made.ScrollbarHorizontal = true;
+    return made;
+}
+
+RectControl& label(Stage& stage) {
+    auto& made = stage.add<StaticText>("control", true, 0, 200);
+    made.MultiLine = true;
+    return made;
+}
+
+template <bool left, bool top, bool right, bool bottom>
+RectControl& locked(Stage& stage) {
+    auto& made = stage.add<PushButton>("control", true, 0, 200);
+    made.LockLeft = left;
+    made.LockTop = top;
+    made.LockRight = right;
+    made.LockBottom = bottom;
+    return made;
+}
+
+template <int width, int height>
+RectControl& shaped(Stage& stage) {
+    auto& made = stage.add<SmartSplitter>("control", true, 0, 200);
+    made.place(0, 0, width, height);
+    return made;
 }
 
 struct Suggested {
     int minSize;
     int offset;
     bool resizes;
+    bool operator==(const Suggested&) const = default;
 };
 
 struct Case {
     const char* name;
-    Make make;
+    RectControl& (*make)(Stage& stage);
     Suggested vertical;
     Suggested horizontal;
     bool holdsOthers;
 };
 
 TEST(Suggestions, FollowTheClassOfTheControl) {
-    auto list = [](bool bar) {
-        return create<Listbox>([=](Listbox& made) { made.ScrollbarHorizontal = bar; });
-    };
-    auto label = [](bool multiLine) {
-        return create<StaticText>([=](StaticText& made) { made.MultiLine = multiLine; });
-    };
-    auto shaped = [](int width, int height) {
-        return create<SmartSplitter>([=](SmartSplitter& made) { made.place(0, 0, width, height); });
-    };
     const Case cases[] = {
-        {"list", list(false), {20, 86, true}, {20, 30, true}, true},
-        {"list, horizontal bar", list(true), {20, 86, true}, {20, 66, true}, true},
-        {"check box", create<CheckBox>(), {18, 60, false}, {2, 30, false}, false},
-        {"radio button", create<RadioButton>(), {18, 60, false}, {2, 30, false}, false},
-        {"field", field(false, false, true), {20, 60, true}, {2, 30, false}, true},
-        {"field, lines", field(true, true, false), {20, 80, true}, {2, 30, true}, true},
-        {"field, horizontal bar", field(true, false, true), {20, 60, true}, {2, 46, true}, true},
-        {"popup", create<PopupMenu>(), {18, 40, true}, {2, 30, false}, false},
-        {"label", label(false), {2, 40, false}, {2, 30, false}, false},
-        {"label, lines", label(true), {2, 40, false}, {2, 30, true}, false},
-        {"tab panel", create<TabPanel>(), {28, 140, true}, {28, 140, true}, true},
-        {"page panel", create<PagePanel>(), {28, 100, true}, {28, 100, true}, true},
-        {"group box", create<GroupBox>(), {28, 100, true}, {28, 100, true}, true},
-        {"canvas", create<Canvas>(), {2, 30, true}, {2, 30, true}, true},
-        {"rectangle", create<Rectangle>(), {2, 30, true}, {2, 30, true}, true},
-        {"separator", create<Separator>(), {2, 30, true}, {2, 30, true}, false},
-        {"placard", create<Placard>(), {2, 30, true}, {2, 30, true}, false},
-        {"image well", create<ImageWell>(), {2, 30, true}, {2, 30, true}, false},
-        {"line", create<Line>(), {2, 30, false}, {2, 30, false}, false},
-        {"button", create<PushButton>(), {2, 30, false}, {2, 30, false}, false},
-        {"button, left right", locked(1, 0, 1, 0), {2, 30, true}, {2, 30, false}, false},
-        {"button, top bottom", locked(0, 1, 0, 1), {2, 30, false}, {2, 30, true}, false},
-        {"button, left top", locked(1, 1, 0, 0), {2, 30, false}, {2, 30, false}, false},
-        {"vertical splitter", shaped(5, 200), {2, 30, false}, {2, 30, true}, true},
-        {"horizontal splitter", shaped(200, 5), {2, 30, true}, {2, 30, false}, true},
-        {"square splitter", shaped(9, 9), {2, 30, true}, {2, 30, false}, true},
+        {"list", make<Listbox>, {20, 86, true}, {20, 30, true}, true},
+        {"list, horizontal bar", barredList, {20, 86, true}, {20, 66, true}, true},
+        {"check box", make<CheckBox>, {18, 60, false}, {2, 30, false}, false},
+        {"radio button", make<RadioButton>, {18, 60, false}, {2, 30, false}, false},
+        {"field", field<false, false, true>, {20, 60, true}, {2, 30, false}, true},
+        {"field, lines", field<true, true, false>, {20, 80, true}, {2, 30, true}, true},
+        {"field, bar", field<true, false, true>, {20, 60, true}, {2, 46, true}, true},
+        {"popup", make<PopupMenu>, {18, 40, true}, {2, 30, false}, false},
+        {"label", make<StaticText>, {2, 40, false}, {2, 30, false}, false},
+        {"label, lines", label, {2, 40, false}, {2, 30, true}, false},
+        {"tab panel", make<TabPanel>, {28, 140, true}, {28, 140, true}, true},
+        {"page panel", make<PagePanel>, {28, 100, true}, {28, 100, true}, true},
+        {"group box", make<GroupBox>, {28, 100, true}, {28, 100, true}, true},
+        {"canvas", make<Canvas>, {2, 30, true}, {2, 30, true}, true},
+        {"rectangle", make<Rectangle>, {2, 30, true}, {2, 30, true}, true},
+        {"separator", make<Separator>, {2, 30, true}, {2, 30, true}, false},
+        {"placard", make<Placard>, {2, 30, true}, {2, 30, true}, false},
+        {"image well", make<ImageWell>, {2, 30, true}, {2, 30, true}, false},
+        {"line", make<Line>, {2, 30, false}, {2, 30, false}, false},
+        {"button", make<PushButton>, {2, 30, false}, {2, 30, false}, false},
+        {"left right", locked<true, false, true, false>, {2, 30, true}, {2, 30, false}, false},
+        {"top bottom", locked<false, true, false, true>, {2, 30, false}, {2, 30, true}, false},
+        {"left top", locked<true, true, false, false>, {2, 30, false}, {2, 30, false}, false},
+        {"vertical splitter", shaped<5, 200>, {2, 30, false}, {2, 30, true}, true},
+        {"horizontal splitter", shaped<200, 5>, {2, 30, true}, {2, 30, false}, true},
+        {"square splitter", shaped<9, 9>, {2, 30, true}, {2, 30, false}, true},
     };
     for (const Case& c : cases) {
         FakePlatform platform;
-        Stage& stage = Stage::make();
+        Stage& stage = Windows::get().instance<Stage>();
         const RectControl& control = c.make(stage);
-        for (bool vertical : {true, false}) {
-            SCOPED_TRACE(std::string(c.name) + (vertical ? ", vertical" : ", horizontal"));
-            auto& splitter = stage.add<SmartSplitter>("splitter", vertical, {700, 10});
-            splitter.Event_Open();
-            const Suggested& expected = vertical ? c.vertical : c.horizontal;
-            EXPECT_EQ(Probe::minSize(splitter, control), expected.minSize);
-            EXPECT_EQ(Probe::offset(splitter, control), expected.offset);
-            EXPECT_EQ(Probe::resizes(splitter, control), expected.resizes);
-        }
         EXPECT_EQ(Probe::holdsOthers(control), c.holdsOthers) << c.name;
+        for (bool vertical : {true, false}) {
+            auto& splitter = stage.add<SmartSplitter>("splitter", vertical, 700, 10);
+            splitter.Event_Open();
+            EXPECT_EQ(
+                (Suggested{Probe::minSize(splitter, control), Probe::offset(splitter, control),
+                           Probe::resizes(splitter, control)}),
+                vertical ? c.vertical : c.horizontal)
+                << c.name << vertical;
+        }
     }
 }
 

@@ -1,0 +1,208 @@
+#include "framework/text/text.h"
+#include "tests/plist/trees.h"
+
+namespace bracken {
+namespace {
+
+using test::picture;
+using Node = plistDict&;
+using Key = const std::string&;
+
+// A key of each tag; "n" is none of them.
+struct Everything : test::EmptyDocument {
+    Everything() {
+        read(
+            "<key>s</key><string>FF8010</string>\n<key>i</key><integer>12</integer>\n<key>r</key>"
+            "<real>2.9</real>\n<key>e</key><double>&h1F</double>\n<key>b</key><boolean>TRUE"
+            "</boolean>\n<key>t</key><date>2004-03-09T07:05:01Z</date>\n<key>d</key><data>QQ=="
+            "</data>\n<key>w</key><word>x</word>\n<key>c</key><dict/>\n<key>a</key><array>\n"
+            "<string>p</string>\n</array>\n</dict>");
+    }
+    // The first letter of the error, "" for none.
+    std::string error() const { return document.error ? Left(document.errorMessage, 1) : ""; }
+};
+constexpr const char* keys[] = {"s", "i", "r", "e", "b", "t", "d", "w", "c", "a", "n"};
+
+Ref<Date> moment() {
+    const auto date = make<Date>();
+    ParseDate("12/3/2004", *date);
+    date->Hour = 4;
+    date->Minute = 59;
+    date->Second = 10;
+    return date;
+}
+
+std::string shown(const Ref<Date>& date) {
+    if (date == nullptr) return "nil";
+    return Str(date->Year) + "-" + Str(date->Month) + "-" + Str(date->Day) + "T" + Str(date->Hour) +
+           ":" + Str(date->Minute) + ":" + Str(date->Second);
+}
+
+std::string shown(Color color) {
+    return Str(color.red) + "," + Str(color.green) + "," + Str(color.blue);
+}
+
+std::string dateOrNow(Node n, Key k) {
+    const std::string date = shown(n.GetDate(k, moment()));
+    return n.rootClass->error && date != "nil" ? "now" : date;
+}
+
+// What each getter makes of a key of each tag, with its error, and what it stores for a new one.
+TEST(Values, AreReadByTag) {
+    struct Case {
+        const char* name;
+        std::string (*get)(Node n, Key k);
+        const char* results;
+    };
+    const char* texts =
+        "s=FF8010 i=12 r=2.9 e=&h1F b=TRUE t=2004-03-09T07:05:01Z d=QQ== w=x c=K a=K n=x string=x";
+    const char* reals = "s=0 i=12 r=2.9 e=31 b=0 t=-1T d=0 w=0 c=0I a=0I n=2.5 real=2.5";
+    const Case cases[] = {
+        {"GetValue", [](Node n, Key k) { return n.GetValue(k, "x"); }, texts},
+        {"GetString", [](Node n, Key k) { return n.GetString(k, "x"); }, texts},
+        {"GetData", [](Node n, Key k) { return n.GetData(k, "x"); }, texts},
+        {"GetInteger", [](Node n, Key k) { return Str(n.GetInteger(k, 7)); },
+         "s=0 i=12 r=2 e=31 b=0 t=-1T d=0 w=0 c=0I a=0I n=7 integer=7"},
+        {"GetDouble", [](Node n, Key k) { return Str(n.GetDouble(k, 2.5)); }, reals},
+        {"GetReal", [](Node n, Key k) { return Str(n.GetReal(k, 2.5)); }, reals},
+        {"GetBoolean", [](Node n, Key k) { return Str(n.GetBoolean(k, true)); },
+         "s=0T i=0T r=0T e=0T b=1 t=0T d=0T w=0T c=0T a=0T n=1 boolean=true"},
+        {"GetColor",
+         [](Node n, Key k) {
+             return shown(n.GetColor(k, {1, 2, 255}));
+         },
+         "s=255,128,16 i=0,0,0T r=0,0,0T e=0,0,0T b=0,0,0T t=0,0,0T d=0,0,0T w=0,0,0T c=0,0,0T "
+         "a=0,0,0T n=18,255,255 string=12FF"},
+        {"GetDate", dateOrNow,
+         "s=nowC i=nowC r=nowC e=nowC b=nowC t=2004-3-9T7:5:1 d=nowC w=nowC c=nilI a=nilI "
+         "n=2004-12-3T4:59:10 date=2004-12-03T04:59:10Z"},
+    };
+    for (const Case& c : cases) {
+        std::string results;
+        for (const char* key : keys) {
+            Everything all;
+            results += std::string(key) + "=" + c.get(all.root, key);
+            results += all.error() + " ";
+            if (*key == 'n')
+                results += all.root.types.Value("n") + "=" + all.root.values.Value("n");
+        }
+        EXPECT_EQ(results, c.results) << c.name;
+    }
+}
+
+// Each setter stores under the keys that it accepts, and refuses the others.
+TEST(Values, AreSetByTag) {
+    struct Case {
+        const char* name;
+        void (*set)(Node n, Key k);
+        const char* stored;
+        int32_t indexWhenStored = 5, indexWhenRefused = 5;
+    };
+    const Case cases[] = {
+        {"SetString", [](Node n, Key k) { n.SetString(k, "x"); }, "s:string=x n:string=x "},
+        {"SetInteger", [](Node n, Key k) { n.SetInteger(k, -2.5); }, "i:integer=-3 n:integer=-3 "},
+        {"SetBoolean", [](Node n, Key k) { n.SetBoolean(k, false); },
+         "b:boolean=false n:boolean=false ", -1, -1},
+        {"SetDouble", [](Node n, Key k) { n.SetDouble(k, 1e15); }, "r:real=1e+15 n:real=1e+15 "},
+        {"SetReal", [](Node n, Key k) { n.SetReal(k, 0.1); }, "e:real=0.1 n:real=0.1 "},
+        {"SetDate", [](Node n, Key k) { n.SetDate(k, moment()); },
+         "t:date=2004-12-03T04:59:10Z n:date=2004-12-03T04:59:10Z "},
+        {"SetData", [](Node n, Key k) { n.SetData(k, "x"); },
+         "s:data=x i:data=x r:data=x e:data=x b:data=x t:data=x d:data=x w:data=x c:data=x "
+         "a:data=x n:data=x "},
+        {"SetColor",
+         [](Node n, Key k) {
+             n.SetColor(k, {16, 9, 255});
+         },
+         "s:string=109FF n:string=109FF ", -1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::string stored;
+        for (const char* key : keys) {
+            Everything all;
+            all.root.indexOf = 5;
+            c.set(all.root, key);
+            const bool* mark = all.root.searched.find(key);
+            EXPECT_EQ(all.root.indexOf, mark ? c.indexWhenStored : c.indexWhenRefused) << key;
+            if (mark == nullptr) {
+                EXPECT_EQ(all.error() + picture(all.root), "T" + picture(Everything().root)) << key;
+                continue;
+            }
+            EXPECT_FALSE(*mark) << "it may be found again";
+            stored += std::string(key) + ":" + all.root.types.Value(key) + "=" +
+                      all.root.values.Value(key) + " ";
+        }
+        EXPECT_EQ(stored, c.stored);
+    }
+}
+
+TEST(Values, AreAppendedToArraysOnly) {
+    struct Case {
+        const char* name;
+        void (*append)(Node n);
+        const char* element;
+    };
+    const Case cases[] = {
+        {"AppendString", [](Node n) { n.AppendString("x"); }, "1:string=x"},
+        {"AppendInteger", [](Node n) { n.AppendInteger(-7); }, "1:integer=-7"},
+        {"AppendDouble", [](Node n) { n.AppendDouble(2.5); }, "1:double=2.5"},
+        {"AppendBoolean", [](Node n) { n.AppendBoolean(true); }, "1:boolean=true"},
+        {"AppendBoolean", [](Node n) { n.AppendBoolean(false); }, "1:boolean=false"},
+        {"AppendDate", [](Node n) { n.AppendDate(moment()); }, "1:date=2004-12-03T04:59:10Z"},
+        {"AppendData", [](Node n) { n.AppendData("QQ"); }, "1:data=QQ"},
+        {"AppendColor",
+         [](Node n) {
+             n.AppendColor({1, 255, 0});
+         },
+         "1:string=1FF0"},
+        {"AppendDict", [](Node n) { n.AppendDict(); }, "1:dict{}"},
+        {"AppendArray", [](Node n) { n.AppendArray(); }, "1:array[]"},
+        {"AppendList", [](Node n) { n.AppendList({"x"}, 0, 9); }, "1:array[] -1:dict{}"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Everything all;
+        const auto array = all.root.child("a");
+        array->indexOf = 9;
+        c.append(*array);
+        EXPECT_EQ(picture(*array), std::string("[0:string=p ") + c.element + "]");
+        EXPECT_EQ(array->indexOf, 1);
+        EXPECT_FALSE(array->searched.HasKey("1"));
+        const std::string before = picture(all.root);
+        c.append(all.root);
+        all.expect("", before, "root is not an array");
+    }
+}
+
+// In an array a container goes after an empty one, and a real becomes a double.
+TEST(Values, AreMovedByTag) {
+    Everything all;
+    const auto list = make<plistDict>();
+    list->isArray = true;
+    for (const char* key : keys) all.root.Copy(key, list);
+    EXPECT_EQ(picture(*list),
+              "[0:string=FF8010 1:integer=12 2:double=2.9 3:boolean=true "
+              "4:date=2004-03-09T07:05:01Z 5:data=QQ== 6:dict{} 7:dict{} 8:dict{} "
+              "9:dict{0:string=p}]");
+    const auto to = make<plistDict>();
+    for (const char* key : keys) all.root.Move(key, to);
+    all.expect("", "{}", "Source does not exist.");
+    EXPECT_EQ(picture(*to),
+              "{s:string=FF8010 i:integer=12 r:real=2.9 b:boolean=true "
+              "t:date=2004-03-09T07:05:01Z d:data=QQ== c:dict{} a:dict{0:string=p}}");
+}
+
+TEST(Values, DatesAreReadAsFarAsTheyGo) {
+    for (const auto& [text, fields] : {std::pair{"2004-3-9t7", "2004-3-9T7:0:0"},
+                                       {"2004-03-09", "2004-3-9T0:0:0"},
+                                       {"2004-03-09TZ", "2004-3-9T0:0:0"},
+                                       {"2004-03-09T99:1.9:-1z", "2004-3-9T99:1:-1"}}) {
+        test::EmptyDocument empty;
+        EXPECT_EQ(shown(empty.root.GetDate(empty.root.GetString(text, text))), fields);
+        EXPECT_FALSE(empty.document.error) << text;
+    }
+}
+
+}  // namespace
+}  // namespace bracken
