@@ -18,8 +18,8 @@ namespace {
 // Twice as many bring no disk measured more than a tenth.
 constexpr size_t maxThreads = 32;
 
-// Many of them become ready at once, and the window must not wait for its turn behind them all. What
-// they do when they run is little, and a busy core has better to do meanwhile.
+// Many of them become ready at once, and the window must not wait for its turn behind them all.
+// What they do when they run is little, and a busy core has better to do meanwhile.
 constexpr int niceness = 19;
 
 // Real folders in the folder, by their paths, the last one first.

@@ -4,9 +4,8 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "platform/qt/fitted_font.h"
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/text_lines.h"
 #include "platform/qt/tip_text.h"
 
 namespace bracken {

@@ -5,7 +5,7 @@
 #include <QToolTip>
 #include <algorithm>
 
-#include "platform/qt/text_lines.h"
+#include "platform/qt/fitted_text.h"
 
 namespace bracken {
 

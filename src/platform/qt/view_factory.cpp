@@ -1,13 +1,11 @@
 #include "platform/qt/view_factory.h"
 
+#include "platform/qt/button_views.h"
 #include "platform/qt/canvas_view.h"
-#include "platform/qt/check_box_view.h"
 #include "platform/qt/edit_field_view.h"
 #include "platform/qt/listbox_view.h"
 #include "platform/qt/popup_menu_view.h"
-#include "platform/qt/progress_bar_view.h"
-#include "platform/qt/progress_wheel_view.h"
-#include "platform/qt/push_button_view.h"
+#include "platform/qt/progress_views.h"
 #include "platform/qt/static_text_view.h"
 #include "platform/qt/text_area_view.h"
 

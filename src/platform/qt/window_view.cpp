@@ -10,8 +10,8 @@
 #include "framework/windows/application.h"
 #include "framework/windows/event.h"
 #include "framework/windows/windows.h"
-#include "platform/qt/fitted_font.h"
-#include "platform/qt/label_of.h"
+#include "platform/qt/accessible_views.h"
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/view_factory.h"
 

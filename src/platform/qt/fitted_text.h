@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace bracken {
@@ -14,5 +15,9 @@ QFont layoutFont();
 QFont fittedFont(const QFont& font, const std::function<bool(const QFont&)>& fits);
 // The same for `text` in `width` pixels.
 QFont fittedFont(const QFont& font, const QString& text, int width);
+
+// The lines of a text in `width` pixels, broken between words and only where there is no such place
+// anywhere. One more than `most` of them at most, so that the caller sees whether all are there.
+QStringList linesOf(QString text, const QFont& font, int width, int most);
 
 }  // namespace bracken

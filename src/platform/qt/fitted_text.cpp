@@ -1,8 +1,9 @@
-#include "platform/qt/fitted_font.h"
+#include "platform/qt/fitted_text.h"
 
 #include <QApplication>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QTextLayout>
 
 namespace bracken {
 
@@ -40,6 +41,24 @@ QFont fittedFont(const QFont& font, const QString& text, int width) {
     return fittedFont(font, [&](const QFont& fitted) {
         return QFontMetrics(fitted).horizontalAdvance(text) <= width;
     });
+}
+
+QStringList linesOf(QString text, const QFont& font, int width, int most) {
+    text.replace(u'\n', QChar(QChar::LineSeparator));
+    QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    while (lines.size() <= most) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid()) break;
+        line.setLineWidth(width);
+        lines += text.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator);
+    }
+    layout.endLayout();
+    return lines;
 }
 
 }  // namespace bracken

@@ -1,7 +1,9 @@
-#include "platform/qt/push_button_view.h"
+#include "platform/qt/button_views.h"
+
+#include <QStyleOptionButton>
 
 #include "framework/windows/event.h"
-#include "platform/qt/fitted_font.h"
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/tip_text.h"
 
@@ -32,6 +34,22 @@ void PushButtonView::sync() {
     setAccessibleDescription(toQString(model_.toolTip.get()));
     setDefault(model_.Default);
     setFont(fittedFont(parentWidget()->font(), toQString(model_.Caption.get()), width() - margins));
+}
+
+CheckBoxView::CheckBoxView(CheckBox& model, QWidget* parent)
+    : QCheckBox(parent), ControlView(model, *this), model_(model) {
+    connect(this, &QCheckBox::clicked, this, [this](bool checked) {
+        handleEvent([this, checked] { model_.userToggled(checked); });
+    });
+}
+
+void CheckBoxView::sync() {
+    setText(captionText(model_.Caption.get()));
+    setChecked(model_.Value);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    int room = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this).width();
+    setFont(fittedFont(parentWidget()->font(), toQString(model_.Caption.get()), room));
 }
 
 }  // namespace bracken

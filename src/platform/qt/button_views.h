@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QPushButton>
 
 #include "framework/controls/buttons.h"
@@ -17,6 +18,18 @@ class PushButtonView : public QPushButton, public ControlView {
 
   private:
     PushButton& model_;
+};
+
+// A box with a caption.
+class CheckBoxView : public QCheckBox, public ControlView {
+  public:
+    CheckBoxView(CheckBox& model, QWidget* parent);
+
+  protected:
+    void sync() override;
+
+  private:
+    CheckBox& model_;
 };
 
 }  // namespace bracken

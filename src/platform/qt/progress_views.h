@@ -1,12 +1,25 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QProgressBar>
 #include <QWidget>
 
 #include "framework/controls/plain_controls.h"
 #include "platform/qt/control_view.h"
 
 namespace bracken {
+
+// A bar.
+class ProgressBarView : public QProgressBar, public ControlView {
+  public:
+    ProgressBarView(ProgressBar& model, QWidget* parent);
+
+  protected:
+    void sync() override;
+
+  private:
+    ProgressBar& model_;
+};
 
 // A wheel of spokes that turns while it is visible.
 class ProgressWheelView : public QWidget, public ControlView {
