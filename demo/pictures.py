@@ -124,7 +124,7 @@ def main():
     chosen = sample.sample()
     PLACE.mkdir()
     try:
-        shutil.copytree(chosen.sources, PLACE / "sources")
+        shutil.copytree(chosen.sources, PLACE / "sources", symlinks=True)
         with servers.Server() as server:
             server.load(chosen.database, chosen.script)
             for scale in (1, 2):
