@@ -35,10 +35,15 @@ class Desktop:
             process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
 
+    def size(self):
+        """Width and height of the screen in pixels."""
+        return WIDTH, HEIGHT
+
     def _start_display(self):
         reader, writer = os.pipe()
+        width, height = self.size()
         # The server picks a free display itself and writes its number.
-        command = ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{WIDTH}x{HEIGHT}x24",
+        command = ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24",
                    "-nolisten", "tcp", "-noreset"]
         self.processes.append(subprocess.Popen(command, pass_fds=[writer], start_new_session=True,
                                                stderr=subprocess.DEVNULL))
