@@ -18,6 +18,7 @@ import inputs  # noqa: E402
 import program as programs  # noqa: E402
 import result_actions  # noqa: E402
 import server as servers  # noqa: E402
+from waiting import wait_for  # noqa: E402
 
 BINARY = ROOT / "build/release/bin/bracken-lens"
 
@@ -64,11 +65,31 @@ def run(program, desktop, chosen, home, browser, pictures):
     program.answer_box()
     rows = results.rows()
     desktop.picture(pictures / "6-results.png", results.window)
-    differences = result_actions.show(program, results, rows, home, browser, pictures)
+    differences = show_actions(program, results, rows, home, browser, pictures)
     desktop.activate(results.window)
     desktop.keys("ctrl+comma")
     desktop.picture(pictures / "10-preferences.png", program.window("Preferences"))
     return rows, differences
+
+
+def show_actions(program, results, rows, home, browser, pictures):
+    """Exports, reports and views the data of the selected table; one line for each file that is not
+    as it must be."""
+    actions = result_actions.Actions(program, results)
+    file = home.folder / "results.csv"
+    actions.export(file, pictures / "7-export.png")
+    actions.press(result_actions.PRINT)
+    actions.confirm(result_actions.YES, picture=pictures / "8-report.png")
+    page = browser.await_opened(1)
+    table = rows[-1][0].decode()
+    actions.press(result_actions.DATA)
+    window = program.window(f"View Data for {table}")
+    wait_for(lambda: program.desktop.frame(window)[2] == 1024, "the size of the data window")
+    program.desktop.picture(pictures / "9-data.png", window)
+    actions.close(window)
+    wanted = {file: result_actions.exported(rows), pathlib.Path(page): result_actions.report(rows)}
+    return [f"{path.name} is not as it must be" for path, text in wanted.items()
+            if path.read_bytes() != text]
 
 
 def compare(shown, wanted):

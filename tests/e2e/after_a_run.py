@@ -1,6 +1,5 @@
 """The state in which one uses the results: a run has come to its end."""
 
-import os
 import pathlib
 import tempfile
 import unittest
@@ -53,10 +52,6 @@ class AfterARun(unittest.TestCase):
         """The status with which the program ends."""
         wait_for(lambda: self.program.process.poll() is not None, "the program to end")
         return self.program.process.returncode
-
-    def picture(self, name):
-        if folder := os.environ.get("PICTURES"):
-            self.desktop.picture(pathlib.Path(folder) / f"{name}.png")
 
     def select(self, table):
         self.desktop.activate(self.results.window)

@@ -106,8 +106,14 @@ class Program:
         self.desktop.keys("Return")
         wait_for(lambda: box not in self.desktop.windows(), "the message to go")
 
-    def menu_height(self, window, content_height):
-        return self.desktop.frame(window)[3] - content_height
+    def menu(self, window, content):
+        """The height of the window's menu bar, once its content has that size."""
+        def measured():
+            frame = self.desktop.frame(window)
+            height = frame[3] - content[1] if frame and frame[2] == content[0] else -1
+            # One more, so that a window with none is measured too.
+            return height + 1 if 0 <= height < 40 else 0
+        return wait_for(measured, "the window's size") - 1
 
     def click(self, window, point, menu):
         """Presses at a point of the content below a menu bar of height `menu`."""
@@ -121,13 +127,7 @@ class LoginWindow:
     def __init__(self, program):
         self.program = program
         self.window = program.window("Login")
-        self.menu = wait_for(self._measured, "the login window's size") - 1
-
-    def _measured(self):
-        # One more than the menu's height, so that a window with none is measured too.
-        frame = self.program.desktop.frame(self.window)
-        menu = frame[3] - LOGIN_HEIGHTS["login"] if frame and frame[2] == LOGIN_WIDTH else -1
-        return menu + 1 if 0 <= menu < 40 else 0
+        self.menu = program.menu(self.window, (LOGIN_WIDTH, LOGIN_HEIGHTS["login"]))
 
     def stage(self):
         frame = self.program.desktop.frame(self.window)
@@ -165,12 +165,7 @@ class ResultsWindow:
         self.program = program
         self.desktop = program.desktop
         self.window = program.window("Results")
-        self.menu = wait_for(self._measured, "the results window's size") - 1
-
-    def _measured(self):
-        frame = self.desktop.frame(self.window)
-        menu = frame[3] - RESULTS_SIZE[1] if frame and frame[2] == RESULTS_SIZE[0] else -1
-        return menu + 1 if 0 <= menu < 40 else 0
+        self.menu = program.menu(self.window, RESULTS_SIZE)
 
     def rows(self):
         """All rows as copied: lists of cells, as bytes."""

@@ -26,7 +26,7 @@ class Browser:
         (applications / "recorder.desktop").write_text(
             f"[Desktop Entry]\nType=Application\nName=Recorder\nExec={recorder} %u\n")
         (home.folder / "config/mimeapps.list").write_text(
-            "[Default Applications]\nx-scheme-handler/https=recorder.desktop\n")
+            "[Default Applications]\ntext/html=none.desktop;\nx-scheme-handler/https=gone.desktop;recorder.desktop\n")
 
     def await_opened(self, count):
         """The path opened last, once so many have been."""
@@ -102,22 +102,3 @@ class Actions:
         for point in points:
             self.program.click(window, point, 0)
         self.gone(window)
-
-
-def show(program, results, rows, home, browser, pictures):
-    """Exports, reports and views the data of the selected table; one line for each file that is not
-    as it must be."""
-    actions = Actions(program, results)
-    file = home.folder / "results.csv"
-    actions.export(file, pictures / "7-export.png")
-    actions.press(PRINT)
-    actions.confirm(YES, picture=pictures / "8-report.png")
-    page = browser.await_opened(1)
-    table = rows[-1][0].decode()
-    actions.press(DATA)
-    window = program.window(f"View Data for {table}")
-    wait_for(lambda: program.desktop.frame(window)[2] == 1024, "the size of the data window")
-    program.desktop.picture(pictures / "9-data.png", window)
-    actions.close(window)
-    return ([f"{file.name} is not as it must be"] if file.read_bytes() != exported(rows) else []) + (
-        [f"{page} is not as it must be"] if open(page, "rb").read() != report(rows) else [])

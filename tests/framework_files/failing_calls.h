@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cerrno>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "framework/files/file_calls.h"
@@ -20,8 +22,7 @@ class FailingCalls : public FileCalls {
     }
     // Takes no more than a few bytes at a time, as a pipe or a full disk does.
     ssize_t write(int descriptor, const void* bytes, size_t count) override {
-        if (fails("write")) return -1;
-        return FileCalls::write(descriptor, bytes, count < 5 ? count : 5);
+        return fails("write") ? -1 : FileCalls::write(descriptor, bytes, count < 5 ? count : 5);
     }
     int fallocate(int descriptor, off_t size) override {
         return fails("fallocate") ? -1 : FileCalls::fallocate(descriptor, size);
@@ -32,16 +33,22 @@ class FailingCalls : public FileCalls {
     int fsync(int descriptor) override {
         return fails("fsync") ? -1 : FileCalls::fsync(descriptor);
     }
-    int lock(int descriptor) override { return fails("lock") ? -1 : FileCalls::lock(descriptor); }
+    int lock(int descriptor) override {
+        if (beforeLock) std::exchange(beforeLock, nullptr)();
+        return fails("lock") ? -1 : FileCalls::lock(descriptor);
+    }
     int rename(const char* from, const char* to) override {
         return fails("rename") ? -1 : FileCalls::rename(from, to);
     }
 
-    const std::vector<std::string>& made() const { return made_; }
+    // Calls made, those of one name in a row counted once.
+    std::vector<std::string> made;
+    // What somebody else does before the next lock.
+    std::function<void()> beforeLock;
 
   private:
     bool fails(const std::string& name) {
-        if (made_.empty() || made_.back() != name) made_.push_back(name);
+        if (made.empty() || made.back() != name) made.push_back(name);
         if (name != failing_ || --left_ > 0) return false;
         errno = error_;
         return true;
@@ -50,7 +57,6 @@ class FailingCalls : public FileCalls {
     std::string failing_;
     int left_;
     int error_;
-    std::vector<std::string> made_;
 };
 
 }  // namespace bracken::test

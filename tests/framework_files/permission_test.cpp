@@ -1,115 +1,86 @@
-#include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include "framework/files/folder_item.h"
 #include "tests/framework_files/failing_calls.h"
+#include "tests/framework_files/files_test.h"
 #include "tests/framework_files/variable.h"
-#include "tests/support/temp_folder.h"
 
-namespace bracken {
+namespace bracken::test {
 namespace {
 
-using test::TempFolder;
-
-constexpr uid_t nobody = 65534;
-
-// A folder of an ordinary user, whom the test plays also when root runs it.
-class Permission : public testing::Test {
+// An ordinary user, whom the test plays also when root runs it.
+class Permission : public FilesTest {
   protected:
     Permission() {
-        if (!root_) return;
-        EXPECT_EQ(chown(folder_.path().c_str(), nobody, nobody), 0);
-        EXPECT_EQ(seteuid(nobody), 0);
+        if (root_) {
+            EXPECT_EQ(chown(folder.path().c_str(), nobody, nobody), 0);
+            become(nobody);
+        }
+        folder.write("f", "old and long");
     }
     ~Permission() override {
-        setMode(folder_.path(), 0700);
-        if (root_) {
-            EXPECT_EQ(seteuid(0), 0);
-        }
+        setMode(folder.path(), 0700);
+        if (root_) become(0);
     }
 
+    static void become(uid_t user) { EXPECT_EQ(seteuid(user), 0); }
     static void setMode(const std::string& path, mode_t mode) {
-        ASSERT_EQ(chmod(path.c_str(), mode), 0) << path;
-    }
-    static struct stat factsOf(const std::string& path) {
-        struct stat facts = {};
-        EXPECT_EQ(stat(path.c_str(), &facts), 0) << path;
-        return facts;
-    }
-    // Writes `text`, and closes the stream or gives it up; false if there is none.
-    static bool save(const std::string& path, const std::string& text, bool close = true) {
-        const Ref<TextOutputStream> stream = FolderItem(path).CreateTextFile();
-        if (!stream) return false;
-        stream->Write(text);
-        if (close) stream->Close();
-        return true;
+        EXPECT_EQ(chmod(path.c_str(), mode), 0) << path;
     }
 
+    static constexpr uid_t nobody = 65534;
     const bool root_ = geteuid() == 0;
-    TempFolder folder_;
+    const std::string file = folder.path("f");
 };
 
-TEST_F(Permission, IsNeededToReadAndWrite) {
-    const std::string path = folder_.write("f", "secret");
-    setMode(path, 0);
-    EXPECT_EQ(FolderItem(path).OpenAsBinaryFile(false), nullptr);
-    EXPECT_EQ(FolderItem(path).OpenAsTextFile(), nullptr);
-    setMode(path, 0400);
-    EXPECT_FALSE(save(path, "x")) << "though its folder would allow a rename";
-    EXPECT_EQ(folder_.read("f"), "secret");
+TEST_F(Permission, IsNeededToReadAndToWrite) {
+    setMode(file, 0400);
+    EXPECT_EQ(item(file)->OpenAsBinaryFile(false)->Read(3, nullptr), "old");
+    EXPECT_FALSE(item(file)->OpenAsTextFile()->EOF_());
+    EXPECT_EQ(item(file)->OpenAsBinaryFile(true), nullptr);
+    EXPECT_FALSE(save(file, "x")) << "though its folder would allow a rename";
+    EXPECT_EQ(folder.read("f"), "old and long");
+    setMode(file, 0);
+    EXPECT_EQ(item(file)->OpenAsBinaryFile(false), nullptr);
+    EXPECT_EQ(item(file)->OpenAsTextFile(), nullptr);
 }
 
 TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {
-    const std::string path = folder_.write("f", "old and long");
-    setMode(folder_.path(), 0500);
-    EXPECT_TRUE(save(path, "given up", false));
-    EXPECT_EQ(folder_.read("f"), "old and long");
-    EXPECT_TRUE(save(path, "new"));
-    EXPECT_EQ(folder_.read("f"), "new");
-    EXPECT_FALSE(save(folder_.path("fresh"), "x"));
-    const test::Variable preferences("XDG_CONFIG_HOME", folder_.path());
-    EXPECT_TRUE(save(path, "secret"));
-    EXPECT_EQ(factsOf(path).st_mode & 07777, 0600u);
+    setMode(folder.path(), 0500);
+    item(file)->CreateTextFile()->Write("given up");
+    EXPECT_EQ(folder.read("f"), "old and long");
+    for (const int error : {ENOSPC, EDQUOT, EOPNOTSUPP}) {
+        FailingCalls calls("fallocate", 1, error);
+        const auto replacing = ReplacingFile::open(file, {}, calls);
+        replacing->write("new");
+        EXPECT_EQ(replacing->commit(), error == EOPNOTSUPP) << "there may be room: " << error;
+        EXPECT_EQ(folder.read("f"), error == EOPNOTSUPP ? "new" : "old and long");
+    }
+    EXPECT_FALSE(save(folder.path("fresh"), "x"));
+    const Variable preferences("XDG_CONFIG_HOME", folder.path());
+    EXPECT_TRUE(save(file, "secret"));
+    EXPECT_EQ(modeOf(file), 0600U);
 }
 
-TEST_F(Permission, WhatHasNoRoomInPlaceLeavesTheOldContent) {
-    const std::string path = folder_.write("f", "old");
-    setMode(folder_.path(), 0500);
-    for (const int error : {ENOSPC, EDQUOT, EOPNOTSUPP}) {
-        test::FailingCalls calls("fallocate", 1, error);
-        const auto file = ReplacingFile::open(path, {}, calls);
-        file->write("new");
-        EXPECT_EQ(file->commit(), error == EOPNOTSUPP);
-        EXPECT_EQ(folder_.read("f"), error == EOPNOTSUPP ? "new" : "old");
+// In a folder that hands its group to new files, and in one where none can be renamed over.
+TEST_F(Permission, AnothersFileIsWrittenAndStaysItsGroups) {
+    if (!root_) GTEST_SKIP() << "needs a second user";
+    for (const auto& [name, owner, mode] :
+         {std::tuple("setgid", nobody, 02775), {"sticky", uid_t{0}, 01777}}) {
+        SCOPED_TRACE(name);
+        become(0);
+        const std::string path = folder.write(std::string(name) + "/f", "old");
+        setMode(path, 0666);
+        EXPECT_EQ(chown(folder.path(name).c_str(), owner, owner), 0);
+        setMode(folder.path(name), static_cast<mode_t>(mode));
+        become(nobody);
+        EXPECT_TRUE(save(path, "new"));
+        EXPECT_EQ(folder.read(std::string(name) + "/f"), "new");
+        EXPECT_EQ(modeOf(path), 0666U);
+        struct stat status = {};
+        EXPECT_EQ(stat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_gid, getegid());
     }
 }
 
-TEST_F(Permission, AnothersFileStaysItsGroups) {
-    if (!root_) GTEST_SKIP() << "needs a second user";
-    ASSERT_EQ(seteuid(0), 0);
-    const std::string path = folder_.write("shared/f", "old");
-    setMode(path, 0664);
-    ASSERT_EQ(chown(folder_.path("shared").c_str(), nobody, nobody), 0);
-    // Hands its own group to new files.
-    setMode(folder_.path("shared"), 02775);
-    ASSERT_EQ(seteuid(nobody), 0);
-    EXPECT_TRUE(save(path, "new"));
-    EXPECT_EQ(folder_.read("shared/f"), "new");
-    EXPECT_EQ(factsOf(path).st_gid, getegid());
-    EXPECT_EQ(factsOf(path).st_mode & 07777, 0664u);
-}
-
-TEST_F(Permission, AnothersFileInAStickyFolderIsWrittenInPlace) {
-    if (!root_) GTEST_SKIP() << "needs a second user";
-    ASSERT_EQ(seteuid(0), 0);
-    const std::string path = folder_.write("shared/f", "old");
-    setMode(path, 0666);
-    setMode(folder_.path("shared"), 01777);
-    ASSERT_EQ(seteuid(nobody), 0);
-    EXPECT_TRUE(save(path, "new"));
-    EXPECT_EQ(folder_.read("shared/f"), "new");
-}
-
 }  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

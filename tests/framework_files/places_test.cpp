@@ -1,45 +1,34 @@
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
-#include <filesystem>
-
 #include "framework/files/shell.h"
 #include "framework/files/special_folder.h"
+#include "tests/framework_files/files_test.h"
 #include "tests/framework_files/variable.h"
-#include "tests/support/temp_folder.h"
 
-namespace bracken {
+namespace bracken::test {
 namespace {
-
-using test::TempFolder;
-using test::Variable;
 
 namespace fs = std::filesystem;
 
-TEST(SpecialFolder, FollowsTheVariablesAndElseTheHome) {
-    const TempFolder folder;
+class Places : public FilesTest {};
+
+TEST_F(Places, FollowTheVariablesAndElseTheHome) {
     const std::string home = folder.path("some/home");
     const Variable setHome("HOME", home);
-    struct Case {
-        std::optional<std::string> value;
-        std::string preferences;
-        std::string data;
-    };
     const std::string set = folder.path("set/place");
-    for (const Case& c : {Case{std::nullopt, home + "/.config", home + "/.local/share"},
-                          Case{"", home + "/.config", home + "/.local/share"},
-                          Case{"not/absolute", home + "/.config", home + "/.local/share"},
-                          Case{set + "/", set, set}}) {
-        const Variable config("XDG_CONFIG_HOME", c.value);
-        const Variable data("XDG_DATA_HOME", c.value);
-        EXPECT_EQ(SpecialFolder::Preferences()->AbsolutePath(), c.preferences);
-        EXPECT_EQ(SpecialFolder::ApplicationData()->AbsolutePath(), c.data);
-        for (const std::string& made : {c.preferences, c.data})
-            EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all) << made;
+    const std::tuple<std::optional<std::string>, std::string, std::string> cases[] = {
+        {std::nullopt, home + "/.config", home + "/.local/share"},
+        {"", home + "/.config", home + "/.local/share"},
+        {"not/absolute", home + "/.config", home + "/.local/share"},
+        {set + "/", set, set}};
+    for (const auto& [value, preferences, data] : cases) {
+        const Variable setConfig("XDG_CONFIG_HOME", value);
+        const Variable setData("XDG_DATA_HOME", value);
+        EXPECT_EQ(SpecialFolder::Preferences()->AbsolutePath(), preferences);
+        EXPECT_EQ(SpecialFolder::ApplicationData()->AbsolutePath(), data);
+        for (const std::string& made : {preferences, data}) EXPECT_EQ(modeOf(made), 0700U) << made;
     }
 }
 
-TEST(SpecialFolder, IsNilWithNoHome) {
+TEST_F(Places, AreNilWithNoHome) {
     const Variable home("HOME", std::nullopt);
     const Variable config("XDG_CONFIG_HOME", std::nullopt);
     const Variable data("XDG_DATA_HOME", std::nullopt);
@@ -49,39 +38,31 @@ TEST(SpecialFolder, IsNilWithNoHome) {
     EXPECT_FALSE(SpecialFolder::keepsPrivate("/file"));
 }
 
-TEST(SpecialFolder, DocumentsAreWhereTheDesktopNotedThem) {
-    const TempFolder folder;
+TEST_F(Places, DocumentsAreWhereTheDesktopNotedThem) {
     const Variable home("HOME", folder.path());
     const Variable config("XDG_CONFIG_HOME", std::nullopt);
-    folder.makeFolder("Papers of \"me\"");
-    struct Case {
-        std::string notes;
-        std::string documents;
-    };
-    const std::string papers = folder.path("Papers of \"me\"");
-    for (const Case& c : {
-             Case{"", folder.path()},
-             Case{"# XDG_DOCUMENTS_DIR=\"/tmp\"\nXDG_MUSIC_DIR=\"/tmp\"\n", folder.path()},
-             Case{"XDG_DOCUMENTS_DIR=\"$HOME/Papers of \\\"me\\\"\"\n", papers},
-             Case{"XDG_DOCUMENTS_DIR=\"/tmp\"", "/tmp"},
-             Case{"XDG_DOCUMENTS_DIR=\"$HOME/\"\n", folder.path()},
-             Case{"XDG_DOCUMENTS_DIR=\"$HOME/None\"\n", folder.path()},
-         }) {
-        folder.write(".config/user-dirs.dirs", c.notes);
-        EXPECT_EQ(SpecialFolder::Documents()->AbsolutePath(), c.documents) << c.notes;
+    const std::string papers = folder.makeFolder("Papers of \"me\"");
+    for (const auto& [notes, documents] :
+         {std::pair("", folder.path()),
+          {"# XDG_DOCUMENTS_DIR=\"/tmp\"\nXDG_MUSIC_DIR=\"/tmp\"\n", folder.path()},
+          {"XDG_DOCUMENTS_DIR=\"$HOME/Papers of \\\"me\\\"\"\n", papers},
+          {"XDG_DOCUMENTS_DIR=\"/tmp\"", "/tmp"},
+          {"XDG_DOCUMENTS_DIR=\"$HOME/\"\n", folder.path()},
+          {"XDG_DOCUMENTS_DIR=\"$HOME/None\"\n", folder.path()}}) {
+        folder.write(".config/user-dirs.dirs", notes);
+        EXPECT_EQ(SpecialFolder::Documents()->AbsolutePath(), documents) << notes;
     }
     fs::remove(folder.path(".config/user-dirs.dirs"));
     EXPECT_EQ(SpecialFolder::Documents()->AbsolutePath(), folder.path());
 }
 
-TEST(Shell, WaitsAndFindsCommandsBesideTheProgramFirst) {
-    const TempFolder folder;
+TEST_F(Places, AShellWaitsAndFindsCommandsBesideTheProgramFirst) {
     const fs::path program = fs::canonical("/proc/self/exe");
     const std::string name = program.filename();
     fs::permissions(folder.write("elsewhere/" + name, "#!/bin/sh\n"), fs::perms::owner_all);
     const Variable path("PATH", folder.path("elsewhere") + ":" + std::getenv("PATH"));
-    const auto quoted = [&](const char* file) { return FolderItem(folder.path(file)).ShellPath(); };
-    Shell().Execute("[ \"$(command -v " + name + ")\" -ef " + FolderItem(program).ShellPath() +
+    const auto quoted = [&](const char* file) { return item(folder.path(file))->ShellPath(); };
+    Shell().Execute("[ \"$(command -v " + name + ")\" -ef " + item(program)->ShellPath() +
                     " ] && printf %s \"$PATH\" > " + quoted("it's \"out\""));
     EXPECT_TRUE(folder.read("it's \"out\"").ends_with(":" + std::string(std::getenv("PATH"))));
     Shell().Execute("exit 3");
@@ -90,10 +71,10 @@ TEST(Shell, WaitsAndFindsCommandsBesideTheProgramFirst) {
     // Once more, from a folder whose path can't be a piece of another.
     if (program.string().find(':') != std::string::npos) return;
     fs::copy_file(program, fs::path(folder.makeFolder("a:b")) / name);
-    Shell().Execute(quoted("a:b") + "/" + name + " --gtest_filter=Shell.* > /dev/null && touch " +
+    Shell().Execute(quoted("a:b") + "/" + name + " --gtest_filter=*AShell* > /dev/null && touch " +
                     quoted("passed"));
     EXPECT_TRUE(fs::exists(folder.path("passed")));
 }
 
 }  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

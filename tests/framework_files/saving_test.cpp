@@ -1,227 +1,156 @@
 #include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <functional>
-#include <utility>
 
-#include "framework/files/folder_item.h"
 #include "framework/files/special_folder.h"
 #include "framework/files/temporary_files.h"
 #include "tests/framework_files/failing_calls.h"
-#include "tests/support/temp_folder.h"
+#include "tests/framework_files/files_test.h"
+#include "tests/support/outcome.h"
 
-namespace bracken {
+namespace bracken::test {
 namespace {
-
-using test::FailingCalls;
-using test::TempFolder;
 
 namespace fs = std::filesystem;
 
-Ref<TextOutputStream> create(const std::string& path) {
-    return make<FolderItem>(path)->CreateTextFile();
+using Names = std::vector<std::string>;
+
+class Saving : public FilesTest {
+  protected:
+    bool present(const char* name) const { return fs::exists(folder.path(name)); }
+
+    const std::string file = folder.write("a", "old");
+};
+
+TEST_F(Saving, ReplacesOnClosingOnlyAndLeavesNoTrace) {
+    const std::string text = "new\n" + std::string(300000, 'x');
+    for (const bool close : {false, true}) {
+        const auto stream = item(file)->CreateTextFile();
+        stream->WriteLine("new");
+        stream->Write(text.substr(4));
+        EXPECT_EQ(folder.read("a"), "old");
+        if (close) stream->Close();
+        stream->Write("after the end");
+    }
+    EXPECT_EQ(folder.read("a"), text);
+    EXPECT_EQ(entriesOf(folder.path()), 1);
 }
 
-void save(const std::string& path, const std::string& text) {
-    const Ref<TextOutputStream> stream = create(path);
-    stream->Write(text);
-    stream->Close();
-}
-
-mode_t modeOf(const std::string& path) {
-    struct stat facts = {};
-    EXPECT_EQ(stat(path.c_str(), &facts), 0) << path;
-    return facts.st_mode & 07777;
-}
-
-size_t entriesOf(const TempFolder& folder) {
-    return static_cast<size_t>(
-        std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()));
-}
-
-TEST(Saving, ReplacesOnlyOnClose) {
-    const TempFolder folder;
-    const std::string path = folder.write("a.txt", "old");
-    const Ref<TextOutputStream> stream = create(path);
-    stream->WriteLine("new");
-    stream->Write(std::string(300000, 'x'));
-    EXPECT_EQ(folder.read("a.txt"), "old");
-    stream->Close();
-    EXPECT_EQ(folder.read("a.txt"), "new\n" + std::string(300000, 'x'));
-    stream->Write("after the end");
-    EXPECT_EQ(entriesOf(folder), 1u);
-}
-
-TEST(Saving, StreamGivenUpLeavesNoTrace) {
-    const TempFolder folder;
-    const std::string path = folder.write("a.txt", "old");
-    create(path)->Write("new");
-    EXPECT_EQ(folder.read("a.txt"), "old");
-    EXPECT_EQ(entriesOf(folder), 1u);
-}
-
-TEST(Saving, SyncsBeforeAndAfterTheRename) {
-    const TempFolder folder;
+TEST_F(Saving, SyncsBeforeAndAfterTheRename) {
     FailingCalls calls;
-    const auto file = ReplacingFile::open(folder.write("a", "old"), {}, calls);
-    file->write("new");
-    EXPECT_TRUE(file->commit());
-    EXPECT_EQ(calls.made(), (std::vector<std::string>{"open", "lock", "fchmod", "write", "fsync",
-                                                      "rename", "open", "fsync"}));
-    EXPECT_EQ(folder.read("a"), "new");
+    const auto replacing = ReplacingFile::open(file, {}, calls);
+    replacing->write("new");
+    EXPECT_TRUE(replacing->commit());
+    EXPECT_EQ(calls.made,
+              (Names{"open", "lock", "fchmod", "write", "fsync", "rename", "open", "fsync"}));
 }
 
-TEST(Saving, OldFileStandsWhateverFails) {
+TEST_F(Saving, WhateverFailsTheFileIsTheOldOrTheNewOne) {
     struct Case {
         const char* call;
-        int nth;
-        int error;
+        int nth, error;
+        bool saved;
     };
-    for (const Case& c :
-         {Case{"open", 1, ENOSPC}, Case{"open", 1, EMFILE}, Case{"write", 1, ENOSPC},
-          Case{"write", 2, EIO}, Case{"write", 20000, EDQUOT}, Case{"fsync", 1, EIO},
-          Case{"rename", 1, EBUSY}}) {
-        const TempFolder folder;
+    const std::string text(100'000, 'x');
+    for (const Case& c : {Case{"open", 1, ENOSPC, false}, Case{"open", 1, EMFILE, false},
+                          Case{"write", 1, ENOSPC, false}, Case{"write", 2, EIO, false},
+                          Case{"write", 20000, EDQUOT, false}, Case{"fsync", 1, EIO, false},
+                          Case{"rename", 1, EBUSY, false},
+                          // The folder can't be synced; the mode can't be kept but in place.
+                          Case{"open", 2, EIO, true}, Case{"fsync", 2, EIO, true},
+                          Case{"fchmod", 1, EPERM, true}}) {
+        SCOPED_TRACE(c.call + std::to_string(c.nth));
+        folder.write("a", "old");
         FailingCalls calls(c.call, c.nth, c.error);
-        auto file = ReplacingFile::open(folder.write("a", "old"), {}, calls);
-        if (file) {
-            file->write(std::string(100000, 'x'));
-            file->write("more");
-            EXPECT_FALSE(file->commit()) << c.call << c.nth;
-            file.reset();
+        if (const auto replacing = ReplacingFile::open(file, {}, calls)) {
+            replacing->write(text);
+            replacing->write("more");
+            EXPECT_EQ(folder.read("a"), "old");
+            EXPECT_EQ(replacing->commit(), c.saved);
         } else {
             EXPECT_STREQ(c.call, "open");
         }
-        EXPECT_EQ(folder.read("a"), "old") << c.call << c.nth;
-        EXPECT_EQ(entriesOf(folder), 1u) << c.call << c.nth;
+        EXPECT_EQ(folder.read("a"), c.saved ? text + "more" : "old");
+        EXPECT_EQ(entriesOf(folder.path()), 1);
     }
 }
 
-TEST(Saving, AFileWhoseModeCannotBeKeptIsWrittenInPlace) {
-    const TempFolder folder;
-    const std::string path = folder.write("a", "old and long");
-    FailingCalls calls("fchmod", 1, EPERM);
-    const auto file = ReplacingFile::open(path, {}, calls);
-    ASSERT_NE(file, nullptr);
-    EXPECT_EQ(entriesOf(folder), 1u);
-    file->write("new");
-    EXPECT_EQ(folder.read("a"), "old and long");
-    EXPECT_TRUE(file->commit());
-    EXPECT_EQ(folder.read("a"), "new");
-}
-
-TEST(Saving, NewFileStandsThoughItsFolderCannotBeSynced) {
-    for (const char* call : {"open", "fsync"}) {
-        const TempFolder folder;
-        FailingCalls calls(call, 2, EIO);
-        const auto file = ReplacingFile::open(folder.path("a"), {}, calls);
-        file->write("new");
-        EXPECT_TRUE(file->commit()) << call;
-        EXPECT_EQ(folder.read("a"), "new") << call;
-    }
-}
-
-TEST(Saving, KeepsTheModeAndPrivateOnesPrivate) {
-    const TempFolder folder;
+TEST_F(Saving, KeepsTheModeAndPrivateOnesPrivate) {
     const mode_t mask = umask(022);
-    const std::string fresh = folder.path("fresh");
-    save(fresh, "x");
-    EXPECT_EQ(modeOf(fresh), 0644u);
-    const std::string kept = folder.write("kept", "");
-    chmod(kept.c_str(), 0751);
-    save(kept, "x");
-    EXPECT_EQ(modeOf(kept), 0751u);
+    save(folder.path("fresh"), "x");
+    EXPECT_EQ(modeOf(folder.path("fresh")), 0644U);
+    chmod(file.c_str(), 0751);
+    save(file, "x");
+    EXPECT_EQ(modeOf(file), 0751U);
 
     const Ref<FolderItem> settings = SpecialFolder::Preferences()->Child("settings");
-    save(settings->AbsolutePath(), "x");
-    EXPECT_EQ(modeOf(settings->AbsolutePath()), 0600u);
-    chmod(settings->AbsolutePath().c_str(), 0664);
-    save(settings->AbsolutePath(), "y");
-    EXPECT_EQ(modeOf(settings->AbsolutePath()), 0600u);
-    make<FolderItem>(kept)->CopyFileTo(settings);
-    EXPECT_EQ(modeOf(settings->AbsolutePath()), 0600u);
+    const std::string path = settings->AbsolutePath();
+    const std::function<void()> acts[] = {[&] { save(path, "x"); },
+                                          [&] { item(file)->CopyFileTo(settings); }};
+    for (const auto& act : acts) {
+        act();
+        EXPECT_EQ(modeOf(path), 0600U);
+        chmod(path.c_str(), 0664);
+        act();
+        EXPECT_EQ(modeOf(path), 0600U);
+    }
     settings->Delete();
     umask(mask);
 }
 
-// Whatever comes to the folder between the making or finding of a temporary file and its lock.
-struct Interrupted : FileCalls {
-    std::function<void()> between;
-    int lock(int descriptor) override {
-        if (between) std::exchange(between, nullptr)();
-        return FileCalls::lock(descriptor);
-    }
-};
+constexpr const char* leftOver = ".bracken-lens-7-1";
 
-class LeftOvers : public testing::Test {
-  protected:
-    void put() const { folder.write(name, "password"); }
-    bool present() const { return fs::exists(folder.path(name)); }
-
-    static constexpr const char* name = ".bracken-lens-7-1";
-    const TempFolder folder;
-};
-
-TEST_F(LeftOvers, GoWhenTheyHaveNoWriter) {
-    for (const char* other : {".bracken-lens-", ".bracken-lens-7", ".bracken-lens-7-",
-                              ".bracken-lens-7-1x", ".bracken-lens--1", "x.bracken-lens-7-1"})
+TEST_F(Saving, LeftOversGoWhenTheyHaveNoWriter) {
+    for (const char* other : {".bracken-lens-7-", ".bracken-lens-7-1x", "x.bracken-lens-7-1"})
         folder.write(other, "made by somebody else");
     folder.makeFolder(".bracken-lens-1-1");
-    folder.write("elsewhere/target", "");
-    fs::create_symlink(folder.path("saved"), folder.path("elsewhere/link"));
-    folder.write("saved", "");
+    const Ref<FolderItem> target = item(folder.write("elsewhere/target", ""));
+    fs::create_symlink(file, folder.path("elsewhere/link"));
     const auto living = ReplacingFile::open(folder.path("living"), {}, FileCalls::system());
-    const size_t others = entriesOf(folder);
-    const auto target = make<FolderItem>(folder.path("elsewhere/target"));
+    const auto others = entriesOf(folder.path());
     const std::pair<const char*, std::function<void()>> cases[] = {
-        {"save", [&] { save(folder.path("saved"), "x"); }},
-        {"copy", [&] { target->CopyFileTo(make<FolderItem>(folder.path("saved"))); }},
-        {"start", [&] { make<FolderItem>(folder.path("none"))->removeLeftOvers(); }},
-        {"link", [&] { make<FolderItem>(folder.path("elsewhere/link"))->removeLeftOvers(); }},
+        {"save", [&] { save(file, "x"); }},
+        {"copy", [&] { target->CopyFileTo(item(file)); }},
+        {"link", [&] { item(folder.path("elsewhere/link"))->removeLeftOvers(); }},
     };
     for (const auto& [way, act] : cases) {
-        put();
+        folder.write(leftOver, "password");
         act();
-        EXPECT_FALSE(present()) << way;
-        EXPECT_EQ(entriesOf(folder), others) << way;
+        EXPECT_FALSE(present(leftOver)) << way;
+        EXPECT_EQ(entriesOf(folder.path()), others) << way;
     }
-    living->write("whole");
     EXPECT_TRUE(living->commit());
-    EXPECT_EQ(folder.read("living"), "whole");
 }
 
-TEST_F(LeftOvers, AreNeverTheFilesOfWhoComesInBetween) {
-    Interrupted calls;
-    // One that somebody removed ahead of the lock, and a living writer has its name now.
-    put();
-    calls.between = [&] {
-        fs::rename(folder.path(name), folder.path("removed"));
-        put();
+TEST_F(Saving, LeftOversAreNeverTheFilesOfWhoComesInBetween) {
+    FailingCalls calls;
+    // One that somebody removed before the lock, and a living writer has its name now.
+    folder.write(leftOver, "");
+    calls.beforeLock = [&] {
+        fs::rename(folder.path(leftOver), folder.path("removed"));
+        folder.write(leftOver, "");
     };
     removeLeftOvers(folder.path(), calls);
-    EXPECT_TRUE(present());
-    fs::remove(folder.path(name));
-    // A writer whose file is removed ahead of its lock.
-    calls.between = [&] { removeLeftOvers(folder.path(), FileCalls::system()); };
-    const auto file = ReplacingFile::open(folder.path("saved"), {}, calls);
-    file->write("whole");
-    EXPECT_TRUE(file->commit());
-    EXPECT_EQ(folder.read("saved"), "whole");
+    EXPECT_TRUE(present(leftOver));
+    fs::remove(folder.path(leftOver));
+    // A writer whose file is removed before its lock.
+    calls.beforeLock = [&] { removeLeftOvers(folder.path(), FileCalls::system()); };
+    const auto replacing = ReplacingFile::open(file, {}, calls);
+    replacing->write("whole");
+    EXPECT_TRUE(replacing->commit());
+    EXPECT_EQ(folder.read("a"), "whole");
     // Where there are no locks saving works, and none is known to have no writer.
-    put();
+    folder.write(leftOver, "");
     FailingCalls none("lock", 1, ENOLCK);
-    const auto unlocked = ReplacingFile::open(folder.path("saved"), {}, none);
+    const auto unlocked = ReplacingFile::open(file, {}, none);
     unlocked->write("new");
     EXPECT_TRUE(unlocked->commit());
-    EXPECT_EQ(folder.read("saved"), "new");
-    EXPECT_TRUE(present());
+    EXPECT_EQ(folder.read("a"), "new");
+    EXPECT_TRUE(present(leftOver));
 }
 
-TEST(Saving, ResolvesLinks) {
-    const TempFolder folder;
+TEST_F(Saving, ResolvesLinksAndWritesThroughSpecialFiles) {
     folder.write("deep/target", "old");
     for (const char* target : {"deep/target", "deep/fresh"}) {
         const std::string link = folder.path("link");
@@ -231,51 +160,39 @@ TEST(Saving, ResolvesLinks) {
         EXPECT_EQ(folder.read(target), "new");
         fs::remove(link);
     }
-}
-
-TEST(Saving, WritesThroughSpecialFiles) {
-    const TempFolder folder;
     const std::string pipe = folder.path("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(create(pipe), nullptr) << "nobody reads it";
-    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_FALSE(save(pipe, "text")) << "nobody reads it";
+    const Descriptor reader(open(pipe.c_str(), O_RDONLY | O_NONBLOCK));
     save(pipe, "text");
     char got[10] = {};
-    EXPECT_EQ(read(reader, got, sizeof got), 4);
+    EXPECT_EQ(read(reader.get(), got, sizeof got), 4);
     EXPECT_STREQ(got, "text");
-    close(reader);
     EXPECT_FALSE(fs::is_regular_file(pipe));
 }
 
-TEST(Saving, SaysWhyAFileCannotBeMade) {
-    const TempFolder folder;
+TEST_F(Saving, SaysWhichFileCannotBeMade) {
     fs::create_symlink("loop", folder.path("loop"));
     for (const std::string& path : {folder.path("none/file"), folder.path(), folder.path("loop")}) {
-        try {
-            create(path)->Write("x");
-            ADD_FAILURE() << path;
-        } catch (const NilObjectException& error) {
-            EXPECT_EQ(error.text().compare(0, path.size(), path), 0) << error.text();
-        }
+        const std::string end = endOf([&] { item(path)->CreateTextFile()->Write("x"); });
+        EXPECT_TRUE(end.starts_with("NilObjectException: " + path)) << path << ", not " << end;
     }
 }
 
-TEST(Copying, TakesBytesAndModeAndLeavesTheTargetOnFailure) {
-    const TempFolder folder;
+TEST_F(Saving, ACopyHasBytesAndModeAndLeavesTheTargetOnFailure) {
     const std::string bytes("a\0b\r\n\xff", 6);
-    const Ref<FolderItem> source = make<FolderItem>(folder.write("source", bytes));
+    const Ref<FolderItem> source = item(folder.write("source", bytes));
+    const Ref<FolderItem> copy = item(folder.path("copy"));
+    const Ref<FolderItem> into = item(folder.makeFolder("into"));
     chmod(source->AbsolutePath().c_str(), 0600);
-    folder.makeFolder("into");
-    source->CopyFileTo(make<FolderItem>(folder.path("copy")));
-    source->CopyFileTo(make<FolderItem>(folder.path("into")));
-    EXPECT_EQ(folder.read("copy"), bytes);
-    EXPECT_EQ(modeOf(folder.path("copy")), 0600u);
+    source->CopyFileTo(copy);
+    source->CopyFileTo(into);
     EXPECT_EQ(folder.read("into/source"), bytes);
-
-    make<FolderItem>(folder.path("none"))->CopyFileTo(make<FolderItem>(folder.path("copy")));
-    make<FolderItem>(folder.path("into"))->CopyFileTo(make<FolderItem>(folder.path("copy")));
+    EXPECT_EQ(modeOf(folder.path("copy")), 0600U);
+    item(folder.path("none"))->CopyFileTo(copy);
+    into->CopyFileTo(copy);
     EXPECT_EQ(folder.read("copy"), bytes);
 }
 
 }  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
-#include <string>
+#include <atomic>
 
 #include "framework/platform/null_platform.h"
 
@@ -13,18 +11,22 @@ namespace bracken::test {
 class LoopPlatform : public NullPlatform {
   public:
     bool hasEventLoop() override { return true; }
-    bool pumpUntil(const std::atomic<bool>& done) override;
-    void wake() override;
+    bool pumpUntil(const std::atomic<bool>& done) override {
+        pumps++;
+        for (int seen = woken; !done && !quit_; seen = woken) woken.wait(seen);
+        return !quit_;
+    }
     // The user chooses Quit; seen by the pump that is under way, or else the next. Any thread.
-    void quit();
+    void quit() {
+        quit_ = true;
+        wake();
+    }
 
     // Number of pumps so far.
     int pumps = 0;
 
   private:
-    std::mutex mutex_;
-    std::condition_variable woken_;
-    bool quit_ = false;
+    std::atomic<bool> quit_{false};
 };
 
 }  // namespace bracken::test

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 #include <system_error>
 
 #include "tests/platform_mysql/mysql_test.h"
@@ -27,21 +26,19 @@ std::string counted(std::string_view text) {
     return number(text.size(), 1) + std::string(text);
 }
 
-// On an address of its own, or on the real server's socket, which steps aside.
 int listenOn(bool local) {
     sockaddr_in port{AF_INET, htons(static_cast<uint16_t>(server().port())), {}, {}};
     inet_pton(AF_INET, LyingServer::host, &port.sin_addr);
     sockaddr_un path{AF_UNIX, {}};
-    server().socket().copy(path.sun_path, sizeof path.sun_path - 1);
-    if (local) std::filesystem::rename(path.sun_path, server().socket() + "-real");
-    int listener = socket(local ? AF_UNIX : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    int yes = 1;
+    LyingServer::socketPath().copy(path.sun_path, sizeof path.sun_path - 1);
+    unlink(path.sun_path);
+    const int listener = socket(local ? AF_UNIX : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int yes = 1;
     setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     const void* address = local ? static_cast<const void*>(&path) : &port;
     if (bind(listener, static_cast<const sockaddr*>(address), local ? sizeof path : sizeof port) ||
-        listen(listener, 1) != 0) {
+        listen(listener, 1) != 0)
         throw std::system_error(errno, std::generic_category());
-    }
     return listener;
 }
 
@@ -148,15 +145,17 @@ void Peer::admitAndAwaitStatement() {
     receive();
 }
 
-LyingServer::LyingServer(std::function<void(Peer&)> script, const std::string& name)
-    : local_(name == "localhost"), listener_(listenOn(local_)) {
-    thread_ = std::thread([this, script = std::move(script)] { serve(script); });
+std::string LyingServer::socketPath() {
+    return server().folder() + "/liar";
 }
+
+LyingServer::LyingServer(std::function<void(Peer&)> script, const std::string& name)
+    : listener_(listenOn(name != host)),
+      thread_([this, script = std::move(script)] { serve(script); }) {}
 
 LyingServer::~LyingServer() {
     received();
     close(listener_);
-    if (local_) std::filesystem::rename(server().socket() + "-real", server().socket());
 }
 
 std::string LyingServer::received() {

@@ -49,12 +49,12 @@ class Peer {
     std::string received_;
 };
 
-// A server that plays one connection by a script and then closes it. It has an address of its own,
-// since the client library knows but one port; under the name "localhost" it takes the place of the
-// real server's socket while it lives.
+// A server that plays one connection by a script and then closes it. It listens on an address of
+// its own, since the client library knows but one port, or on a local socket.
 class LyingServer {
   public:
     static constexpr const char* host = "127.0.0.2";
+    static std::string socketPath();
 
     explicit LyingServer(std::function<void(Peer&)> script, const std::string& name = host);
     // Waits for the script's end.
@@ -68,7 +68,6 @@ class LyingServer {
   private:
     void serve(const std::function<void(Peer&)>& script);
 
-    const bool local_;
     int listener_;
     std::string received_;
     std::thread thread_;

@@ -83,22 +83,6 @@ TEST_F(CanvasWidget, TheDividerFollowsTheMouseAheadOfTheFrames) {
     waitFor([&] { return widget(panes.max).geometry() == QRect(103, 10, 310, 200); });
 }
 
-TEST_F(CanvasWidget, ADragGoesOnWhereNothingIsLeftToSee) {
-    Panes& panes = open<Panes>();
-    QWidget& content = *widget(panes.upright).parentWidget();
-    QWindow* window = content.window()->windowHandle();
-    auto at = [&](int x) { return content.mapTo(content.window(), QPoint(x, 100)); };
-    QTest::mousePress(window, Qt::LeftButton, {}, at(205));
-    QTest::mouseMove(window, at(5));
-    showFrame(panes);
-    EXPECT_EQ(panes.upright.Left, -13);
-    QTest::mouseMove(window, at(155));
-    EXPECT_EQ(panes.upright.Left, 150);
-    QTest::mouseRelease(window, Qt::LeftButton, {}, at(155));
-    QTest::mouseMove(window, at(180));
-    EXPECT_EQ(panes.upright.Left, 150);
-}
-
 // From the end of the track a single step would snap back.
 TEST_F(CanvasWidget, KeysAndAssistiveProgramsMoveADivider) {
     Panes& panes = open<Panes>();

@@ -30,30 +30,25 @@ FakePlatform::~FakePlatform() {
     EXPECT_TRUE(modals_.empty()) << "a modal window was never shown";
 }
 
-void FakePlatform::expectBox(const std::string& text, int answer) {
-    boxes_.push_back({text, answer, false});
+namespace {
+
+// Takes the first of the answers; one that holds nothing, and a failed test, if there is none.
+template <class Answer>
+Answer next(std::deque<Answer>& answers, const std::string& question) {
+    if (answers.empty()) {
+        ADD_FAILURE() << "unexpected: " << question;
+        return {};
+    }
+    Answer first = std::move(answers.front());
+    answers.pop_front();
+    return first;
 }
 
-void FakePlatform::expectAnyBox(std::string& text) {
-    boxes_.push_back({"", BoxCode::okPressed, false, &text});
-}
-
-void FakePlatform::expectBoxLeftOpen(const std::string& text) {
-    boxes_.push_back({text, BoxCode::okPressed, true});
-}
-
-void FakePlatform::expectFolder(const std::string& path) {
-    folders_.push_back(path);
-}
+}  // namespace
 
 int FakePlatform::messageBox(const std::string& text, int code, const std::string& /*title*/) {
     boxCodes.push_back(code);
-    if (boxes_.empty()) {
-        ADD_FAILURE() << "unexpected box: " << text;
-        return BoxCode::okPressed;
-    }
-    Box box = boxes_.front();
-    boxes_.pop_front();
+    const Box box = next(boxes_, text);
     if (box.shown != nullptr)
         *box.shown = text;
     else
@@ -65,41 +60,17 @@ int FakePlatform::messageBox(const std::string& text, int code, const std::strin
 }
 
 std::string FakePlatform::selectFolder() {
-    if (folders_.empty()) {
-        ADD_FAILURE() << "unexpected folder dialog";
-        return "";
-    }
-    std::string path = folders_.front();
-    folders_.pop_front();
-    return path;
-}
-
-void FakePlatform::expectSave(const std::string& path) {
-    saves_.push_back(path);
+    return next(folders_, "folder dialog");
 }
 
 std::string FakePlatform::saveFile(const SaveQuestion& question) {
     saveQuestions.push_back(question);
-    if (saves_.empty()) {
-        ADD_FAILURE() << "unexpected dialog for a file to write";
-        return "";
-    }
-    std::string path = saves_.front();
-    saves_.pop_front();
-    return path;
-}
-
-void FakePlatform::expectModal(const std::function<void(const Window&)>& user) {
-    modals_.push_back(user);
+    return next(saves_, "dialog for a file to write");
 }
 
 void FakePlatform::runModal(const Window& window) {
-    if (modals_.empty()) {
-        ADD_FAILURE() << "unexpected modal window";
-        return;
-    }
-    auto user = modals_.front();
-    modals_.pop_front();
+    const auto user = next(modals_, "modal window");
+    if (!user) return;
     baton::Hold hold;
     user(window);
     EXPECT_TRUE(window.closed()) << "the modal window stays open";

@@ -17,17 +17,23 @@ class FakePlatform : public Platform {
     ~FakePlatform() override;
 
     // The next box must show this text; it is answered with `answer`.
-    void expectBox(const std::string& text, int answer = BoxCode::okPressed);
+    void expectBox(const std::string& text, int answer = BoxCode::okPressed) {
+        boxes_.push_back({text, answer, false});
+    }
     // The next box may show anything, which goes into `text`.
-    void expectAnyBox(std::string& text);
+    void expectAnyBox(std::string& text) {
+        boxes_.push_back({"", BoxCode::okPressed, false, &text});
+    }
     // The next box stays open until it is closed by the program.
-    void expectBoxLeftOpen(const std::string& text);
+    void expectBoxLeftOpen(const std::string& text) {
+        boxes_.push_back({text, BoxCode::okPressed, true});
+    }
     // The next folder dialog gives this path, "" for cancelled.
-    void expectFolder(const std::string& path);
+    void expectFolder(const std::string& path) { folders_.push_back(path); }
     // The next dialog for a file to write gives this path, "" for cancelled.
-    void expectSave(const std::string& path);
+    void expectSave(const std::string& path) { saves_.push_back(path); }
     // What the user does in the next modal window; it must close in the course of that.
-    void expectModal(const std::function<void(const Window&)>& user);
+    void expectModal(const std::function<void(const Window&)>& user) { modals_.push_back(user); }
 
     int messageBox(const std::string& text, int code, const std::string& title) override;
     std::string selectFolder() override;
@@ -71,8 +77,8 @@ class FakePlatform : public Platform {
   private:
     struct Box {
         std::string text;
-        int answer;
-        bool leftOpen;
+        int answer = BoxCode::okPressed;
+        bool leftOpen = false;
         std::string* shown = nullptr;
     };
     std::deque<Box> boxes_;

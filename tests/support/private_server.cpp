@@ -3,13 +3,11 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <stdexcept>
 
 #include "tests/support/child.h"
@@ -30,22 +28,6 @@ int freePort() {
     close(listener);
     if (!bound) throw std::runtime_error("no free port");
     return ntohs(address.sin_port);
-}
-
-// Whether a server greets whoever connects to the socket. One that only listens has not finished
-// its start, and may hang when it is asked to end.
-bool greets(const std::string& path) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path) throw std::runtime_error("too long: " + path);
-    std::memcpy(address.sun_path, path.c_str(), path.size());
-    int client = socket(AF_UNIX, SOCK_STREAM, 0);
-    pollfd greeting{client, POLLIN, 0};
-    char byte = 0;
-    bool greeted = connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
-                   poll(&greeting, 1, 100) == 1 && read(client, &byte, 1) == 1;
-    close(client);
-    return greeted;
 }
 
 }  // namespace
@@ -95,8 +77,12 @@ void PrivateServer::end(int signal) {
     process_ = 0;
 }
 
+// One that only listens has not finished its start, and may hang when it is asked to end.
 void PrivateServer::awaitAnswer() {
-    while (!greets(socket())) {
+    const std::string ask = "mariadb --no-defaults --user=root --socket='" + socket() +
+                            "' --execute='select 1' 2>/dev/null";
+    int status = 0;
+    while (waitpid(spawn({"sh", "-c", ask}, -1), &status, 0), status != 0) {
         if (waitpid(process_, nullptr, WNOHANG) != 0) {
             process_ = 0;
             throw std::runtime_error("the server ended: " + folder_.read("log"));
