@@ -46,6 +46,20 @@ def wall_time(command, reader=("cat",)):
     return (time.perf_counter() - start) * 1000
 
 
+def command_line_scan(bin_folder, tree, names_file):
+    """The whole process, from its start to the last byte of its answer."""
+    command = [f"{bin_folder}/bracken-scan", "--tables", names_file, "--format", "json", tree]
+    start = time.perf_counter()
+    process = subprocess.Popen(command, env=ENVIRONMENT, stdout=subprocess.DEVNULL)
+    _, status, usage = os.wait4(process.pid, 0)
+    seconds = time.perf_counter() - start
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode not in (0, 1):
+        sys.exit("bracken-scan could not read everything")
+    return {"milliseconds": seconds * 1000, "peak_kib": usage.ru_maxrss,
+            "busy": (usage.ru_utime + usage.ru_stime) / seconds / os.cpu_count()}
+
+
 def told(command):
     out = subprocess.run(command, env=ENVIRONMENT, capture_output=True, text=True, check=True).stdout
     return [json.loads(line) for line in out.splitlines()]
@@ -72,16 +86,21 @@ def taking_turns(measures, before=lambda: None):
     return taken
 
 
+def median(runs, key):
+    """Not a number where they have no such key."""
+    return statistics.median(run.get(key, math.nan) for run in runs)
+
+
 def print_times(taken):
     """Medians, and of what the runs took to the scan beside them the least and the median."""
-    print("| | ms | cores busy | times the scan: least | median |\n|---|---:|---:|---:|---:|")
+    print("| | ms | cores busy | peak MiB | times the scan: least | median |")
+    print("|---|---:|---:|---:|---:|---:|")
     for name, runs in taken.items():
-        ms = statistics.median(run["milliseconds"] for run in runs)
-        busy = statistics.median(run.get("busy", math.nan) for run in runs)
         ratios = [run["milliseconds"] / scan["milliseconds"] for run, scan in zip(runs, taken[SCAN])]
-        share = "" if math.isnan(busy) else f"{busy:.0%}"
-        print(f"| {name} | {ms:,.0f} | {share} | {min(ratios):.2f} | {statistics.median(ratios):.2f} |",
-              flush=True)
+        cells = [f"{median(runs, 'milliseconds'):,.0f}", f"{median(runs, 'busy'):.0%}",
+                 f"{median(runs, 'peak_kib') / 1024:.0f}", f"{min(ratios):.2f}",
+                 f"{statistics.median(ratios):.2f}"]
+        print(f"| {name} | {' | '.join(cells)} |".replace("nan%", "").replace("nan", ""), flush=True)
     waits = [run["longest_wait_ms"] for runs in taken.values() for run in runs if "longest_wait_ms" in run]
     print(f"\nLongest wait of an event in the window: {statistics.median(waits):.1f} ms, "
           f"{max(waits):.1f} in the worst of {len(waits)} runs.")
@@ -107,7 +126,8 @@ def compare(bin_folder, tree, names_file):
     def tool(command, reader=("cat",)):
         return lambda: {"milliseconds": wall_time(command, reader)}
 
-    own = {SCAN: scan, "the same in its window": bench("window_bench", names_file)}
+    own = {SCAN: scan, "the same in its window": bench("window_bench", names_file),
+           "`bracken-scan`": lambda: command_line_scan(bin_folder, tree, names_file)}
     reading = {"walking alone": bench("read_bench", "0")}
     for threads in READERS:
         reading[f"reading alone, threads: {threads}"] = bench("read_bench", str(threads))
