@@ -72,7 +72,7 @@ TEST_F(Data, FillsTwentyFiveColumnsAtMost) {
         EXPECT_EQ(list.ColumnCount, count);
         EXPECT_EQ(list.Heading(24) + list.Heading(25), "c25");
         EXPECT_EQ(std::string(list.Cell(0, 24)) + std::string(list.Cell(0, 25)), "v25");
-        EXPECT_EQ(CountFields(list.ColumnWidths, ","), 25);
+        EXPECT_EQ(CountFields(list.ColumnWidths.get(), ","), 25);
         EXPECT_EQ(data.lblMessage.Caption.get(),
                   count == 25 ? ""
                               : "This table has " + Str(count) +
