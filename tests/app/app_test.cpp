@@ -66,13 +66,6 @@ TEST_F(AppTest, MenusAreEnabledForTheWindowInFront) {
     EXPECT_TRUE(Windows::get().all().empty());
 }
 
-TEST_F(AppTest, OneConnectionAndOneStoreStandFromTheStart) {
-    EXPECT_EQ(App().db.get(), program.db.get());
-    EXPECT_EQ(App().prefs->root->count(), 0);
-    EXPECT_EQ(App().results.Count(), 0);
-    EXPECT_EQ(Program::saved("remember"), "none");
-}
-
 TEST_F(AppTest, CheckErrorShowsTheServersWords) {
     EXPECT_FALSE(App().CheckError());
     program.db->Error = true;

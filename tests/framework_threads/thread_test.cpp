@@ -46,19 +46,6 @@ TEST_F(ThreadTest, RunLetsTheStatementsAfterItComeFirst) {
     EXPECT_EQ(order, "caller run");
 }
 
-TEST_F(ThreadTest, SecondRunRaisesWhileTheFirstIsAlive) {
-    bool stop = false;
-    auto thread = body([&] {
-        while (!stop) Thread::Yield();
-    });
-    thread->Run();
-    EXPECT_THROW(thread->Run(), ThreadAlreadyRunningException);
-    stop = true;
-    test::runUntil([&] { return !thread->running(); });
-    thread->Run();
-    test::runUntil([&] { return !thread->running(); });
-}
-
 // Two numbers that a run changes together must never be seen apart, wherever the main thread cuts
 // in, and after Kill they must stand still, also while the killed run unwinds beside a new one.
 TEST_F(ThreadTest, KillFallsAtStoppingPointsOnly) {
@@ -182,27 +169,6 @@ TEST_F(ThreadTest, KillReleasesARunWhoseBoxHasNotComeUpYet) {
     }
     thread->Kill();
     EXPECT_TRUE(unwound);
-}
-
-TEST_F(ThreadTest, AnUncaughtExceptionIsReportedAndEndsTheProcess) {
-    platform.expectBox(
-        "The application has to end: an error occurred that nothing handles.\n\n"
-        "NilObjectException: /src/a.php: Permission denied");
-    auto thread = body([] { Ref<int>::nilBecause("/src/a.php: Permission denied").operator*(); });
-    thread->Run();
-    test::runUntil([&] { return platform.abortStatus >= 0; });
-    EXPECT_EQ(platform.abortStatus, 1);
-}
-
-TEST_F(ThreadTest, TheBatonIsReentrant) {
-    ASSERT_TRUE(baton::held());
-    baton::take();
-    {
-        BatonRelease released;
-        EXPECT_FALSE(baton::held());
-    }
-    baton::give();
-    EXPECT_TRUE(baton::held());
 }
 
 }  // namespace

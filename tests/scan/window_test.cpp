@@ -134,6 +134,10 @@ TEST_F(ResultsWindow, StopLeavesWhatWasFoundAndRunsNoFinished) {
     finish();
     EXPECT_EQ(column(1), found);
     EXPECT_EQ(winResults().lblProgress.Caption.get(), stopped);
+    pressCancelRun();
+    EXPECT_TRUE(winResults().pwInitializing.Visible);
+    pressCancelRun();
+    EXPECT_FALSE(winResults().pwInitializing.Visible);
 }
 
 TEST_F(ResultsWindow, StopWithNoRowsEnablesNothing) {
