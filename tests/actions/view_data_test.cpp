@@ -52,8 +52,9 @@ TEST_F(Data, ShowsAllRowsAndSharesTheWidthByTheLongestText) {
     for (const Case& one : cases) {
         table("t", one.columns, one.rows);
         const auto columns = static_cast<int>(one.columns.size());
-        EXPECT_EQ(yieldsOf([&] { view("t"); }),
-                  2 + columns + static_cast<int>(one.rows.size()) * (columns + 1) + 2);
+        EXPECT_EQ(
+            yieldsOf([&] { view("t"); }),
+            2 + columns + static_cast<int>(one.rows.size()) * (columns + 1) + 2 * (columns - 1));
         EXPECT_EQ(grid(), one.grid);
         EXPECT_EQ(winViewData().Listbox1.ColumnWidths.get(), one.widths);
         EXPECT_FALSE(window.ProgressWheel1.Visible);

@@ -95,6 +95,7 @@ TEST_F(ViewScript, MarksEachOccurrence) {
 
 TEST_F(ViewScript, FailuresGoToTheDefault) {
     show({{"user", "a.php,", "/w/a.php,"}});
+    window.lstResults.ListIndex = 0;
     EXPECT_THROW(open(-1), IndexOutOfRangeException) << "the button stays enabled with no row";
     std::string odd = folder.write("with,comma.php", "user");
     class winViewScript& script = open("user", folder.path() + "/gone.php," + odd + ",");
