@@ -119,7 +119,7 @@ class ScriptTest(AfterARun):
         self.view("gone")
         self.source("gone.php").unlink()
         settings = self.home.settings.read_bytes()
-        self.click(row(1))
+        self.click(row(2))
         box = self.program.window("Bracken Lens")
         self.desktop.activate(box)
         self.desktop.keys("Return")
