@@ -18,7 +18,7 @@ namespace {
 // Twice as many bring no disk measured more than a tenth.
 constexpr size_t maxThreads = 32;
 
-// Many of them become ready at once, and the window must not wait for its turn behind them all.
+// Many of them become ready at once, and a window must not wait until all have had a turn.
 // What they do when they run is little, and a busy core has better to do meanwhile.
 constexpr int niceness = 19;
 

@@ -38,7 +38,7 @@ SmartSplitter::Span SmartSplitter::newSpan(const Attached& entry, int distance) 
     int64_t position = axis().position(*entry.control);
     int64_t extent = axis().extent(*entry.control);
     if (entry.shouldCenter) {
-        double start = entry.behind
+        double start = entry.isBefore
                            ? MinLimit + half(axis().extent(*this)) +
                                  half(currentPosition() - MinLimit) - half(extent)
                            : static_cast<double>(axis().farEdge(*this)) +
@@ -47,7 +47,7 @@ SmartSplitter::Span SmartSplitter::newSpan(const Attached& entry, int distance) 
         return {toInt32(start), extent};
     }
     if (entry.shouldMove) position += distance;
-    if (entry.shouldResize) extent += entry.behind ? distance : -int64_t{distance};
+    if (entry.shouldResize) extent += entry.isBefore ? distance : -int64_t{distance};
     return {position, extent};
 }
 
@@ -74,8 +74,8 @@ bool SmartSplitter::isOverlapped(const Attached& entry) const {
     // A horizontal splitter may overlap by one pixel more than a vertical one.
     int margin = isVertical ? 1 : 2;
     const RectControl& control = *entry.control;
-    return entry.behind ? currentPosition() + margin < axis().farEdge(control)
-                        : axis().position(control) < axis().farEdge(*this) - margin;
+    return entry.isBefore ? currentPosition() + margin < axis().farEdge(control)
+                          : axis().position(control) < axis().farEdge(*this) - margin;
 }
 
 // Lets attached splitters of the same orientation update their own limits and controls. One that

@@ -79,7 +79,7 @@ void SmartSplitter::attach(RectControl* control) {
     entry.normallyVisible = control->Visible;
     entry.minSizeVisible = suggestMinSizeControlShouldBeVisible(*control);
     entry.size = static_cast<int>(axis().extent(*control));
-    entry.behind = axis().position(*control) < currentPosition();
+    entry.isBefore = axis().position(*control) < currentPosition();
     chooseRole(entry, isAttached(control->Parent));
     attached.push_back(entry);
     raiseOffset(entry);
@@ -93,7 +93,7 @@ void SmartSplitter::attach(RectControl* control) {
 void SmartSplitter::chooseRole(Attached& entry, bool parentAttached) {
     RectControl& control = *entry.control;
     bool suggested = suggestWhetherControlShouldResize(control);
-    if (entry.behind) {
+    if (entry.isBefore) {
         entry.shouldResize =
             suggested &&
             (!parentAttached || isNear(axis().farEdge(*control.Parent) - axis().farEdge(control)));
@@ -106,9 +106,9 @@ void SmartSplitter::chooseRole(Attached& entry, bool parentAttached) {
 }
 
 void SmartSplitter::raiseOffset(const Attached& entry) {
-    bool fixed = entry.behind ? minLimitOffsetPropSet : maxLimitOffsetPropSet;
+    bool fixed = entry.isBefore ? minLimitOffsetPropSet : maxLimitOffsetPropSet;
     if (fixed) return;
-    int& offset = entry.behind ? MinLimitOffset : MaxLimitOffset;
+    int& offset = entry.isBefore ? MinLimitOffset : MaxLimitOffset;
     offset = std::max(offset, suggestOffsetSizeForControl(*entry.control));
 }
 

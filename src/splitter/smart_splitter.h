@@ -160,7 +160,7 @@ class SmartSplitter : public Canvas {
     struct Attached {
         RectControl* control = nullptr;
         // On the min side.
-        bool behind = false;
+        bool isBefore = false;
         // Extent below which it is hidden.
         int minSizeVisible = 0;
         bool normallyVisible = false;

@@ -27,7 +27,7 @@ INSTANTIATE_TEST_SUITE_P(Both, Adjust, testing::Bool(), orientationName);
 
 TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
     struct Case {
-        bool behind, move, resize, center;
+        bool isBefore, move, resize, center;
         int distance, minSize, position, extent;
         bool shown;
     };
@@ -44,7 +44,7 @@ TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
         {0, 0, 0, 1, -51, 2, 429, 100, true},
     };
     for (const Case& c : cases) {
-        RectControl& control = attach(c.behind ? 300 : 410, 100);
+        RectControl& control = attach(c.isBefore ? 300 : 410, 100);
         setRole(control, c.move, c.resize, c.center);
         splitter.setAttachedControlMinSizeVisible(&control, c.minSize);
         splitter.moveDistance(c.distance, false);

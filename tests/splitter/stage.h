@@ -26,7 +26,7 @@ class SmartSplitterProbe {
     // The side of an attached control and what becomes of it in a move.
     static std::string role(SmartSplitter& s, const RectControl& control) {
         const auto& entry = s.attached.at(static_cast<size_t>(s.indexOf(&control)));
-        return std::string(entry.behind ? "min" : "max") + (entry.shouldMove ? " move" : "") +
+        return std::string(entry.isBefore ? "min" : "max") + (entry.shouldMove ? " move" : "") +
                (entry.shouldResize ? " resize" : "") + (entry.shouldCenter ? " center" : "") +
                (entry.normallyVisible ? "" : " hidden");
     }
