@@ -42,7 +42,7 @@ TEST_F(ViewScript, ListsTheFilesOfTheRow) {
           {"C\\web\\a.php,", "a.php|C\\web\\a.php|\n"},
           {"/w/a.php,/w:x/b.php,", "a.php|/w/a.php|\nb.php|/w:x/b.php|\n"}}) {
         const std::string wanted = files + std::string("||\n");
-        EXPECT_EQ(yieldsOf([&] { open("user", paths); }),
+        EXPECT_EQ(yieldsOf([&, found = paths] { open("user", found); }),
                   std::count(wanted.begin(), wanted.end(), '\n'));
         EXPECT_EQ(textOf(winViewScript().lstScipts), wanted);
         EXPECT_EQ(winViewScript().Title.get(), "View Scripts for user");

@@ -53,11 +53,12 @@ TEST_F(Reading, BytesInPieces) {
 }
 
 TEST_F(Reading, SaysWhichFileCannotBeReadAndWhy) {
-    for (const auto& [path, why] : {std::pair(folder.path("none"), "No such file or directory"),
-                                    {folder.path(), "Is a directory"},
-                                    {folder.write("f", "") + "/below", "Not a directory"},
-                                    // Opens, but has nothing to read at its start.
-                                    {"/proc/self/mem", "Input/output error"}}) {
+    for (const auto& [place, why] : {std::pair(folder.path("none"), "No such file or directory"),
+                                     {folder.path(), "Is a directory"},
+                                     {folder.write("f", "") + "/below", "Not a directory"},
+                                     // Opens, but has nothing to read at its start.
+                                     {"/proc/self/mem", "Input/output error"}}) {
+        const std::string path = place;
         const std::string end = "NilObjectException: " + path + ": " + why;
         EXPECT_EQ(endOf([&] { item(path)->OpenAsTextFile()->Close(); }), end);
         if (path != "/proc/self/mem") {
