@@ -60,7 +60,9 @@ void Matcher::Hits::add(uint32_t name) {
     names_.push_back(name);
 }
 
-Matcher::Matcher(const std::vector<std::string>& names, HitRule rule) : rule_(rule) {
+Matcher::Matcher(const std::vector<std::string>& names, HitRule rule,
+                 NgramFilter::Instructions instructions)
+    : rule_(rule), ngrams_(instructions) {
     std::vector<uint32_t> longNames;
     names_.reserve(names.size());
     for (const std::string& name : names) {
@@ -86,6 +88,7 @@ void Matcher::addLong(const std::vector<uint32_t>& numbers) {
         uint64_t symbols = symbolsAt(start.data());
         size_t length = HashFilter::lengthIndex(known);
         hashes_.add(symbols, length);
+        length = std::min(length, HashFilter::gramIndex);
         candidates.push_back({symbols, ~uint64_t{0} >> (64 - 8 * known), length, number, offset});
         if (std::find(lengths_.begin(), lengths_.end(), length) == lengths_.end())
             lengths_.push_back(length);

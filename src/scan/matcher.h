@@ -33,7 +33,8 @@ class Matcher {
   public:
     // Names are numbered from 0 in this order. Names that are equal but for letter case may be
     // there more than once; an empty name is never found.
-    explicit Matcher(const std::vector<std::string>& names, HitRule rule = HitRule::anywhere);
+    explicit Matcher(const std::vector<std::string>& names, HitRule rule = HitRule::anywhere,
+                     NgramFilter::Instructions instructions = NgramFilter::best());
 
     size_t nameCount() const { return names_.size(); }
     // A text may be given in pieces that overlap by so many bytes.
@@ -66,7 +67,7 @@ class Matcher {
         // The symbols of its bytes from the gram on, eight at most, and a mask of those it has.
         uint64_t symbols;
         uint64_t mask;
-        // See HashFilter.
+        // Of the symbols hashed for its bucket, three or four: see HashFilter.
         size_t lengthIndex;
         uint32_t name;
         // Of its gram.

@@ -2,13 +2,22 @@
 
 namespace bracken {
 
+NgramFilter::Instructions NgramFilter::best() {
+    if (hasAvx512()) return Instructions::avx512;
+    return hasAvx2() ? Instructions::avx2 : Instructions::plain;
+}
+
+void NgramFilter::Pairs::Classes::set(int symbol, int other) {
+    auto& half = symbol < 16 ? low : high;
+    auto bit = static_cast<uint8_t>(1U << (other % 8));
+    half[symbol % 16] |= bit;
+    half[symbol % 16 + 16] |= bit;
+}
+
 void NgramFilter::setPair(int place, int first, int second) {
     rows_[place][first] |= 1U << second;
-    Plane& plane = planes_[place][second / 8];
-    auto& half = first < 16 ? plane.low : plane.high;
-    auto bit = static_cast<uint8_t>(1U << (second % 8));
-    half[first % 16] |= bit;
-    half[first % 16 + 16] |= bit;
+    pairs_[place].after.set(first, second);
+    pairs_[place].before.set(second, first);
 }
 
 void NgramFilter::add(std::string_view text) {

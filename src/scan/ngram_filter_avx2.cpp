@@ -9,49 +9,57 @@ namespace bracken {
 
 namespace {
 
-// A pair's test for 32 positions at once: bytes of all ones where it holds. A row of 32 bits is
-// looked up as four bytes, each table in two halves of 16; only the top bit of each byte of a
-// chooser counts, so shifts of 16-bit lanes do.
-template <class Planes>
-__attribute__((target("avx2"), always_inline)) inline __m256i testPair(const Planes& planes,
-                                                                       __m256i first,
-                                                                       __m256i second) {
+// What 32 positions need of one of their four bytes.
+struct Symbols {
+    // Looking up sixteen bytes takes the lower four bits of each; the fifth is the top bit of each
+    // byte of `upper`, which alone counts there, so a shift of 16-bit lanes does.
+    __m256i symbols;
+    __m256i upper;
+    // A symbol's class, as a bit.
+    __m256i bit;
+};
+
+__attribute__((target("avx2"), always_inline)) inline Symbols load(const char* text) {
     __m256i bits = _mm256_set1_epi64x(static_cast<long long>(0x8040201008040201ULL));
-    __m256i four = _mm256_set1_epi8(15);
-    __m256i nibbles = _mm256_and_si256(first, four);
-    __m256i upper = _mm256_slli_epi16(first, 3);
-    __m256i bytes[4];
-    for (size_t i = 0; i < 4; i++) {
-        auto low = _mm256_load_si256(reinterpret_cast<const __m256i*>(planes[i].low.data()));
-        auto high = _mm256_load_si256(reinterpret_cast<const __m256i*>(planes[i].high.data()));
-        bytes[i] = _mm256_blendv_epi8(_mm256_shuffle_epi8(low, nibbles),
-                                      _mm256_shuffle_epi8(high, nibbles), upper);
-    }
-    __m256i bit3 = _mm256_slli_epi16(second, 4);
-    __m256i bit4 = _mm256_slli_epi16(second, 3);
-    __m256i row = _mm256_blendv_epi8(_mm256_blendv_epi8(bytes[0], bytes[1], bit3),
-                                     _mm256_blendv_epi8(bytes[2], bytes[3], bit3), bit4);
-    __m256i mask = _mm256_shuffle_epi8(bits, _mm256_and_si256(second, four));
-    return _mm256_cmpeq_epi8(_mm256_and_si256(row, mask), mask);
+    __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(text));
+    __m256i symbols = _mm256_and_si256(bytes, _mm256_set1_epi8(NgramFilter::symbols - 1));
+    return {symbols, _mm256_slli_epi16(symbols, 3), _mm256_shuffle_epi8(bits, symbols)};
 }
 
-__attribute__((target("avx2"), always_inline)) inline __m256i loadSymbols(const char* text) {
-    return _mm256_and_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(text)),
-                            _mm256_set1_epi8(NgramFilter::symbols - 1));
+// The classes that go with each symbol.
+template <class Classes>
+__attribute__((target("avx2"), always_inline)) inline __m256i lookUp(const Classes& classes,
+                                                                     const Symbols& at) {
+    auto low = _mm256_load_si256(reinterpret_cast<const __m256i*>(classes.low.data()));
+    auto high = _mm256_load_si256(reinterpret_cast<const __m256i*>(classes.high.data()));
+    return _mm256_blendv_epi8(_mm256_shuffle_epi8(low, at.symbols),
+                              _mm256_shuffle_epi8(high, at.symbols), at.upper);
+}
+
+// Bytes other than 0 where the two may be a pair, as looked up by `at`.
+template <class Classes>
+__attribute__((target("avx2"), always_inline)) inline __m256i testPair(const Classes& classes,
+                                                                       const Symbols& at,
+                                                                       const Symbols& other) {
+    return _mm256_and_si256(lookUp(classes, at), other.bit);
 }
 
 // Bit i for position i of 32.
-template <class Planes>
-__attribute__((target("avx2"), always_inline)) inline uint32_t testHalf(const Planes& planes,
+template <class Places>
+__attribute__((target("avx2"), always_inline)) inline uint32_t testHalf(const Places& places,
                                                                         const char* text) {
-    __m256i a = loadSymbols(text);
-    __m256i b = loadSymbols(text + 1);
-    __m256i c = loadSymbols(text + 2);
-    __m256i d = loadSymbols(text + 3);
-    __m256i passed =
-        _mm256_and_si256(_mm256_and_si256(testPair(planes[0], a, b), testPair(planes[1], b, c)),
-                         testPair(planes[2], c, d));
-    return static_cast<uint32_t>(_mm256_movemask_epi8(passed));
+    Symbols a = load(text);
+    Symbols b = load(text + 1);
+    Symbols c = load(text + 2);
+    Symbols d = load(text + 3);
+    // Of the first pair one side is enough: the other takes little away.
+    __m256i least = testPair(places[0].after, a, b);
+    least = _mm256_min_epu8(least, testPair(places[1].after, b, c));
+    least = _mm256_min_epu8(least, testPair(places[1].before, c, b));
+    least = _mm256_min_epu8(least, testPair(places[2].after, c, d));
+    least = _mm256_min_epu8(least, testPair(places[2].before, d, c));
+    __m256i failed = _mm256_cmpeq_epi8(least, _mm256_setzero_si256());
+    return ~static_cast<uint32_t>(_mm256_movemask_epi8(failed));
 }
 
 __attribute__((always_inline)) inline size_t listPositions(const NgramFilter::Masks& masks,
@@ -62,7 +70,7 @@ __attribute__((always_inline)) inline size_t listPositions(const NgramFilter::Ma
         uint16_t* next = positions + count;
         count += static_cast<size_t>(std::popcount(mask));
         // Several at a time, the last of them maybe none: their number is hard to predict.
-        constexpr size_t several = 4;
+        constexpr size_t several = 2;
         do {
             for (size_t k = 0; k < several; k++) {
                 next[k] = static_cast<uint16_t>(i * NgramFilter::block +
@@ -87,7 +95,8 @@ __attribute__((target("avx2,bmi,popcnt"))) size_t NgramFilter::collectAvx2(
     Masks masks;
     for (size_t i = 0; i < blocks; i++) {
         const char* at = text + i * block;
-        masks[i] = testHalf(planes_, at) | uint64_t{testHalf(planes_, at + block / 2)} << 32;
+        prefetchAfter(at);
+        masks[i] = testHalf(pairs_, at) | uint64_t{testHalf(pairs_, at + block / 2)} << 32;
     }
     return listPositions(masks, blocks, positions);
 }

@@ -62,6 +62,7 @@ NgramFilter::collectAvx512(const char* text, size_t blocks, uint16_t* positions)
     Masks masks;
     for (size_t i = 0; i < blocks; i++) {
         const char* at = text + i * block;
+        prefetchAfter(at);
         __m512i a = loadSymbols(at);
         __m512i b = loadSymbols(at + 1);
         __m512i c = loadSymbols(at + 2);
