@@ -149,9 +149,10 @@ def compare(bin_folder, tree, names_file):
 
 
 def matching(bin_folder, tree, names_file):
-    print(f"\n### Matching alone, one thread, {os.path.basename(tree)}\n\n| names | GB/s |\n|---:|---:|")
+    print(f"\n### Matching alone, one thread, {os.path.basename(tree)}\n")
+    print("| names | instructions | GB/s |\n|---:|---|---:|")
     for line in told([f"{bin_folder}/match_bench", tree, names_file]):
-        print(f"| {line['names']:,} | {line['gigabytes_a_second']:.2f} |")
+        print(f"| {line['names']:,} | {line['instructions']} | {line['gigabytes_a_second']:.2f} |")
 
 
 def many_hits(bin_folder, work):
