@@ -1,34 +1,44 @@
 #pragma once
 
-#include <algorithm>
+#include <gtest/gtest.h>
+
+#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "framework/threads/main_thread_calls.h"
+#include "framework/windows/windows.h"
 #include "program/results/win_results.h"
 #include "tests/support/program.h"
 #include "tests/support/temp_folder.h"
 
 namespace bracken::test {
 
+const std::string ended =
+    "The application has to end: an error occurred that nothing handles.\n\nNilObjectException";
+
+// Fails the test if other descriptors are open at its end than at its start.
+struct DescriptorCheck {
+    static ptrdiff_t count() {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    }
+    const ptrdiff_t before = count();
+    ~DescriptorCheck() { EXPECT_EQ(count(), before); }
+};
+
 // A program with a server that has the database "d", and a folder to search.
-class Results {
-  public:
+class Results : public testing::Test {
+  protected:
     // Opens or reuses the results window and starts a run.
-    void go(const std::vector<std::string>& tables) { go(tables, GetFolderItem(folder.path(), 0)); }
-    void go(const std::vector<std::string>& tables, const Ref<FolderItem>& where) {
+    void go(const Row& tables) { go(tables, GetFolderItem(folder.path(), 0)); }
+    void go(const Row& tables, const Ref<FolderItem>& where) {
         std::vector<Row> rows;
         for (const std::string& table : tables) rows.push_back({table});
         program.db->answers("show tables in d", {"Tables_in_d"}, rows);
         winResults().init("d", where);
     }
-    void finish() {
+    void finish(const std::string& box) {
+        program.platform.expectBox(box);
         runUntil([] { return !Thread::anyRunning(); });
-    }
-    void goToEnd(const std::vector<std::string>& tables) {
-        program.platform.expectBox(tables.empty() ? "Nothing was found" : "Finished");
-        go(tables);
-        finish();
     }
     // Lets the run come to the next of its stopping points again and again, and carries out nothing
     // of what it asks of this thread.
@@ -36,11 +46,9 @@ class Results {
     static void stepUntil(const Condition& condition) {
         while (!condition()) Thread::Yield();
     }
-    static bool processing(const std::string& path) {
-        return winResults().lblProgress.Caption.get() == "Processing files in " + path;
-    }
-    static void setExtensions(const std::string& list) {
-        App().prefs->root->SetString("extensions", list);
+    void stepInto(const std::string& name) {
+        const std::string caption = "Processing files in " + folder.path(name);
+        stepUntil([&] { return winResults().lblProgress.Caption.get() == caption; });
     }
     static std::string column(int number) {
         std::string cells;
@@ -49,6 +57,8 @@ class Results {
         return cells;
     }
 
+    // Ends after the runs of the program.
+    DescriptorCheck descriptors;
     TempFolder folder;
     Program program;
 };

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <random>
 
 #include "framework/text/text.h"
@@ -10,7 +9,6 @@
 #include "tests/support/fake_platform.h"
 
 namespace bracken::test {
-
 namespace {
 
 // What recording a file makes of a cell's text.
@@ -19,25 +17,23 @@ std::string recorded(std::string text, const std::string& name) {
     return InStr(0, text, name) > 0 ? text : text + name + ",";
 }
 
-}  // namespace
-
 // The index of the names against a search of the text, over all that may happen to the cell.
 TEST(ResultsList, RecordsAFileWhoseNameInStrDoesNotFind) {
     FakePlatform platform;
-    auto window = std::make_shared<Window>();
+    const auto window = std::make_shared<Window>();
     ResultsList list{*window, "list"};
     std::mt19937 random(20260105);
     // Now and then longer than most file systems take.
-    auto name = [&](const char* letters) {
+    const auto name = [&](const char* letters) {
         std::string made(random() % 6 == 0 ? 300 : 0, 'm');
         for (auto length = 1 + random() % 3; length > 0; length--) made += letters[random() % 5];
         return made;
     };
-    for (int step = 0; step < 30000; step++) {
-        if (step % 3000 == 0) list.DeleteAllRows();
-        if (list.ListCount() < 4) list.AddRow("x");
+    for (int step = 0; step < 4000; step++) {
+        if (step % 500 == 0) list.DeleteAllRows();
+        if (list.ListCount() < 3) list.AddRow("x");
         const int row = static_cast<int>(random() % static_cast<size_t>(list.ListCount()));
-        const auto what = random() % 300;
+        const auto what = random() % 100;
         if (what == 0) list.Cell(row, 1) = name("aB.,b") + (random() % 2 == 0 ? "," : "");
         if (what == 1) list.Cell(row, 1) = notFoundYet;
         if (what == 2) list.RemoveRow(row);
@@ -50,4 +46,5 @@ TEST(ResultsList, RecordsAFileWhoseNameInStrDoesNotFind) {
     }
 }
 
+}  // namespace
 }  // namespace bracken::test
