@@ -20,24 +20,15 @@ STOP = (64, 62)
 LIST = (15, 84)
 
 
-def escape(text):
-    """As the program's own writer does it: an ampersand stands as it is."""
-    return text.replace("<", "&lt;").replace(">", "&gt;")
-
-
 def settings_text(folder, extensions, database=""):
     """A settings file that remembers login and folder."""
     strings = {"host": "localhost", "user": servers.USER, "password": servers.PASSWORD,
-               "current folder": str(folder), "extensions": extensions}
-    if database:
-        strings["database"] = database
-    lines = ['<?xml version="1.0" encoding="UTF-8"?>',
-             '<!DOCTYPE plist PUBLIC "-//Apple Computer//DTD PLIST 1.0//EN" '
-             '"http://www.apple.com/DTDs/PropertyList-1.0.dtd">',
-             '<plist version="1.0">', "<dict>", "\t<key>remember</key>", "\t<true/>"]
-    for key, value in strings.items():
-        lines += [f"\t<key>{key}</key>", f"\t<string>{escape(value)}</string>"]
-    return "\n".join(lines + ["</dict>", "</plist>", ""])
+               "current folder": str(folder), "extensions": extensions, "database": database}
+    # As the program's own writer does it: an ampersand stands as it is.
+    lines = [f"<key>{key}</key>\n<string>{value.replace('<', '&lt;').replace('>', '&gt;')}</string>"
+             for key, value in strings.items() if value or key != "database"]
+    return "\n".join(['<?xml version="1.0"?>', '<plist version="1.0">', "<dict>",
+                      "<key>remember</key>", "<true/>", *lines, "</dict>", "</plist>", ""])
 
 
 class Home:
@@ -83,6 +74,11 @@ class Program:
         if self.process.poll() is None:
             self.process.terminate()
         self.process.wait()
+
+    def ended(self):
+        """The status with which the program ends."""
+        wait_for(lambda: self.process.poll() is not None, "the program to end")
+        return self.process.returncode
 
     def find(self, wanted):
         """The window for which `wanted(window)` holds; raises if the program has ended meanwhile."""

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Drives the built program by clicks and keys: login to results, and a second start.
+"""Drives the built program by clicks and keys: from login to results, and all that one does there.
 
     test_e2e.py PROGRAM [UNITTEST-ARGUMENT...]
 """
@@ -14,67 +14,164 @@ import desktop as desktops
 import program as programs
 import sample
 import server as servers
+from result_actions import BOX, DATA, DROP, NO, PRINT, SCRIPT, YES, Actions, Browser, exported, report
 from waiting import wait_for
 
 BINARY = None
+NAMES = ["aa", "c d", "zz"]
+ROWS = [(b"aa", b"<i>&.php,"), (b"c d", b"Not Found Yet"), (b"zz", b"Not Found Yet")]
+# Points in the content of the window of scripts.
+DIVIDER, FILE, TEXT = (389, 141), (60, 59), (300, 500)
 
 
-class Road(unittest.TestCase):
-    """One server and one desktop for all tests; a home and a copy of the sources for each."""
+class Results(unittest.TestCase):
+    """One server and one desktop for all tests; a database, a home and sources for each."""
 
     @classmethod
     def setUpClass(cls):
-        cls.chosen = sample.sample()
         cls.server = cls.enterClassContext(servers.Server())
-        cls.server.load(cls.chosen.database, cls.chosen.script)
         cls.desktop = cls.enterClassContext(desktops.Desktop())
-        cls.wanted = [list(row) for row in cls.chosen.rows(cls.server.tables(cls.chosen.database))]
 
     def setUp(self):
-        folder = self.enterContext(tempfile.TemporaryDirectory(prefix="lens-home-"))
-        self.home = programs.Home(folder)
+        self.folder = pathlib.Path(self.enterContext(
+            tempfile.TemporaryDirectory(prefix="lens-home-")))
+        self.home = programs.Home(self.folder)
+        self.browser = Browser(self.home)
+        self.source = self.folder / "sources/<i>&.php"
+        self.source.parent.mkdir()
+        self.source.write_text("select * from aa\n" * 90 + "AA")
+        self.server.run("create or replace database deeds")
+        self.server.run("".join(f"create table `{name}` (id int);" for name in NAMES), "deeds")
 
-    def remember(self, **changes):
-        text = programs.settings_text(self.chosen.sources, self.chosen.extensions, **changes)
-        self.home.remember(text)
+    def login(self, stage="folder"):
+        self.program = self.enterContext(
+            programs.Program(BINARY, self.desktop, self.home, self.server.socket))
+        login = programs.LoginWindow(self.program)
+        login.connect(stage)
+        return login
 
     def start(self):
-        program = programs.Program(BINARY, self.desktop, self.home, self.server.socket)
-        return self.enterContext(program)
+        """From login to the end of a run."""
+        self.home.remember(programs.settings_text(self.source.parent, "", "deeds"))
+        self.login().go()
+        self.finish()
 
-    def run_to_the_end(self, program):
-        results = programs.ResultsWindow(program)
-        program.answer_box()
-        return results
+    def finish(self):
+        self.results = programs.ResultsWindow(self.program)
+        self.program.answer_box()
+        self.actions = Actions(self.program, self.results)
 
-    def quit(self, program):
+    def quit(self):
+        self.desktop.activate(self.results.window)
         self.desktop.keys("ctrl+q")
-        wait_for(lambda: program.process.poll() is not None, "the program to end")
-        self.assertEqual(program.process.returncode, 0)
+        self.assertEqual(self.program.ended(), 0)
+
+    def press(self, point, table=None):
+        """Presses a button, with that table selected."""
+        if table:
+            self.actions.press((programs.LIST[0] + 60, programs.LIST[1] + 40))
+            self.desktop.keys("ctrl+Home", *["Down"] * NAMES.index(table))
+        self.actions.press(point)
+
+    def answer(self, *keys, to=None):
+        """Answers the dialog in front, or the question that came up before that one."""
+        box = wait_for(lambda: self.program.find(
+            lambda w: w not in (to, self.results.window) and self.desktop.title(w) != "Login"), "a box")
+        self.desktop.activate(box)
+        self.desktop.keys(*keys)
+        self.actions.gone(box)
 
     def test_login_to_results_and_again(self):
-        self.remember()
-        program = self.start()
-        login = programs.LoginWindow(program)
-        login.connect("database")
-        login.choose(self.chosen.database)
+        chosen = sample.sample()
+        self.server.load(chosen.database, chosen.script)
+        self.home.remember(programs.settings_text(chosen.sources, chosen.extensions))
+        login = self.login("database")
+        login.choose(chosen.database)
         login.go()
-        results = self.run_to_the_end(program)
-        self.assertEqual(results.rows(), self.wanted)
-        self.desktop.place(results.window, 211, 144, 640, 380)
-        left = self.desktop.frame(results.window)
-        self.quit(program)
+        self.finish()
+        self.assertEqual([tuple(row) for row in self.results.rows()],
+                         chosen.rows(self.server.tables(chosen.database)))
+        self.desktop.place(self.results.window, 211, 144, 640, 380)
+        left = self.desktop.frame(self.results.window)
+        self.quit()
         self.assertEqual(stat.S_IMODE(self.home.settings.stat().st_mode), 0o600)
 
         # The second start knows login, folder and database, and where the results stood.
-        program = self.start()
-        login = programs.LoginWindow(program)
-        login.connect("folder")
+        self.login()
         self.desktop.keys("Return")
-        results = program.window("Results")
-        wait_for(lambda: self.desktop.frame(results) == left, f"the frame {left}")
-        program.answer_box()
-        self.quit(program)
+        window = self.program.window("Results")
+        wait_for(lambda: self.desktop.frame(window) == left, f"the frame {left}")
+        self.program.answer_box()
+
+    def test_export(self):
+        self.start()
+        file = self.folder / "list"
+        self.actions.export(file)
+        self.assertEqual(file.read_bytes(), exported(ROWS))
+        # No to the question leaves the file that is there, Yes replaces it.
+        file.write_text("old")
+        dialog = self.actions.type_export(file)
+        self.answer("alt+n", to=dialog)
+        self.assertEqual(file.read_text(), "old")
+        self.desktop.activate(dialog)
+        self.desktop.keys("Return")
+        self.answer("alt+y", to=dialog)
+        self.program.answer_box()
+        self.assertEqual(file.read_bytes(), exported(ROWS))
+
+    def test_report(self):
+        self.start()
+        page = self.folder / "data/Bracken Lens/report.html"
+        self.press(PRINT)
+        self.actions.confirm(BOX, NO)
+        self.assertFalse(page.exists())
+        self.press(PRINT)
+        self.actions.confirm(BOX, YES)
+        self.assertEqual(self.browser.await_opened(1), str(page))
+        self.assertEqual(page.read_bytes(), report(ROWS))
+        # Ticked with Yes, the box is remembered: nobody is asked any more.
+        self.press(PRINT)
+        self.browser.await_opened(2)
+
+    def test_drop(self):
+        self.start()
+        for table, left, *keys in [("aa", NAMES, "Escape"), ("aa", NAMES, "Return"),
+                                   ("aa", NAMES[1:], "alt+y")]:
+            self.press(DROP, table)
+            self.answer(*keys)
+            wait_for(lambda: self.server.tables("deeds") == [name.encode() for name in left], left)
+        self.assertEqual([row[0] for row in self.results.rows()], [b"c d", b"zz"])
+
+    def test_data_and_script(self):
+        self.start()
+        self.press(DATA, "aa")
+        data = self.program.window("View Data for aa")
+        wait_for(lambda: self.desktop.frame(data)[2] == 1024, "the size of the data window")
+        self.actions.close(data)
+        self.press(SCRIPT, "aa")
+        script = self.program.window("View Scripts for aa")
+        self.desktop.activate(script)
+        for point in FILE, TEXT:
+            self.program.click(script, point, self.results.menu)
+        self.desktop.keys("ctrl+a", "ctrl+c")
+        wait_for(lambda: self.desktop.clipboard() == self.source.read_bytes(), "the text")
+        # To and fro within one drag: what it leaves is what it found.
+        before = self.desktop.column(script, TEXT[0])
+        left, top, _, _ = self.desktop.frame(script)
+        x, y = left + DIVIDER[0], top + self.results.menu + DIVIDER[1]
+        self.desktop.hold(x, y)
+        for to, same in (y + 200, False), (y, True):
+            self.desktop.move(x, to)
+            wait_for(lambda: (self.desktop.column(script, TEXT[0]) == before) == same, "the divider")
+        self.desktop.release()
+        # A file that goes in between ends the program, with nothing saved.
+        self.source.unlink()
+        settings = self.home.settings.read_bytes()
+        self.program.click(script, (FILE[0], FILE[1] + 18), self.results.menu)
+        self.program.window("Bracken Lens")
+        self.desktop.keys("Return")
+        self.assertNotEqual(self.program.ended(), 0)
+        self.assertEqual(self.home.settings.read_bytes(), settings)
 
 
 if __name__ == "__main__":
