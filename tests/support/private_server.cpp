@@ -32,22 +32,18 @@ int freePort() {
 
 }  // namespace
 
-PrivateServer::PrivateServer() : port_(freePort()) {
-    start({});
+PrivateServer::PrivateServer(const std::vector<std::string>& options) : port_(freePort()) {
+    std::vector<std::string> command = {BRACKEN_PRIVATE_SERVER, folder(),
+                                        "--port=" + std::to_string(port_),
+                                        "--bind-address=127.0.0.1"};
+    command.insert(command.end(), options.begin(), options.end());
+    process_ = spawn(command, -1);
+    awaitAnswer();
 }
 
 PrivateServer::~PrivateServer() {
-    end(SIGTERM);
-}
-
-void PrivateServer::runWith(const std::vector<std::string>& options) {
-    if (process_ != 0 && options == options_) return;
-    end(SIGTERM);
-    start(options);
-}
-
-void PrivateServer::kill() {
-    end(SIGKILL);
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
 }
 
 std::string PrivateServer::run(const std::string& statements) const {
@@ -60,23 +56,6 @@ void PrivateServer::publish() const {
     setenv("MYSQL_TCP_PORT", std::to_string(port_).c_str(), 1);
 }
 
-void PrivateServer::start(const std::vector<std::string>& options) {
-    std::vector<std::string> command = {BRACKEN_PRIVATE_SERVER, folder(),
-                                        "--port=" + std::to_string(port_),
-                                        "--bind-address=127.0.0.1"};
-    command.insert(command.end(), options.begin(), options.end());
-    options_ = options;
-    process_ = spawn(command, -1);
-    awaitAnswer();
-}
-
-void PrivateServer::end(int signal) {
-    if (process_ == 0) return;
-    ::kill(process_, signal);
-    waitpid(process_, nullptr, 0);
-    process_ = 0;
-}
-
 // One that only listens has not finished its start, and may hang when it is asked to end.
 void PrivateServer::awaitAnswer() {
     const std::string ask = "mariadb --no-defaults --user=root --socket='" + socket() +
@@ -84,7 +63,6 @@ void PrivateServer::awaitAnswer() {
     int status = 0;
     while (waitpid(spawn({"sh", "-c", ask}, -1), &status, 0), status != 0) {
         if (waitpid(process_, nullptr, WNOHANG) != 0) {
-            process_ = 0;
             throw std::runtime_error("the server ended: " + folder_.read("log"));
         }
         poll(nullptr, 0, 5);

@@ -13,17 +13,13 @@ namespace bracken::test {
 // answers on a socket and on a port of 127.0.0.1, and ends with the process, whatever ends that.
 class PrivateServer {
   public:
-    // Makes the data folder and starts the server. The constructor and `start` return once it
-    // answers, and throw std::runtime_error, with the server's log, if it does not.
-    PrivateServer();
+    // Makes the data folder and starts the server with these options added. Returns once it answers,
+    // and throws std::runtime_error, with the server's log, if it does not.
+    explicit PrivateServer(const std::vector<std::string>& options = {});
     ~PrivateServer();
     PrivateServer(const PrivateServer&) = delete;
     PrivateServer& operator=(const PrivateServer&) = delete;
 
-    // Has the server run with these options added and no others; starts it again if need be.
-    void runWith(const std::vector<std::string>& options);
-    // Ends it at once, as a crash would.
-    void kill();
     // Statements by the command-line client, as root; its output, a line a row, without headings.
     std::string run(const std::string& statements) const;
 
@@ -35,14 +31,11 @@ class PrivateServer {
     void publish() const;
 
   private:
-    void start(const std::vector<std::string>& options);
-    void end(int signal);
     void awaitAnswer();
 
     TempFolder folder_;
     int port_;
     pid_t process_ = 0;
-    std::vector<std::string> options_;
 };
 
 }  // namespace bracken::test
