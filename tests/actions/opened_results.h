@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "framework/text/text.h"
 #include "framework/windows/windows.h"
 #include "program/results/win_results.h"
 #include "tests/support/outcome.h"
@@ -21,20 +22,18 @@ class OpenedResults : public testing::Test {
         for (PushButton* button : {&window.butExport, &window.butPrint}) button->Enabled = true;
     }
 
-    // Adds rows: a table, its files, and their paths where they matter.
-    void show(const std::vector<Row>& rows) const {
-        for (const Row& row : rows) {
-            window.lstResults.AddRow(row[0]);
-            window.lstResults.Cell(window.lstResults.LastIndex(), 1) = row[1];
-            window.lstResults.Cell(window.lstResults.LastIndex(), 2) =
-                row.size() > 2 ? row[2] : "/hidden,";
-        }
+    // Adds a row: a table, its files, and their paths.
+    void show(const std::string& table, const std::string& files,
+              const std::string& paths = "") const {
+        window.lstResults.AddRow(table);
+        window.lstResults.Cell(window.lstResults.LastIndex(), 1) = files;
+        window.lstResults.Cell(window.lstResults.LastIndex(), 2) = paths;
     }
-    // An open window by its title, null if there is none.
-    static Window* opened(const std::string& title) {
+    // Whether a window of that title is open.
+    static bool isOpen(const std::string& title) {
         for (auto& open : Windows::get().all())
-            if (open->Title.get() == title) return open.get();
-        return nullptr;
+            if (open->Title.get() == title) return true;
+        return false;
     }
     // A list's cells, joined by "|", a line a row.
     static std::string textOf(Listbox& list) {
@@ -44,17 +43,6 @@ class OpenedResults : public testing::Test {
                 text += std::string(list.cellText(row, column)) + "|";
             text += "\n";
         }
-        return text;
-    }
-    // The tables listed, in order, and then the buttons that follow the selection.
-    std::string state() const {
-        std::string text;
-        for (int row = 0; row < window.lstResults.ListCount(); row++)
-            text += std::string(window.lstResults.Cell(row, 0)) + " ";
-        text += "| ";
-        for (PushButton* button :
-             {&window.butDropTable, &window.butViewData, &window.butViewScript})
-            if (button->Enabled) text += button->Caption.get() + ", ";
         return text;
     }
 

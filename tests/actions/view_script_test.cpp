@@ -1,6 +1,3 @@
-#include <algorithm>
-
-#include "framework/text/text.h"
 #include "program/actions/win_view_script.h"
 #include "tests/actions/opened_results.h"
 
@@ -9,15 +6,12 @@ namespace {
 
 class ViewScript : public OpenedResults {
   protected:
-    // Presses the button with that row selected.
-    class winViewScript& open(int row) {
-        window.lstResults.ListIndex = row;
+    // Presses the button with a row for that table selected.
+    class winViewScript& open(const std::string& table, const std::string& paths) {
+        show(table, "a.php,", paths);
+        window.lstResults.ListIndex = window.lstResults.LastIndex();
         window.butViewScript.userPressed();
         return winViewScript();
-    }
-    class winViewScript& open(const std::string& table, const std::string& paths) {
-        show({{table, "a.php,", paths}});
-        return open(window.lstResults.LastIndex());
     }
     // What is marked of the text, each run between brackets.
     static std::string marked(EditField& field) {
@@ -34,27 +28,23 @@ class ViewScript : public OpenedResults {
 };
 
 TEST_F(ViewScript, ListsTheFilesOfTheRow) {
-    for (const auto& [paths, files] :
-         {std::pair("/w/a.php,/w/b/c.php,", "a.php|/w/a.php|\nc.php|/w/b/c.php|\n"),
-          {"/w/a,b.php,", "a|/w/a|\nb.php|b.php|\n"},
-          {"Disk:web:a.php,/w/b.php,", "a.php|Disk:web:a.php|\n/w/b.php|/w/b.php|\n"},
-          {"/w:x/a.php,", "x/a.php|/w:x/a.php|\n"},
-          {"C\\web\\a.php,", "a.php|C\\web\\a.php|\n"},
-          {"/w/a.php,/w:x/b.php,", "a.php|/w/a.php|\nb.php|/w:x/b.php|\n"}}) {
-        const std::string wanted = files + std::string("||\n");
-        EXPECT_EQ(yieldsOf([&, found = paths] { open("user", found); }),
-                  std::count(wanted.begin(), wanted.end(), '\n'));
-        EXPECT_EQ(textOf(winViewScript().lstScipts), wanted);
-        EXPECT_EQ(winViewScript().Title.get(), "View Scripts for user");
+    // The last is that of the empty path after the last comma.
+    for (const auto& [paths, files, yields] :
+         {std::tuple("/w/a.php,/w/b/c.php,", "a.php|/w/a.php|\nc.php|/w/b/c.php|\n||\n", 3),
+          {"/w/a,b.php,", "a|/w/a|\nb.php|b.php|\n||\n", 3},
+          {"Disk:web:a.php,/w/b.php,", "a.php|Disk:web:a.php|\n/w/b.php|/w/b.php|\n||\n", 3},
+          {"C\\web\\a.php,", "a.php|C\\web\\a.php|\n||\n", 2},
+          {"/w/a.php,/w:x/b.php,", "a.php|/w/a.php|\nb.php|/w:x/b.php|\n||\n", 3}}) {
+        EXPECT_EQ(yieldsOf([&, found = paths] { open("user", found); }), yields);
+        EXPECT_EQ(textOf(winViewScript().lstScipts), files);
         winViewScript().Close();
     }
 }
 
 TEST_F(ViewScript, AnOpenWindowGetsTheNextTablesFilesBelow) {
-    std::string path = folder.write("a.php", "select user from orders");
+    const std::string path = folder.write("a.php", "select user from orders");
     class winViewScript& script = open("user", path + ",");
     script.lstScipts.userSelected(0);
-    EXPECT_EQ(marked(script.EditField1), "select [user] from orders");
     EXPECT_EQ(&open("orders", "/x/b.php,"), &script);
     EXPECT_EQ(script.lstScipts.ListCount(), 4);
     EXPECT_EQ(script.Title.get(), "View Scripts for orders");
@@ -67,86 +57,68 @@ TEST_F(ViewScript, AnOpenWindowGetsTheNextTablesFilesBelow) {
 TEST_F(ViewScript, MarksEachOccurrence) {
     struct Case {
         std::string table, text, marked;
-        int marks, selStart, selLength;
+        int yields, selStart;
     };
     const std::string nul("a\0user\0", 7);
-    const Case cases[] = {
-        {"user", "the user, USERS, superuSer", "the [user], [USER]S, super[uSer]", 3, 22, 4},
-        {"aa", "aaaa b aa", "[aaaa] b [aa]", 4, 7, 2},
-        {"user", "useruser", "[useruser]", 2, 4, 4},
-        {"user", "", "", 0, 0, 0},
-        {"user", "nobody", "nobody", 0, 0, 0},
-        {"user", "no line end: user", "no line end: [user]", 1, 13, 4},
-        {"user", nul, std::string("a\0[user]\0", 9), 1, 2, 4},
-        {"caf\xe9", "le caf\xe9 noir", "le [caf\xe9] noir", 1, 3, 4},
-        {"\xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80", "\xd1\x8f \xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80!",
-         "\xd1\x8f [\xd1\x8e\xd0\xb7\xd0\xb5\xd1\x80]!", 1, 3, 8},
-    };
-    for (const Case& c : cases) {
+    for (const Case& c :
+         {Case{"user", "the user, USERS, superuSer", "the [user], [USER]S, super[uSer]", 4, 22},
+          {"aa", "aaaa b aa", "[aaaa] b [aa]", 5, 7},
+          {"user", "", "", 0, 0},
+          {"user", "nobody", "nobody", 1, 0},
+          {"user", nul, std::string("a\0[user]\0", 9), 2, 2},
+          {"caf\xe9", "le caf\xe9 noir", "le [caf\xe9] noir", 2, 3}}) {
         class winViewScript& script = open(c.table, folder.write("f.php", c.text) + ",");
-        const int reads = c.text.empty() ? 0 : 1;
-        EXPECT_EQ(yieldsOf([&] { script.lstScipts.userSelected(0); }), c.marks + reads) << c.text;
+        EXPECT_EQ(yieldsOf([&] { script.lstScipts.userSelected(0); }), c.yields) << c.text;
         EXPECT_EQ(marked(script.EditField1), c.marked);
         EXPECT_EQ(script.EditField1.SelStart, c.selStart) << c.text;
-        EXPECT_EQ(script.EditField1.SelLength, c.selLength) << c.text;
-        script.Close();
+        EXPECT_EQ(script.EditField1.SelLength, c.yields < 2 ? 0 : Len(c.table)) << c.text;
+        script.PushButton1.userPressed();
+        EXPECT_FALSE(isOpen("View Scripts for " + c.table)) << "by its Close";
     }
 }
 
 TEST_F(ViewScript, FailuresGoToTheDefault) {
-    show({{"user", "a.php,", "/w/a.php,"}});
+    show("log", "", "");
     window.lstResults.ListIndex = 0;
-    EXPECT_THROW(open(-1), IndexOutOfRangeException) << "the button stays enabled with no row";
-    std::string odd = folder.write("with,comma.php", "user");
+    EXPECT_EQ(endOf([&] { window.butViewScript.userPressed(); }),
+              "IndexOutOfRangeException: the row names no file");
+    window.lstResults.ListIndex = -1;
+    EXPECT_THROW(window.butViewScript.userPressed(), IndexOutOfRangeException);
+    // Gone, two halves of a path with a comma, and the empty last one.
+    const std::string odd = folder.write("with,comma.php", "user");
     class winViewScript& script = open("user", folder.path() + "/gone.php," + odd + ",");
-    ASSERT_EQ(script.lstScipts.ListCount(), 4);
-    for (int row = 0; row < 4; ++row)
-        EXPECT_THROW(script.lstScipts.userSelected(row), NilObjectException)
-            << "gone, two halves of a path with a comma, and the blank last one: " << row;
+    for (int row = 0; row < script.lstScipts.ListCount(); row++)
+        EXPECT_THROW(script.lstScipts.userSelected(row), NilObjectException) << row;
     EXPECT_EQ(script.EditField1.Text.get(), "");
 }
 
-TEST_F(ViewScript, KeepsItsPlaceButNotItsTitle) {
-    class winViewScript& first = open("user", "/w/a.php,");
-    first.userMoved(-40, 33);
-    first.userResized(900, 700);
-    EXPECT_EQ(first.splitter.Top, 193);
-    first.PushButton1.userPressed();
-    EXPECT_EQ(opened("View Scripts for user"), nullptr);
-    class winViewScript& second = open("orders", "/w/a.php,");
-    EXPECT_EQ(second.Title.get(), "View Scripts for orders");
-    const Row seen = {Str(second.Left),
-                      Str(second.Top),
-                      Str(second.Width),
-                      Str(second.Height),
-                      Str(second.lstScipts.Height),
-                      Str(second.EditField1.Height)};
-    EXPECT_EQ(seen, (Row{"-40", "33", "900", "700", "160", "445"}));
-}
-
-TEST_F(ViewScript, TheDividerSharesTheWindow) {
-    class winViewScript& script = open("user", "/w/a.php,");
-    auto dragTo = [&](int top) {
-        script.splitter.userPressed(40, 8);
-        script.splitter.userDragged(40, 8 + top - script.splitter.Top);
-        script.splitter.userReleased(40, 8);
-    };
-    dragTo(300);
-    EXPECT_EQ(script.splitter.Top, 300);
-    EXPECT_EQ(script.lstScipts.Height, 267);
-    EXPECT_EQ(script.EditField1.Top, 316);
-    EXPECT_EQ(script.EditField1.Height, 278);
-    dragTo(3000);
-    EXPECT_EQ(script.splitter.Top, 594) << "the text's far edge";
-    EXPECT_FALSE(script.EditField1.Visible);
-    dragTo(-3000);
-    EXPECT_EQ(script.splitter.Top, 15) << "the list's near edge less the divider";
-    EXPECT_FALSE(script.lstScipts.Visible);
-    EXPECT_TRUE(script.EditField1.Visible);
-    dragTo(29);
-    EXPECT_EQ(script.splitter.Top, 15) << "pulled to the limit from half of 30 away";
-    dragTo(30);
-    EXPECT_EQ(script.splitter.Top, 45) << "or pushed out of the zone";
+TEST_F(ViewScript, KeepsItsPlaceAndTheDividerSharesTheWindow) {
+    for (bool again : {false, true}) {
+        class winViewScript& script = open("user", "/w/a.php,");
+        if (!again) {
+            script.userMoved(-40, 33);
+            script.userResized(900, 700);
+        }
+        EXPECT_EQ((std::vector<int>{script.Left, script.Top, script.Width, script.Height}),
+                  (std::vector<int>{-40, 33, 900, 700}));
+        const auto parts = [&] {
+            return std::vector<int>{script.lstScipts.Height, script.splitter.Top,
+                                    script.EditField1.Top, script.EditField1.Height};
+        };
+        EXPECT_EQ(parts(), (std::vector<int>{160, 193, 209, 445}));
+        // To a place, past the text's far edge, and past the list's near edge less the divider.
+        for (const auto& [to, wanted] : {std::pair(300, std::vector<int>{267, 300, 316, 338}),
+                                         {3000, {621, 654, 670, -16}},
+                                         {-3000, {-18, 15, 31, 623}}}) {
+            script.splitter.userPressed(40, 8);
+            script.splitter.userDragged(40, 8 + to - script.splitter.Top);
+            script.splitter.userReleased(40, 8);
+            EXPECT_EQ(parts(), wanted);
+            EXPECT_EQ(script.lstScipts.Visible, to > 0);
+            EXPECT_EQ(script.EditField1.Visible, to < 3000);
+        }
+        script.Close();
+    }
 }
 
 }  // namespace

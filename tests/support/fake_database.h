@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <map>
 #include <optional>
@@ -16,44 +18,97 @@ using Row = std::vector<std::string>;
 // byte; one that nobody told it fails the test. Answers stay until they are told anew.
 class FakeDatabase : public Database {
   public:
-    // The statement gives these rows.
-    void answers(const std::string& statement, const Row& columns, const std::vector<Row>& rows);
+    // The statement gives these rows, and then breaks off with the text, if there is one.
+    void answers(const std::string& statement, const Row& columns, const std::vector<Row>& rows,
+                 const std::string& message = "") {
+        answers_[statement] = {true, columns, rows, message};
+    }
     // The statement succeeds and has no rows to give: nil for SQLSelect, nothing for SQLExecute.
-    void succeeds(const std::string& statement);
+    void succeeds(const std::string& statement) { answers_[statement] = {}; }
     // The statement fails with this text.
-    void fails(const std::string& statement, const std::string& message);
-    // The statement gives these rows, then breaks off with this text.
-    void breaksOff(const std::string& statement, const Row& columns, const std::vector<Row>& rows,
-                   const std::string& message);
+    void fails(const std::string& statement, const std::string& message) {
+        answers_[statement] = {false, {}, {}, message};
+    }
     // Connect fails with this text, until it is told the empty one.
     void refusesConnect(const std::string& message) { connectRefusal_ = message; }
 
     void DatabaseName(const std::string& name) override { databaseNames.push_back(name); }
-    bool Connect() override;
-    Ref<DatabaseCursor> SQLSelect(const std::string& statement) override;
-    void SQLExecute(const std::string& statement) override;
+    bool Connect() override {
+        logins.push_back(UserName + ":" + Password + "@" + Host);
+        if (meanwhile) meanwhile();
+        setOutcome(connectRefusal_);
+        return !Error;
+    }
+    Ref<DatabaseCursor> SQLSelect(const std::string& statement) override {
+        const Answer answer = run(statement);
+        if (answer.hasRows) return make<Cursor>(*this, answer);
+        return nilCursor(Error ? std::optional(ErrorMessage) : std::nullopt, statement);
+    }
+    void SQLExecute(const std::string& statement) override { run(statement); }
 
     // What was asked, in order: statements of both kinds; logins as "user:password@host"; names set
     // by DatabaseName.
-    std::vector<std::string> statements;
-    std::vector<std::string> logins;
-    std::vector<std::string> databaseNames;
+    std::vector<std::string> statements, logins, databaseNames;
     // Cursors that were given out and not closed by Close.
     int openCursors = 0;
     // Called within each statement and Connect, before the answer, as while the server works.
     std::function<void()> meanwhile;
 
   private:
-    class Cursor;
     struct Answer {
         bool hasRows = false;
         Row columns;
         std::vector<Row> rows;
-        std::optional<std::string> failure;
+        // Of the failure, at the end of the rows if there are any; "" if it succeeds.
+        std::string message;
     };
 
-    const Answer* run(const std::string& statement);
-    void setOutcome(const std::optional<std::string>& failure);
+    class Cursor : public DatabaseCursor {
+      public:
+        Cursor(FakeDatabase& database, const Answer& answer)
+            : database_(database), answer_(answer) {
+            database_.openCursors++;
+        }
+        bool EOF_() override {
+            if (closed_) return true;
+            if (row_ < answer_.rows.size()) return false;
+            if (answer_.message.empty()) return true;
+            database_.setOutcome(answer_.message);
+            throw DatabaseException(answer_.message);
+        }
+        void MoveNext() override { row_++; }
+        int FieldCount() override { return static_cast<int>(answer_.columns.size()); }
+        std::string_view fieldName(int n) override {
+            return answer_.columns.at(static_cast<size_t>(n) - 1);
+        }
+        std::string_view fieldText(int n) override {
+            return answer_.rows.at(row_).at(static_cast<size_t>(n) - 1);
+        }
+        void Close() override {
+            if (!closed_) database_.openCursors--;
+            closed_ = true;
+        }
+
+      private:
+        FakeDatabase& database_;
+        const Answer answer_;
+        size_t row_ = 0;
+        bool closed_ = false;
+    };
+
+    Answer run(const std::string& statement) {
+        statements.push_back(statement);
+        if (meanwhile) meanwhile();
+        const auto found = answers_.find(statement);
+        EXPECT_NE(found, answers_.end()) << "unexpected statement: " << statement;
+        const Answer answer = found == answers_.end() ? Answer{} : found->second;
+        setOutcome(answer.hasRows ? "" : answer.message);
+        return answer;
+    }
+    void setOutcome(const std::string& failure) {
+        Error = !failure.empty();
+        ErrorMessage = failure;
+    }
 
     std::map<std::string, Answer> answers_;
     std::string connectRefusal_;

@@ -1,32 +1,48 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
-#include "framework/platform/platform.h"
+#include "framework/platform/null_platform.h"
+#include "framework/threads/main_thread_calls.h"
+#include "framework/threads/thread.h"
+#include "framework/threads/without_baton.h"
+#include "framework/windows/windows.h"
 
 namespace bracken::test {
 
 // A desktop whose user answers by a list made in advance. A question that nobody expected fails the
 // test, and so does an expected one that was never asked. Installs itself.
-class FakePlatform : public Platform {
+class FakePlatform : public NullPlatform {
   public:
-    FakePlatform();
-    ~FakePlatform() override;
+    FakePlatform() { Windows::get().reset(); }
+    ~FakePlatform() override {
+        Thread::killAll();
+        {
+            BatonRelease released;
+            Thread::joinAll();
+        }
+        Windows::get().reset();
+        for (auto& box : boxes_) ADD_FAILURE() << "never shown: " << box.text;
+        EXPECT_TRUE(folders_.empty()) << "a folder was never asked for";
+        EXPECT_TRUE(saves_.empty()) << "a file to write was never asked for";
+        EXPECT_TRUE(modals_.empty()) << "a modal window was never shown";
+    }
 
     // The next box must show this text; it is answered with `answer`.
     void expectBox(const std::string& text, int answer = BoxCode::okPressed) {
-        boxes_.push_back({text, answer, false});
+        boxes_.push_back({text, answer});
     }
     // The next box may show anything, which goes into `text`.
-    void expectAnyBox(std::string& text) {
-        boxes_.push_back({"", BoxCode::okPressed, false, &text});
-    }
+    void expectAnyBox(std::string& text) { boxes_.push_back({"", BoxCode::okPressed, &text}); }
     // The next box stays open until it is closed by the program.
     void expectBoxLeftOpen(const std::string& text) {
-        boxes_.push_back({text, BoxCode::okPressed, true});
+        boxes_.push_back({text, BoxCode::okPressed, nullptr, true});
     }
     // The next folder dialog gives this path, "" for cancelled.
     void expectFolder(const std::string& path) { folders_.push_back(path); }
@@ -35,10 +51,30 @@ class FakePlatform : public Platform {
     // What the user does in the next modal window; it must close in the course of that.
     void expectModal(const std::function<void(const Window&)>& user) { modals_.push_back(user); }
 
-    int messageBox(const std::string& text, int code, const std::string& title) override;
-    std::string selectFolder() override;
-    std::string saveFile(const SaveQuestion& question) override;
-    void runModal(const Window& window) override;
+    int messageBox(const std::string& text, int code, const std::string& /*title*/) override {
+        boxCodes.push_back(code);
+        const Box box = next(boxes_, text);
+        if (box.shown != nullptr)
+            *box.shown = text;
+        else
+            EXPECT_EQ(text, box.text);
+        boxClosed_ = false;
+        if (whileBoxIsOpen) whileBoxIsOpen();
+        while (box.leftOpen && !boxClosed_) std::this_thread::yield();
+        return box.answer;
+    }
+    std::string selectFolder() override { return next(folders_, "folder dialog"); }
+    std::string saveFile(const SaveQuestion& question) override {
+        saveQuestions.push_back(question);
+        return next(saves_, "dialog for a file to write");
+    }
+    void runModal(const Window& window) override {
+        const auto user = next(modals_, "modal window");
+        if (!user) return;
+        const baton::Hold hold;
+        user(window);
+        EXPECT_TRUE(window.closed()) << "the modal window stays open";
+    }
     void launch(const std::string& path) override { launched.push_back(path); }
     void closeMessageBox() override { boxClosed_ = true; }
     void beep() override { beeps++; }
@@ -51,12 +87,8 @@ class FakePlatform : public Platform {
     std::string clipboardText() override { return clipboard; }
     void setClipboardText(const std::string& text) override { clipboard = text; }
     void exitLoop(int status) override { exitStatus = status; }
-    void bringToFront(Window& /*window*/) override {}
     void modelChanged() override { frames++; }
     void abort(int status) override { abortStatus = status; }
-    void wake() override {}
-    bool hasEventLoop() override { return false; }
-    bool pumpUntil(const std::atomic<bool>& /*done*/) override { return true; }
 
     int beeps = 0;
     int frames = 0;
@@ -78,18 +110,36 @@ class FakePlatform : public Platform {
     struct Box {
         std::string text;
         int answer = BoxCode::okPressed;
-        bool leftOpen = false;
         std::string* shown = nullptr;
+        bool leftOpen = false;
     };
+
+    // Takes the first of the answers; one that holds nothing, and a failed test, if there is none.
+    template <class Answer>
+    static Answer next(std::deque<Answer>& answers, const std::string& question) {
+        if (answers.empty()) {
+            ADD_FAILURE() << "unexpected: " << question;
+            return {};
+        }
+        Answer first = std::move(answers.front());
+        answers.pop_front();
+        return first;
+    }
+
     std::deque<Box> boxes_;
-    std::deque<std::string> folders_;
-    std::deque<std::string> saves_;
+    std::deque<std::string> folders_, saves_;
     std::deque<std::function<void(const Window&)>> modals_;
     std::atomic<bool> boxClosed_{false};
 };
 
 // Lets runs go on and carries out their calls to this thread, which must be the main one holding
 // the baton, until the condition holds.
-void runUntil(const std::function<bool()>& condition);
+inline void runUntil(const std::function<bool()>& condition) {
+    while (!condition()) {
+        MainThreadCalls::instance().run();
+        BatonRelease released;
+        std::this_thread::yield();
+    }
+}
 
 }  // namespace bracken::test

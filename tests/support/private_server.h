@@ -13,8 +13,8 @@ namespace bracken::test {
 // answers on a socket and on a port of 127.0.0.1, and ends with the process, whatever ends that.
 class PrivateServer {
   public:
-    // Makes the data folder and starts the server with these options added. Returns once it answers,
-    // and throws std::runtime_error, with the server's log, if it does not.
+    // Makes the data folder and starts the server with these options added. Returns once it
+    // answers, and throws std::runtime_error, with the server's log, if it does not.
     explicit PrivateServer(const std::vector<std::string>& options = {});
     ~PrivateServer();
     PrivateServer(const PrivateServer&) = delete;

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
 
 #include "program/app.h"
@@ -15,8 +15,7 @@ namespace bracken::test {
 // The program as main() starts it, short of its first window, with no settings stored unless given.
 class Program {
   public:
-    Program() : Program("") {}
-    explicit Program(const std::string& settingsBody) {
+    explicit Program(const std::string& settingsBody = "") {
         std::filesystem::remove(settingsFile());
         if (!settingsBody.empty())
             std::ofstream(settingsFile())
@@ -31,9 +30,7 @@ class Program {
     // The settings file's bytes; "" without the file.
     static std::string saved() {
         std::ifstream file(settingsFile());
-        std::ostringstream bytes;
-        bytes << file.rdbuf();
-        return bytes.str();
+        return {std::istreambuf_iterator<char>(file), {}};
     }
     // One setting as it stands on the disk; "none" without the file, "missing" without the key.
     static std::string saved(const std::string& key) {
