@@ -2,17 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/exception.h"
 #include "framework/windows/event.h"
-#include "framework/windows/windows.h"
 #include "program/actions/win_preferences.h"
 #include "program/login/win_login.h"
 #include "tests/support/program.h"
 
-namespace bracken {
+namespace bracken::test {
 namespace {
-
-using test::Program;
 
 class AppTest : public testing::Test {
   protected:
@@ -28,24 +24,30 @@ class AppTest : public testing::Test {
                 if (item->Enabled && item->Text != "-") names += item->Name + " ";
         return names;
     }
+    class winPreferences& preferences() {
+        program.app.userChoseMenu("Preferences");
+        return dynamic_cast<class winPreferences&>(*Windows::get().front());
+    }
 
     Program program;
 };
 
-std::string outline(const MenuItem& menu) {
-    std::string lines;
-    for (auto& item : menu.items()) {
-        const char* kind = dynamic_cast<PrefsMenuItem*>(item.get())  ? " prefs"
-                           : dynamic_cast<QuitMenuItem*>(item.get()) ? " quit"
-                                                                     : "";
-        lines +=
-            item->Name + " " + item->Text + " " + item->Shortcut + kind + "\n" + outline(*item);
-    }
-    return lines;
-}
-
 TEST_F(AppTest, TheMenuBarIsThis) {
-    EXPECT_EQ(outline(*program.app.MenuBar),
+    std::string outline;
+    const auto add = [&](const MenuItem& menu, const auto& self) -> void {
+        for (auto& item : menu.items()) {
+            const bool prefs = dynamic_cast<PrefsMenuItem*>(item.get()) != nullptr;
+            const bool quit = dynamic_cast<QuitMenuItem*>(item.get()) != nullptr;
+            outline += item->Name + " " + item->Text + " " + item->Shortcut +
+                       (prefs  ? " prefs"
+                        : quit ? " quit"
+                               : "") +
+                       "\n";
+            self(*item, self);
+        }
+    };
+    add(*program.app.MenuBar, add);
+    EXPECT_EQ(outline,
               "FileMenu &File \nFileClose Close Cmd+W\nFileQuit &Quit Cmd+Q quit\n"
               "EditMenu &Edit \nEditUndo &Undo Cmd+Z\nUntitledMenu1 - \nEditCut Cu&t Cmd+X\n"
               "EditCopy &Copy Cmd+C\nEditPaste &Paste Cmd+V\nEditClear &Delete \n"
@@ -56,87 +58,19 @@ TEST_F(AppTest, TheMenuBarIsThis) {
 TEST_F(AppTest, MenusAreEnabledForTheWindowInFront) {
     EXPECT_EQ(enabled(), "FileQuit Preferences ");
     winLogin();
-    EXPECT_EQ(enabled(), "FileClose FileQuit Preferences ");
     program.platform.offered = "EditCopy";
     EXPECT_EQ(enabled(), "FileClose FileQuit EditCopy Preferences ");
-    program.app.userChoseMenu("EditCopy");
-    program.app.userChoseMenu("EditPaste");
-    EXPECT_EQ(program.platform.performed, std::vector<std::string>{"EditCopy"});
-    program.app.userChoseMenu("FileClose");
+    for (const char* item : {"EditCopy", "EditPaste", "FileClose"}) program.app.userChoseMenu(item);
+    EXPECT_EQ(program.platform.performed, Row{"EditCopy"});
     EXPECT_TRUE(Windows::get().all().empty());
 }
 
-TEST_F(AppTest, CheckErrorShowsTheServersWords) {
+TEST_F(AppTest, WhatGoesWrongIsShown) {
     EXPECT_FALSE(App().CheckError());
     program.db->Error = true;
     program.db->ErrorMessage = "Table 'x' doesn't exist";
     program.platform.expectBox("Table 'x' doesn't exist");
     EXPECT_TRUE(App().CheckError());
-    EXPECT_TRUE(program.db->Error);
-}
-
-TEST_F(AppTest, ThePreferencesWindowKeepsTheExtensionList) {
-    auto open = [this]() -> auto& {
-        program.app.userChoseMenu("Preferences");
-        return dynamic_cast<class winPreferences&>(*Windows::get().front());
-    };
-    auto& first = open();
-    EXPECT_EQ(first.EditField1.Text.get(), "");
-    first.EditField1.userEdited(" .PHP;cgi, ");
-    winLogin();
-    EXPECT_EQ(&open(), &first) << "the one that is open, in front again";
-    first.butCancel.userPressed();
-    EXPECT_EQ(open().EditField1.Text.get(), "");
-    open().EditField1.userEdited(" .PHP;cgi, ");
-    open().userPressedReturn();
-    EXPECT_EQ(Windows::get().all().size(), 1U);
-    EXPECT_EQ(Program::saved("extensions"), " .PHP;cgi, ");
-    EXPECT_EQ(open().EditField1.Text.get(), " .PHP;cgi, ");
-    open().EditField1.userEdited("");
-    open().butSave.userPressed();
-    EXPECT_EQ(Program::saved("extensions"), "");
-}
-
-class Closing : public Window {
-  public:
-    static inline int closed = 0;
-
-  protected:
-    void Event_Close() override { closed++; }
-};
-
-class Endless : public Thread {
-  protected:
-    void Event_Run() override {
-        for (;;) Yield();
-    }
-};
-
-TEST_F(AppTest, QuitEndsTheRunsAndClosesEachWindowOnce) {
-    Closing::closed = 0;
-    Windows::get().instance<Closing>();
-    winLogin();
-    auto run = make<Endless>();
-    run->Run();
-    handleEvent([this] { program.app.userChoseMenu("FileQuit"); });
-    EXPECT_FALSE(run->running());
-    EXPECT_EQ(Closing::closed, 1);
-    EXPECT_EQ(program.platform.exitStatus, 0);
-    handleEvent([] { winLogin(); });
-    EXPECT_TRUE(Windows::get().all().empty());
-}
-
-TEST_F(AppTest, TheProgramEndsWithItsLastWindowUnlessARunIsAlive) {
-    auto& window = Windows::get().instance<Closing>();
-    auto run = make<Endless>();
-    run->Run();
-    handleEvent([&] { window.userClosed(); });
-    EXPECT_EQ(program.platform.exitStatus, -1);
-    handleEvent([&] { run->Kill(); });
-    EXPECT_EQ(program.platform.exitStatus, 0);
-}
-
-TEST_F(AppTest, WhatAHandlerThrowsIsReportedAndEndsTheProgram) {
     program.platform.expectBox(
         "The application has to end: an error occurred that nothing handles.\n\n"
         "KeyNotFoundException: host");
@@ -144,5 +78,53 @@ TEST_F(AppTest, WhatAHandlerThrowsIsReportedAndEndsTheProgram) {
     EXPECT_EQ(program.platform.abortStatus, 1);
 }
 
+TEST_F(AppTest, ThePreferencesWindowKeepsTheExtensionList) {
+    auto& first = preferences();
+    first.EditField1.userEdited(" .PHP;cgi, ");
+    winLogin();
+    EXPECT_EQ(&preferences(), &first) << "the one that is open, in front again";
+    first.butCancel.userPressed();
+    for (const auto& [before, after] : {std::pair("", " .PHP;cgi, "), {" .PHP;cgi, ", ""}}) {
+        EXPECT_EQ(preferences().EditField1.Text.get(), before);
+        preferences().EditField1.userEdited(after);
+        preferences().userPressedReturn();
+        EXPECT_EQ(Windows::get().all().size(), 1U);
+        EXPECT_EQ(Program::saved("extensions"), after);
+    }
+}
+
+struct Closing : Window {
+    int* closed = nullptr;
+    void Event_Close() override { ++*closed; }
+};
+
+struct Endless : Thread {
+    void Event_Run() override {
+        for (;;) Yield();
+    }
+};
+
+TEST_F(AppTest, TheProgramEndsWithItsLastWindowUnlessARunIsAliveOrByQuit) {
+    int closed = 0;
+    const auto open = [&] { Windows::get().instance<Closing>().closed = &closed; };
+    open();
+    const auto run = make<Endless>();
+    run->Run();
+    handleEvent([] { Windows::get().front()->userClosed(); });
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(program.platform.exitStatus, -1);
+    handleEvent([&] { run->Kill(); });
+    EXPECT_EQ(program.platform.exitStatus, 0);
+
+    open();
+    winLogin();
+    run->Run();
+    handleEvent([this] { program.app.userChoseMenu("FileQuit"); });
+    EXPECT_FALSE(run->running());
+    EXPECT_EQ(closed, 2);
+    handleEvent([] { winLogin(); });
+    EXPECT_TRUE(Windows::get().all().empty());
+}
+
 }  // namespace
-}  // namespace bracken
+}  // namespace bracken::test
