@@ -4,7 +4,6 @@
     test_scan.py PROGRAM [UNITTEST-ARGUMENT...]
 """
 
-import base64
 import fcntl
 import itertools
 import json
@@ -18,9 +17,6 @@ import tempfile
 import unittest
 
 import reference
-
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "e2e"))
-import waiting  # noqa: E402
 
 PROGRAM = None
 NAMES = [b"users", b"user", b"Users", b"user_id", b"a", b"id", b"wp_", b"wp_posts", b"wp_id", b"old log",
@@ -45,15 +41,6 @@ def pairs_of(tsv):
     return [tuple(map(unescaped, line.split(b"\t"))) for line in tsv.split(b"\n")[:-1]]
 
 
-def bytes_of(value):
-    return base64.b64decode(value["bytes"]) if isinstance(value, dict) else value.encode()
-
-
-def pairs_of_json(text):
-    return [(bytes_of(table["name"]), path) for table in map(json.loads, text.split(b"\n")[:-2])
-            for path in [bytes_of(file) for file in table["files"]] or [b""]]
-
-
 def plant(root, rng):
     """A tree of what is nasty: odd names, links in circles."""
     pieces = [b" ", b"\n", b"_", b"$", b"0", b"-", b"\xff", b"\0", b"USER", b"User_Id", b"posts", b"wp_",
@@ -72,12 +59,11 @@ def plant(root, rng):
 
 
 def plant_edges(root):
-    """Names across the edges of what is read at a time, and that end or begin there or nearly so."""
+    """Names that lie across the edge of what is read at a time, or end or begin there."""
     os.mkdir(root)
-    for name, piece, after in itertools.product(EDGE_NAMES, (4096, 262144), (b"", b"s", b" ")):
-        for before in {0, 1, 2, len(name) - 1, len(name), len(name) + 1}:
-            with open(os.path.join(root, b"%d-%d-%d%s" % (piece, len(name), before, after)), "wb") as file:
-                file.write(b"." * (piece - 1 - before) + b" " + name + after)
+    for name, after, before in itertools.product(EDGE_NAMES, (b"", b"s", b" "), (0, 1, 3, 4, 64)):
+        with open(os.path.join(root, b"%d-%d%s" % (len(name), before, after)), "wb") as file:
+            file.write(b"." * (65535 - before) + b" " + name + after)
 
 
 class Answers(unittest.TestCase):
@@ -94,14 +80,14 @@ class Answers(unittest.TestCase):
                  ([root + b"/b//", root, root + b"/b/deep"], {"prefix": b"wp_"}),
                  ([root], {"extensions": [b"php", b"gz", b"tar.gz"], "whole": True}),
                  *(([root], {"excludes": excludes}) for excludes in globs)]
-        for number, (folders, choice) in enumerate(cases):
+        for folders, choice in cases:
             options = [f"--exclude={glob}" for glob in choice.get("excludes", [])]
             options += [b"--extensions=." + name.upper() for name in choice.get("extensions", [])]
             options += ["--whole-names"] if choice.get("whole") else []
             options += [b"--strip-prefix", choice["prefix"]] if "prefix" in choice else []
             expected = reference.pairs(folders, NAMES, **choice)
             answers = set()
-            for threads in "1", "2", "8":
+            for threads in "1", "8":
                 done = run(f"--threads={threads}", "--tables=-", "--format=tsv", *options, *folders,
                            names=b"\n".join(NAMES))
                 self.assertEqual(done.stderr, b"")
@@ -109,9 +95,6 @@ class Answers(unittest.TestCase):
             with self.subTest(case=choice, folders=folders):
                 self.assertEqual(len(answers), 1)
                 self.assertEqual(pairs_of(done.stdout), expected)
-            if number < 3:
-                done = run("--tables=-", "--format=json", *options, *folders, names=b"\n".join(NAMES))
-                self.assertEqual(pairs_of_json(done.stdout), expected)
 
     def test_names_at_edges(self):
         root = os.fsencode(self.folder) + b"/edges"
@@ -136,19 +119,16 @@ class Uses(unittest.TestCase):
     def test_statuses(self):
         for status, error, *arguments in [
                 (1, "", "--tables=names", "src"), (1, "", "src", "--tables", "names", "--allow=allow"),
-                (0, "", "--tables=-", "--", "src"), (0, "", "--tables=names", "--tables=-", "src"),
+                (0, "", "--tables=-", "--", "src", "src/"), (0, "", "--help", "--tables"), (0, "", "--version"),
                 (2, "b.js: Not a directory", "--tables=-", "src", "src/b.js"),
                 (2, "none: No such file", "--tables=-", "src", "none"), (2, ": No such file", "--tables=-", ""),
-                (0, "", "--tables=-", "src", "src/"), (0, "", "--help", "--tables"), (0, "", "--version"),
                 (2, "together", "--tables=-", "--database=x", "src"), (2, "is needed", "src"),
                 (2, "FOLDER", "--tables=-"), (2, "no option --foo", "--foo"), (2, "no option -x", "-xy"),
                 (2, "takes a value", "--tables"), (2, "takes no value", "--unused=1"),
-                (2, "extension", "--tables=-", "--extensions=", "src"),
                 (2, "extension", "--tables=-", "--extensions=php,.", "src"),
-                *((2, "--threads", "--tables=-", f"--threads={n}", "src") for n in ("0", "-1", "x", "9" * 20)),
+                *((2, "--threads", "--tables=-", f"--threads={n}", "src") for n in ("0", "x", "9" * 20)),
                 (2, "--port", "--database=x", "--port=65536", "src"), (2, "--format", "--format=xml"),
-                (2, "--color", "--color=maybe"), (2, "no table name", "--tables=/dev/null", "src"),
-                (2, "none: No such file", "--tables=none", "src"), (2, "src: Is a dir", "--tables=src", "src"),
+                (2, "no table name", "--tables=/dev/null", "src"), (2, "src: Is a dir", "--tables=src", "src"),
                 (2, "none: No such", "--tables=-", "--allow=none", "src"),
                 (2, "connect", "--database=x", "--socket=/none", "src")]:
             with self.subTest(arguments):
@@ -171,18 +151,6 @@ class Uses(unittest.TestCase):
         self.assertEqual(summary, {
             "type": "summary", "tables": 3, "unused": 1, "allowed": 1, "files": 1, "bytes": 5, "filtered": 1,
             "unreadable": [{"path": "none", "reason": "No such file or directory"}]})
-
-    def test_interrupt_in_a_file_of_40_bits(self):
-        with open(self.folder / "src/big", "wb") as file:
-            file.truncate(2**40)
-        # An interrupt leaves the other threads to the system.
-        options = os.environ.get("TSAN_OPTIONS", "") + ":report_thread_leaks=0"
-        process = subprocess.Popen([PROGRAM, "--tables=names", "src"], cwd=self.folder, stdout=subprocess.PIPE,
-                                   env={**os.environ, "TSAN_OPTIONS": options})
-        count = pathlib.Path(f"/proc/{process.pid}/io")
-        waiting.wait_for(lambda: int(count.read_text().split()[1]) > 2**22, "so much of it to be read", 20)
-        process.send_signal(signal.SIGINT)
-        self.assertEqual((process.communicate()[0], process.returncode), (b"", 130))
 
     def test_text(self):
         plain = self.scan("--tables=names", "--allow=allow", "--unused", "src").stdout

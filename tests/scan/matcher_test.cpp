@@ -141,6 +141,16 @@ TEST_F(Search, ALengthCountsByItsLow32BitsAsASignedNumber) {
     EXPECT_EQ(searchFile({"version"}, "/proc/version"), 0U) << "the kernel calls it empty";
 }
 
+TEST_F(Search, AFileIsLeftWhenItIsCancelled) {
+    const std::string path = folder.write("a", std::string(200'000, '.'));
+    int asked = 0;
+    Matcher::Hits hits;
+    EXPECT_EQ(FileSearch().search(
+                  OpenFolder(), path, true, Matcher({}), [&] { return ++asked == 3; }, hits),
+              ECANCELED);
+    EXPECT_EQ(asked, 3);
+}
+
 TEST(ExtensionList, IsATextThatTheLastFieldOfANameMustLieIn) {
     for (const auto& [extensions, name, passes] : {std::tuple("php,cgi", "a.P", true),
                                                    {"php,cgi", "a.html", false},
