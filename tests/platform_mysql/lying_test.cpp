@@ -62,12 +62,10 @@ TEST_F(Lying, ASilentServerIsGivenUpAfterATimeOrByQuit) {
         });
         MySQLDatabase impatient{std::chrono::milliseconds(quit ? 100'000 : 50)};
         impatient.Host = LyingServer::host;
-        if (quit) {
+        if (quit)
             EXPECT_THROW(impatient.Connect(), UnwindSignal);
-        } else {
+        else
             EXPECT_FALSE(impatient.Connect());
-            EXPECT_NE(impatient.ErrorMessage.find(LyingServer::host), std::string::npos);
-        }
         left.release();
     }
 }

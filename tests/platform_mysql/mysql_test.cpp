@@ -4,38 +4,27 @@
 
 namespace bracken::test {
 
-namespace {
-
-std::unique_ptr<TempFolder> theFolder;
-std::unique_ptr<PrivateServer> theServer;
-
-class ServerEnvironment : public testing::Environment {
-  public:
-    void SetUp() override {
-        theFolder = std::make_unique<TempFolder>();
+std::string serverKey() {
+    static const TempFolder folder;
+    static const std::string file = folder.path("key.pem");
+    static const std::string made =
         outputOf({"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj",
-                  "/CN=someone", "-keyout", serverKey(), "-out", serverKey()});
-        theServer = std::make_unique<PrivateServer>(
-            std::vector{"--ssl-key=" + serverKey(), "--ssl-cert=" + serverKey()});
-        theServer->publish();
-        MySQLDatabase::prepareLibrary();
-    }
-    void TearDown() override {
-        theServer = nullptr;
-        theFolder = nullptr;
-    }
-};
-
-const auto* const environment = testing::AddGlobalTestEnvironment(new ServerEnvironment);
-
-}  // namespace
-
-PrivateServer& server() {
-    return *theServer;
+                  "/CN=someone", "-keyout", file, "-out", file});
+    return file;
 }
 
-std::string serverKey() {
-    return theFolder->path("key.pem");
+PrivateServer& server() {
+    static PrivateServer theServer({"--ssl-key=" + serverKey(), "--ssl-cert=" + serverKey()});
+    return theServer;
+}
+
+MySQLTest::MySQLTest() {
+    static const bool prepared = [] {
+        server().publish();
+        MySQLDatabase::prepareLibrary();
+        return true;
+    }();
+    EXPECT_TRUE(prepared);
 }
 
 void MySQLTest::connect(const std::string& host, const std::string& user,

@@ -18,6 +18,8 @@ std::string serverKey();
 // A test on the main thread of a program whose event loop runs.
 class MySQLTest : public testing::Test {
   protected:
+    MySQLTest();
+
     // Logs in; expects success.
     void connect(const std::string& host = "localhost", const std::string& user = "root",
                  const std::string& password = "");
