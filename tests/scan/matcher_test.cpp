@@ -141,14 +141,19 @@ TEST_F(Search, ALengthCountsByItsLow32BitsAsASignedNumber) {
     EXPECT_EQ(searchFile({"version"}, "/proc/version"), 0U) << "the kernel calls it empty";
 }
 
-TEST_F(Search, AFileIsLeftWhenItIsCancelled) {
-    const std::string path = folder.write("a", std::string(200'000, '.'));
-    int asked = 0;
-    Matcher::Hits hits;
-    EXPECT_EQ(FileSearch().search(
-                  OpenFolder(), path, true, Matcher({}), [&] { return ++asked == 3; }, hits),
-              ECANCELED);
-    EXPECT_EQ(asked, 3);
+TEST_F(Search, AFileMayBeLeftOrShrinkMeanwhile) {
+    for (const auto& [extent, leave, error] : {std::tuple(Extent::whole, true, ECANCELED),
+                                               {Extent::whole, false, FileSearch::shrank},
+                                               {Extent::signed32, false, 0}}) {
+        const std::string path = folder.write("a", std::string(200'000, '.'));
+        Matcher::Hits hits;
+        const auto cancelled = [&, leave = leave, asked = 0]() mutable {
+            if (++asked == 2) std::filesystem::resize_file(path, 100'000);
+            return leave && asked == 2;
+        };
+        EXPECT_EQ(FileSearch(extent).search(OpenFolder(), path, true, Matcher({}), cancelled, hits),
+                  error);
+    }
 }
 
 TEST(ExtensionList, IsATextThatTheLastFieldOfANameMustLieIn) {

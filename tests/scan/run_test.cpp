@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include <ctime>
+#include <fstream>
 
 #include "tests/scan/results.h"
 
@@ -38,6 +39,8 @@ TEST_F(Run, ListsFilesInByteOrderOfTheirPaths) {
                                        {"gone", "gone.php"}})
         fs::create_symlink(folder.path(target), folder.path(name));
     ASSERT_EQ(mkfifo(folder.path("pipe.php").c_str(), 0600), 0);
+    std::fstream pipe(folder.path("pipe.php"));
+    pipe << "users, but not in a file" << std::flush;
     App().prefs->root->SetString("extensions", "php,");
     go({"users", ""});
     finish("Finished");
