@@ -80,16 +80,6 @@ class Desktop:
         """Presses the left button at a point of the screen."""
         self.ask("xdotool", "mousemove", "--sync", str(x), str(y), "click", "1")
 
-    def hold(self, x, y):
-        """Puts the left button down at a point of the screen and keeps it there."""
-        self.ask("xdotool", "mousemove", "--sync", str(x), str(y), "mousedown", "1")
-
-    def move(self, x, y):
-        self.ask("xdotool", "mousemove", "--sync", str(x), str(y))
-
-    def release(self):
-        self.ask("xdotool", "mouseup", "1")
-
     def windows(self):
         """Visible top-level windows of programs, by id, as the window manager lists them."""
         listed = self.ask("xprop", "-root", "_NET_CLIENT_LIST").decode()
@@ -116,12 +106,6 @@ class Desktop:
 
     def picture(self, file, window="root"):
         self.ask("import", "-window", str(window), str(file))
-
-    def column(self, window, x):
-        """The colours down a column of pixels of the window, as bytes by pixel."""
-        seen = self.ask("import", "-silent", "-window", str(window), "-crop",
-                        f"1x{self.frame(window)[3]}+{x}+0", "-depth", "8", "rgb:-")
-        return [seen[at:at + 3] for at in range(0, len(seen), 3)]
 
     def set_clipboard(self, text):
         subprocess.run(["xclip", "-selection", "clipboard", "-in"], env=self.environment, input=text,

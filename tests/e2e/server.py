@@ -26,7 +26,8 @@ class Server:
     def __enter__(self):
         try:
             self._start()
-            self._make_user()
+            self.run(f"create user '{USER}'@'localhost' identified by '{PASSWORD}';"
+                     f"grant all on *.* to '{USER}'@'localhost';")
         except BaseException:
             self.__exit__()
             raise
@@ -49,16 +50,11 @@ class Server:
     def _answers(self):
         if self.process.poll() is not None:
             raise RuntimeError((self.folder / "log").read_text(errors="replace"))
-        client = self._client()
-        return subprocess.run(client, input=b"select 1", capture_output=True).returncode == 0
+        return subprocess.run(self._client(), input=b"select 1", capture_output=True).returncode == 0
 
     def _client(self, *options):
         return ["mariadb", "--no-defaults", f"--socket={self.socket}", "--user=root",
                 "--default-character-set=utf8mb4", "--batch", "--skip-column-names", *options]
-
-    def _make_user(self):
-        self.run(f"create user '{USER}'@'localhost' identified by '{PASSWORD}';"
-                 f"grant all on *.* to '{USER}'@'localhost';")
 
     def run(self, statements, database=""):
         """Runs SQL text or a file of it as root and gives the output's lines, as bytes."""

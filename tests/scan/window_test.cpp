@@ -59,6 +59,8 @@ TEST_F(ResultsWindow, ProcessRunsOverAnEmptyList) {
     EXPECT_EQ(winResults().lstResults.ListCount(), 0);
     EXPECT_EQ(state(), "Stop|Finished|wheel|searching");
     EXPECT_EQ(enabled(), "NotFound ViewScript ");
+    stepUntil([] { return state() != "Stop|Finished|wheel|searching"; });
+    EXPECT_EQ(state(), "Stop|Gathering Files...|wheel|searching");
     finish("Nothing was found");
     EXPECT_EQ(enabled(), "Export Print ViewScript ");
     EXPECT_EQ(program.platform.beeps, 1) << "for the first alone";
