@@ -119,6 +119,10 @@ TEST_F(ViewScript, KeepsItsPlaceAndTheDividerSharesTheWindow) {
         }
         script.Close();
     }
+    class winViewScript& script = open("user", "/w/a.php,");
+    script.userResized(900, 520);
+    EXPECT_FALSE(script.lstScipts.Visible) << "no room is left for it";
+    EXPECT_EQ(script.EditField1.Height, 443);
 }
 
 }  // namespace

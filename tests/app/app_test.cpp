@@ -32,29 +32,6 @@ class AppTest : public testing::Test {
     Program program;
 };
 
-TEST_F(AppTest, TheMenuBarIsThis) {
-    std::string outline;
-    const auto add = [&](const MenuItem& menu, const auto& self) -> void {
-        for (auto& item : menu.items()) {
-            const bool prefs = dynamic_cast<PrefsMenuItem*>(item.get()) != nullptr;
-            const bool quit = dynamic_cast<QuitMenuItem*>(item.get()) != nullptr;
-            outline += item->Name + " " + item->Text + " " + item->Shortcut +
-                       (prefs  ? " prefs"
-                        : quit ? " quit"
-                               : "") +
-                       "\n";
-            self(*item, self);
-        }
-    };
-    add(*program.app.MenuBar, add);
-    EXPECT_EQ(outline,
-              "FileMenu &File \nFileClose Close Cmd+W\nFileQuit &Quit Cmd+Q quit\n"
-              "EditMenu &Edit \nEditUndo &Undo Cmd+Z\nUntitledMenu1 - \nEditCut Cu&t Cmd+X\n"
-              "EditCopy &Copy Cmd+C\nEditPaste &Paste Cmd+V\nEditClear &Delete \n"
-              "UntitledMenu0 - \nEditSelectAll Select &All Cmd+A\n"
-              "Preferences Preferences Cmd+, prefs\n");
-}
-
 TEST_F(AppTest, MenusAreEnabledForTheWindowInFront) {
     EXPECT_EQ(enabled(), "FileQuit Preferences ");
     winLogin();
