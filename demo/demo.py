@@ -14,6 +14,7 @@ sys.path.insert(0, str(ROOT / "tests/e2e"))
 sys.dont_write_bytecode = True
 
 import desktop as desktops  # noqa: E402
+import expected  # noqa: E402
 import inputs  # noqa: E402
 import program as programs  # noqa: E402
 import result_actions  # noqa: E402
@@ -87,7 +88,7 @@ def show_actions(program, results, rows, home, browser, pictures):
     wait_for(lambda: program.desktop.frame(window)[2] == 1024, "the size of the data window")
     program.desktop.picture(pictures / "9-data.png", window)
     actions.close(window)
-    wanted = {file: result_actions.exported(rows), pathlib.Path(page): result_actions.report(rows)}
+    wanted = {file: expected.exported(rows), pathlib.Path(page): expected.report(rows)}
     return [f"{path.name} is not as it must be" for path, text in wanted.items()
             if path.read_bytes() != text]
 

@@ -1,4 +1,4 @@
-"""What the results list must show, by a plain loop over files and tables.
+"""What the results list must show, by a plain loop over files and tables, and what comes of it.
 
 Written to be obviously right, and independently of the program:
 
@@ -63,6 +63,18 @@ def results(folder, extensions, tables):
                 row[1] += name + b","
                 row[2] += path + b","
     return [(table, found or NOT_FOUND.encode(), paths) for table, found, paths in rows]
+
+
+def exported(rows):
+    """The bytes of an export of these rows."""
+    return b"".join(row[0] + b"\t" + row[1] + b"\n" for row in rows)
+
+
+def report(rows):
+    """The bytes of a report on these rows."""
+    cells = b"".join(b"<tr><td>" + row[0] + b"</td><td>" + row[1] + b"</td></tr>" for row in rows)
+    return (b"<html><bod><table cellspacing=0 border><tr><th>Table</th><th>Found In</th></tr>"
+            + cells + b"</table></body></html>")
 
 
 def main():

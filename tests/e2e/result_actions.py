@@ -1,4 +1,4 @@
-"""What a user does with the results: where the buttons are, and the files that come of them."""
+"""What a user does with the results: where the buttons are, and what they are given."""
 
 import time
 import urllib.parse
@@ -35,18 +35,6 @@ class Browser:
 
     def _lines(self):
         return self.record.read_text().splitlines() if self.record.exists() else []
-
-
-def exported(rows):
-    """The bytes of an export of these rows."""
-    return b"".join(row[0] + b"\t" + row[1] + b"\n" for row in rows)
-
-
-def report(rows):
-    """The bytes of a report on these rows."""
-    cells = b"".join(b"<tr><td>" + row[0] + b"</td><td>" + row[1] + b"</td></tr>" for row in rows)
-    return (b"<html><bod><table cellspacing=0 border><tr><th>Table</th><th>Found In</th></tr>"
-            + cells + b"</table></body></html>")
 
 
 class Actions:
