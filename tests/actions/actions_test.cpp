@@ -17,14 +17,14 @@ class Actions : public OpenedResults {
         return text;
     }
     std::string exported() {
-        program.platform.expectSave(folder.path("list"));
+        program.platform.saves.push_back(folder.path("list"));
         program.platform.expectBox("Your file has been saved");
         window.butExport.userPressed();
         return folder.read("list");
     }
     // Presses Print, ticks the question's box if asked to, and answers it by a button or its frame.
     void print(bool ticked, const std::string& button) {
-        program.platform.expectModal([=](const Window& shown) {
+        program.platform.modals.emplace_back([=](const Window& shown) {
             auto& question = winConfirm();
             ASSERT_EQ(&question, &shown);
             EXPECT_FALSE(question.CheckBox1.Value);
@@ -113,9 +113,9 @@ TEST_F(Actions, ExportAndReportHoldTheListByteForByte) {
 }
 
 TEST_F(Actions, ExportAndReportEndWhereTheyCannotBeMade) {
-    program.platform.expectSave("");
+    program.platform.saves.push_back("");
     window.butExport.userPressed();
-    program.platform.expectSave(folder.path("missing/list.csv"));
+    program.platform.saves.push_back(folder.path("missing/list.csv"));
     EXPECT_THROW(window.butExport.userPressed(), NilObjectException);
     App().prefs->root->SetBoolean("no warning", true);
     std::filesystem::remove_all(reports);

@@ -76,7 +76,7 @@ TEST_F(Login, TheLoginIsStoredOrWipedBeforeItIsTried) {
         auto& window = start(storedLogin);
         window.chkRemember.userToggled(remember);
         window.fldUserName.userEdited("<root>");
-        program->db->refusesConnect("Access denied");
+        program->db->connectRefusal = "Access denied";
         program->db->meanwhile = [&] {
             for (const auto& [key, stored] : {std::pair("host", "h"),
                                               {"user", "<root>"},
@@ -141,7 +141,7 @@ TEST_F(Login, AFolderIsRememberedAtOnce) {
     for (const auto& [chosen, stored, shown] :
          {std::tuple(std::string(), std::string("None"), "400 connect"),
           {folder.path(), folder.path(), "400 go connect"}}) {
-        program->platform.expectFolder(chosen);
+        program->platform.folders.push_back(chosen);
         window.butSelectFolder.userPressed();
         EXPECT_EQ(state(), shown);
         EXPECT_EQ(window.lblCurrentFolder.Caption.get(), stored);

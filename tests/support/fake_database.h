@@ -29,14 +29,12 @@ class FakeDatabase : public Database {
     void fails(const std::string& statement, const std::string& message) {
         answers_[statement] = {false, {}, {}, message};
     }
-    // Connect fails with this text, until it is told the empty one.
-    void refusesConnect(const std::string& message) { connectRefusal_ = message; }
 
     void DatabaseName(const std::string& name) override { databaseNames.push_back(name); }
     bool Connect() override {
         logins.push_back(UserName + ":" + Password + "@" + Host);
         if (meanwhile) meanwhile();
-        setOutcome(connectRefusal_);
+        setOutcome(connectRefusal);
         return !Error;
     }
     Ref<DatabaseCursor> SQLSelect(const std::string& statement) override {
@@ -46,6 +44,8 @@ class FakeDatabase : public Database {
     }
     void SQLExecute(const std::string& statement) override { run(statement); }
 
+    // Connect fails with this text, if there is one.
+    std::string connectRefusal;
     // What was asked, in order: statements of both kinds; logins as "user:password@host"; names set
     // by DatabaseName.
     std::vector<std::string> statements, logins, databaseNames;
@@ -111,7 +111,6 @@ class FakeDatabase : public Database {
     }
 
     std::map<std::string, Answer> answers_;
-    std::string connectRefusal_;
 };
 
 }  // namespace bracken::test

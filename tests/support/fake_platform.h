@@ -29,9 +29,9 @@ class FakePlatform : public NullPlatform {
         }
         Windows::get().reset();
         for (auto& box : boxes_) ADD_FAILURE() << "never shown: " << box.text;
-        EXPECT_TRUE(folders_.empty()) << "a folder was never asked for";
-        EXPECT_TRUE(saves_.empty()) << "a file to write was never asked for";
-        EXPECT_TRUE(modals_.empty()) << "a modal window was never shown";
+        EXPECT_TRUE(folders.empty()) << "a folder was never asked for";
+        EXPECT_TRUE(saves.empty()) << "a file to write was never asked for";
+        EXPECT_TRUE(modals.empty()) << "a modal window was never shown";
     }
 
     // The next box must show this text; it is answered with `answer`.
@@ -44,13 +44,6 @@ class FakePlatform : public NullPlatform {
     void expectBoxLeftOpen(const std::string& text) {
         boxes_.push_back({text, BoxCode::okPressed, nullptr, true});
     }
-    // The next folder dialog gives this path, "" for cancelled.
-    void expectFolder(const std::string& path) { folders_.push_back(path); }
-    // The next dialog for a file to write gives this path, "" for cancelled.
-    void expectSave(const std::string& path) { saves_.push_back(path); }
-    // What the user does in the next modal window; it must close in the course of that.
-    void expectModal(const std::function<void(const Window&)>& user) { modals_.push_back(user); }
-
     int messageBox(const std::string& text, int code, const std::string& /*title*/) override {
         boxCodes.push_back(code);
         const Box box = next(boxes_, text);
@@ -63,13 +56,13 @@ class FakePlatform : public NullPlatform {
         while (box.leftOpen && !boxClosed_) std::this_thread::yield();
         return box.answer;
     }
-    std::string selectFolder() override { return next(folders_, "folder dialog"); }
+    std::string selectFolder() override { return next(folders, "folder dialog"); }
     std::string saveFile(const SaveQuestion& question) override {
         saveQuestions.push_back(question);
-        return next(saves_, "dialog for a file to write");
+        return next(saves, "dialog for a file to write");
     }
     void runModal(const Window& window) override {
-        const auto user = next(modals_, "modal window");
+        const auto user = next(modals, "modal window");
         if (!user) return;
         const baton::Hold hold;
         user(window);
@@ -89,6 +82,11 @@ class FakePlatform : public NullPlatform {
     void exitLoop(int status) override { exitStatus = status; }
     void modelChanged() override { frames++; }
     void abort(int status) override { abortStatus = status; }
+
+    // Paths that the next dialogs for a folder and for a file to write give, "" for cancelled.
+    std::deque<std::string> folders, saves;
+    // What the user does in the next modal windows; each must close in the course of that.
+    std::deque<std::function<void(const Window&)>> modals;
 
     int beeps = 0;
     int frames = 0;
@@ -127,8 +125,6 @@ class FakePlatform : public NullPlatform {
     }
 
     std::deque<Box> boxes_;
-    std::deque<std::string> folders_, saves_;
-    std::deque<std::function<void(const Window&)>> modals_;
     std::atomic<bool> boxClosed_{false};
 };
 
