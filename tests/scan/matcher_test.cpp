@@ -57,8 +57,9 @@ class Search : public testing::Test {
         return found;
     }
     // How many of the names are found.
-    size_t searchFile(const Strings& names, const std::string& path) {
-        const Matcher matcher(names);
+    size_t searchFile(const Strings& names, const std::string& path,
+                      HitRule rule = HitRule::anywhere) {
+        const Matcher matcher(names, rule);
         Matcher::Hits hits;
         hits.clear(names.size());
         const OpenFolder inside(path.substr(0, path.rfind('/')));
@@ -111,7 +112,8 @@ TEST_F(Search, ANameIsFoundOverTheEdgeOfWhatIsReadAtATime) {
             for (size_t before : {size_t{0}, size_t{1}, length / 2, length - 1, length}) {
                 if (before > edge) continue;
                 const std::string text = std::string(edge - before, '.') + name;
-                ASSERT_EQ(searchFile({name}, folder.write("a", text)), 1U) << edge;
+                for (HitRule rule : {HitRule::anywhere, HitRule::wholeNames})
+                    ASSERT_EQ(searchFile({name}, folder.write("a", text), rule), 1U) << edge;
                 EXPECT_EQ(files_.bytes(), text.size());
             }
         }

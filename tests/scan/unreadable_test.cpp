@@ -135,6 +135,7 @@ class Unreadable : public Results {
 TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
     std::set<std::string> failed, calledByRun;
     for (const auto& [byRun, cold] : {std::pair<std::optional<bool>, bool>(true, false),
+                                      {true, true},
                                       {false, false},
                                       {std::nullopt, true}}) {
         for (const char* call : {"readdir", "openat", "openat2", "read"}) {

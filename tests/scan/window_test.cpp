@@ -1,6 +1,7 @@
 #include <random>
 
 #include "tests/scan/results.h"
+#include "tests/support/outcome.h"
 
 namespace bracken::test {
 namespace {
@@ -33,7 +34,7 @@ class ResultsWindow : public Results {
 };
 
 TEST_F(ResultsWindow, ARunFromStartToEnd) {
-    go({"users", "none"});
+    EXPECT_EQ(yieldsOf([&] { go({"users", "none"}); }), 2) << "one for each row";
     EXPECT_EQ(program.db->databaseNames, Row{"d"});
     EXPECT_EQ(state(), "Stop|Gathering Files...|wheel|searching");
     stepUntil([] { return state() == "Stop|Gathering File #2|wheel|searching"; });
