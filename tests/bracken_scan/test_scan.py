@@ -160,7 +160,7 @@ class Uses(unittest.TestCase):
 
     def test_endings(self):
         """A reader that goes, and Ctrl+C while the answer waits for a reader."""
-        names = b"".join(b"%07d\n" % number for number in range(100_000))
+        names = b"".join(b"%07d\n" % number for number in range(10_000))
         for ending, status in [("close", 141), ("interrupt", 130)]:
             process = subprocess.Popen([PROGRAM, "--tables=-", "--format=tsv", "src"], cwd=self.folder,
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
