@@ -18,7 +18,6 @@ TEST(InStr, IgnoresCase) {
     };
     const Case cases[] = {
         {1, "SELECT * FROM Users", "users", 15},
-        {0, "abc", "A", 1},
         {-7, "abc", "A", 1},
         {2, "abcABc", "ab", 4},
         {4, "abcabc", "ab", 4},
@@ -26,7 +25,6 @@ TEST(InStr, IgnoresCase) {
         {3, "abc", "C", 3},
         {99, "abc", "a", 0},
         {1, "abc", "", 0},
-        {1, "", "a", 0},
         {1, "", "", 0},
         {1, "ab", "abc", 0},
         {1, "aaab", "aab", 2},

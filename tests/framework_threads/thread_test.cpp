@@ -37,15 +37,6 @@ class ThreadTest : public testing::Test {
     test::FakePlatform platform;
 };
 
-TEST_F(ThreadTest, RunLetsTheStatementsAfterItComeFirst) {
-    std::string order;
-    auto thread = body([&] { order += "run"; });
-    thread->Run();
-    order += "caller ";
-    test::runUntil([&] { return !thread->running(); });
-    EXPECT_EQ(order, "caller run");
-}
-
 // Two numbers that a run changes together must never be seen apart, wherever the main thread cuts
 // in, and after Kill they must stand still, also while the killed run unwinds beside a new one.
 TEST_F(ThreadTest, KillFallsAtStoppingPointsOnly) {
@@ -101,25 +92,10 @@ TEST_F(ThreadTest, KilledDuringABlockingCallItTouchesNothingMore) {
     EXPECT_FALSE(touched);
 }
 
-TEST_F(ThreadTest, ARunningThreadKeepsItselfAlive) {
-    bool ended = false;
-    bool stop = false;
-    body([&] {
-        while (!stop) Thread::Yield();
-        ended = true;
-    })->Run();
-    for (int turn = 0; turn < 10; turn++) Thread::Yield();
-    stop = true;
-    test::runUntil([&] { return ended; });
-}
-
 TEST_F(ThreadTest, ABoxOfARunIsAnsweredOnTheMainThreadAndTheRunComesNext) {
     std::string order;
     platform.expectBox("Finished");
-    platform.whileBoxIsOpen = [&] {
-        EXPECT_TRUE(isMainThread());
-        EXPECT_FALSE(baton::held());
-    };
+    platform.whileBoxIsOpen = [] { EXPECT_TRUE(isMainThread() && !baton::held()); };
     auto thread = body([&] {
         MsgBox("Finished");
         order += "answered ";
@@ -127,9 +103,10 @@ TEST_F(ThreadTest, ABoxOfARunIsAnsweredOnTheMainThreadAndTheRunComesNext) {
         order += "beeped ";
     });
     thread->Run();
-    test::runUntil([&] { return !order.empty(); });
+    order = "caller ";
+    test::runUntil([&] { return order != "caller "; });
     order += "next event";
-    EXPECT_EQ(order, "answered beeped next event");
+    EXPECT_EQ(order, "caller answered beeped next event");
     EXPECT_FALSE(thread->running());
     EXPECT_EQ(platform.beeps, 1);
 }
