@@ -60,7 +60,6 @@ TEST_F(Menus, EditItemsFollowTheFocus) {
     EXPECT_TRUE(item("&Copy").isEnabled());
     item("Cu&t").trigger();
     EXPECT_EQ(form.field.Text.get(), "");
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("some text"));
     item("&Paste").trigger();
     EXPECT_EQ(form.field.Text.get(), "some text");
     item("&Undo").trigger();
