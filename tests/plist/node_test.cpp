@@ -50,11 +50,10 @@ TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
 
 TEST_F(Node, ChildrenAreMadeWhenAskedFor) {
     EXPECT_TRUE(root.AddArray("a"));
+    EXPECT_FALSE(root.AddArray("a"));
+    EXPECT_EQ(document.errorMessage, "Array exists: a already exists");
     root.AddChild("A");
     expect("added once", "{a:array[]}", "Child exists: A already exists");
-    root.SetString("a", "x");
-    EXPECT_FALSE(root.AddArray("a"));
-    expect("added once", "{a:string=x}", "Array exists: a already exists");
     EXPECT_EQ(root.child("a")->index(0), nullptr);
     const auto made = root.child("1");
     EXPECT_EQ(made, root.index(1));
