@@ -44,7 +44,7 @@ TEST_F(WindowTest, HidesShowsAndCloses) {
     waitFor([&] { return !viewOf(window)->isVisible(); });
     window.Show();
     waitFor([&] { return viewOf(window)->isVisible(); });
-    auto keep = window.shared_from_this();
+    const auto keep = window.shared_from_this();
     viewOf(window)->close();
     EXPECT_EQ(closes, 1);
     waitFor([&] { return viewOf(*keep) == nullptr; });
@@ -55,20 +55,18 @@ TEST_F(WindowTest, ReturnPressesTheButtonInFocusElseTheEnabledDefaultOne) {
     std::string presses;
     window.go.Action = [&] { presses += "go "; };
     window.button.Action = [&] { presses += "button "; };
-    for (Control* control : window.controls()) {
+    for (const Control* control : window.controls()) {
         QWidget& focus = widget(*control);
         if (focus.focusPolicy() == Qt::NoFocus) continue;
-        presses.clear();
         focus.setFocus();
-        QTest::keyClick(&focus, Qt::Key_Return);
-        QTest::keyClick(&focus, Qt::Key_Enter);
-        QTest::keyClick(&focus, Qt::Key_Escape);
-        EXPECT_EQ(presses, control == &window.button ? "button button " : "go go ")
+        for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+            QTest::keyClick(&focus, key);
+        EXPECT_EQ(std::exchange(presses, ""),
+                  control == &window.button ? "button button " : "go go ")
             << control->name();
     }
     EXPECT_FALSE(window.closed()) << "Escape does nothing";
     window.go.Enabled = false;
-    presses.clear();
     QTest::keyClick(&widget(window.field), Qt::Key_Return);
     EXPECT_EQ(presses, "");
 }

@@ -13,10 +13,7 @@ const std::map<uint32_t, char> letters = {
 class DebugCanvas : public SplitterTest {
   protected:
     void openWithOverlay() {
-        platform.expectBox(
-            "SmartSplitter 'splitter' needs a CanvasSmartSplitterDebugger to be present in the "
-            "window for debug mode to work.");
-        splitter.setDebug(true);
+        open();
         overlay = &stage.add<CanvasSmartSplitterDebugger>("overlay", true, 0, 1);
         overlay->Event_Open();
         EXPECT_FALSE(overlay->TakesMouse);
