@@ -55,6 +55,9 @@ TEST_P(DebugCanvas, MarksSplitterZonesAndControls) {
         {150,
          "90g 92. 100r 102. 190b 192. 213g 218. 398r 400g 402. 408g 410r 412. 450b 452. 548g 550. ",
          "90g 101r 102. 173g 180. 190b 192. 398r 400g 402. 408g 410r 412. 450b 452. 548g 550. "},
+        {200, "90g 92. 100r 102. 190b 192. 318g 324. 354b 452. 548g 550. ",
+         "90g 92. 100r 102. 190b 194? 197b 198? 199b 201. 318g 325. 398r 400g 402. 408g 410r 412. "
+         "441b 446? 447b 449? 450b 452. 548g 550. "},
         {289, "90g 92. 100r 102. 190b 192. 398r 400g 402. 408g 410r 412. 450b 452. 468g 550. ",
          "90g 92. 100r 102. 190b 192. 398r 400g 402. 408g 410r 412. 450b 452. 539g 541? 542g 543? "
          "548g 550. "},
@@ -84,8 +87,10 @@ TEST_P(DebugCanvas, ShowsTheBoxesAreaThroughTheMask) {
     const auto opacity = [&](int x, int y) { return pixel(overlay->paint(), x, y) >> 24; };
     overlay->paint();  // of a new size, so the drawing is cleared
     splitter.setMinLimit(90);
+    splitter.setMaxLimitOffset(50);
     EXPECT_EQ(opacity(2, 2), 0U);
-    EXPECT_EQ(opacity(400, 270), 255U - 0x44) << "a line";
+    for (const int line : {400, splitter.MaxLimit - 50})
+        EXPECT_EQ(opacity(line, 270), 255U - 0x44) << line;
     EXPECT_EQ(vertical() ? opacity(90, 101) : opacity(91, 100), 255U - 0x22) << "a label";
     overlay->Width = 700;
     overlay->paint();

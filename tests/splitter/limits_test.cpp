@@ -61,6 +61,8 @@ TEST_P(Limits, ComeFromTheBoundingControls) {
         << "less the splitter's extent, plus the control's";
     place(min, 250);
     axis().setExtent(max, 100);
+    splitter.setMaxLimitOffset(&max);
+    EXPECT_EQ(splitter.MaxLimitOffset, 510 - 410 + 10) << "from the limit of now";
     press();
     EXPECT_EQ(limits(), (std::pair{240, 510}));
     EXPECT_EQ(Probe::range(splitter), (std::pair{240, 510}));
