@@ -61,26 +61,5 @@ TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
-// In a folder that hands its group to new files, and in one where none can be renamed over.
-TEST_F(Permission, AnothersFileIsWrittenAndStaysItsGroups) {
-    if (!root_) GTEST_SKIP() << "needs a second user";
-    for (const auto& [name, owner, mode] :
-         {std::tuple("setgid", nobody, 02775), {"sticky", uid_t{0}, 01777}}) {
-        SCOPED_TRACE(name);
-        become(0);
-        const std::string path = folder.write(std::string(name) + "/f", "old");
-        setMode(path, 0666);
-        EXPECT_EQ(chown(folder.path(name).c_str(), owner, owner), 0);
-        setMode(folder.path(name), static_cast<mode_t>(mode));
-        become(nobody);
-        EXPECT_TRUE(save(path, "new"));
-        EXPECT_EQ(folder.read(std::string(name) + "/f"), "new");
-        EXPECT_EQ(modeOf(path), 0666U);
-        struct stat status = {};
-        EXPECT_EQ(stat(path.c_str(), &status), 0);
-        EXPECT_EQ(status.st_gid, getegid());
-    }
-}
-
 }  // namespace
 }  // namespace bracken::test

@@ -18,15 +18,12 @@ TEST(InStr, IgnoresCase) {
     };
     const Case cases[] = {
         {1, "SELECT * FROM Users", "users", 15},
-        {0, "abc", "A", 1},
         {-7, "abc", "A", 1},
         {2, "abcABc", "ab", 4},
         {4, "abcabc", "ab", 4},
         {5, "abcabc", "ab", 0},
-        {3, "abc", "C", 3},
         {99, "abc", "a", 0},
         {1, "abc", "", 0},
-        {1, "", "a", 0},
         {1, "", "", 0},
         {1, "ab", "abc", 0},
         {1, "aaab", "aab", 2},
@@ -53,7 +50,6 @@ TEST(Fields, AreSplitAtSeparators) {
     const Case cases[] = {
         {"a.b.c", ".", {"a", "b", "c"}},
         {"", ".", {}},
-        {"abc", ".", {"abc"}},
         {".", ".", {"", ""}},
         {"a..b.", ".", {"a", "", "b", ""}},
         {"1and2AND3", "And", {"1", "2", "3"}},

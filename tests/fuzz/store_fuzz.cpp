@@ -62,12 +62,9 @@ void change(const Ref<plistDict>& root, FuzzedDataProvider& input) {
     const std::string text = texts[input.ConsumeIntegralInRange<size_t>(0, texts.size() - 1)];
     const std::function<void()> operations[] = {
         [&] { at->SetString(key(), text); },
-        [&] { at->SetData(key(), text); },
         [&] { at->SetBoolean(key(), input.ConsumeBool()); },
         [&] { at->SetReal(key(), input.ConsumeFloatingPoint<double>()); },
-        [&] { at->GetInteger(key()); },
         [&] { at->GetDate(key()); },
-        [&] { at->GetColor(key()); },
         [&] { at->child(key()); },
         [&] { at->AddArray(key()); },
         [&] { at->AppendString(text); },

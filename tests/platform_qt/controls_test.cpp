@@ -1,3 +1,4 @@
+#include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
@@ -28,24 +29,20 @@ TEST_F(Controls, PlaceAndVisibilityFollowTheModel) {
     waitFor([&] { return !button.isVisible(); });
     form.Height = 340;
     waitFor([&] { return button.isVisible(); });
-    form.button.place(33, 44, -5, -6);
-    waitFor([&] { return button.size() == QSize(0, 0); });
 }
 
 TEST_F(Controls, AssistiveProgramsGetRolesNamesAndLabels) {
     form.button.toolTip = std::string("a & <b>");
-    showFrame(form);
-    form.Title = std::string("Form");
-    waitFor([&] { return viewOf(form)->windowTitle() == QStringLiteral("Form"); });
+    form.Title = std::string("A form");
+    waitFor([&] { return viewOf(form)->windowTitle() == QStringLiteral("A form"); });
     struct Case {
         QWidget& widget;
         QAccessible::Role role;
         const char *name, *label, *description;
     };
-    for (const Case& c : {Case{*viewOf(form), QAccessible::Window, "Form", "", ""},
+    for (const Case& c : {Case{*viewOf(form), QAccessible::Window, "A form", "", ""},
                           {widget(form.field), QAccessible::EditableText, "Host", "Host", ""},
-                          {widget(form.password), QAccessible::EditableText, "Form", "", ""},
-                          {widget(form.list), QAccessible::Table, "Form", "", ""},
+                          {widget(form.list), QAccessible::Table, "A form", "", ""},
                           {widget(form.popup), QAccessible::ComboBox, "Choice", "Choice", ""},
                           {widget(form.button), QAccessible::Button, "", "", "a & <b>"},
                           {widget(form.bar), QAccessible::ProgressBar, "Progress", "", ""},
@@ -54,9 +51,10 @@ TEST_F(Controls, AssistiveProgramsGetRolesNamesAndLabels) {
         std::string label;
         for (auto& [other, is] : seen.relations(QAccessible::Label))
             label += other->text(QAccessible::Name).toStdString();
-        EXPECT_EQ(seen.role(), c.role) << c.widget.objectName().toStdString();
+        SCOPED_TRACE(c.widget.objectName().toStdString());
+        EXPECT_EQ(seen.role(), c.role);
         EXPECT_EQ(seen.text(QAccessible::Name).toStdString(), c.name);
-        EXPECT_EQ(label, c.label) << c.widget.objectName().toStdString();
+        EXPECT_EQ(label, c.label);
         EXPECT_EQ(seen.text(QAccessible::Description).toStdString(), c.description);
     }
 }
@@ -71,66 +69,26 @@ TEST_F(Controls, CaptionsAreLiteralAndFit) {
     EXPECT_EQ(widget<QLabel>(form.label).text(), QStringLiteral("k\u00e4se & <b>"));
     EXPECT_EQ(widget<QCheckBox>(form.box).text(), QStringLiteral("This && th\u00e4t"));
     EXPECT_TRUE(widget<QCheckBox>(form.box).isChecked());
-    int full = button.fontMetrics().horizontalAdvance(button.text());
+    const int full = button.fontMetrics().horizontalAdvance(button.text());
     form.button.Width = full;
     waitFor([&] { return button.width() == full; });
     EXPECT_LE(button.fontMetrics().horizontalAdvance(button.text()), full - 8);
-    EXPECT_LE(button.fontMetrics().height(), 20);
 }
-
-TEST_F(Controls, FramesAreVisibleOnLightOnDarkAndOnBlack) {
-    QWidget& box = widget(form.box);
-    struct Case {
-        QWidget& widget;
-        int window, base;
-    };
-    for (auto [framed, window, base] : {Case{box, 53, 42},
-                                        {box, 239, 255},
-                                        {box, 0, 0},
-                                        {widget(form.field), 0, 0},
-                                        {widget(form.list), 0, 0},
-                                        {widget(form.popup), 0, 0},
-                                        {widget(form.go), 0, 0}}) {
-        const QColor ground(window, window, window);
-        QPalette palette(ground);
-        palette.setColor(QPalette::Base, QColor(base, base, base));
-        framed.setPalette(palette);
-        QImage image = framed.grab({0, 0, 14, framed.height()}).toImage();
-        double best = 1;
-        for (int y = 0; y < image.height(); y++)
-            best = std::max(best, contrast(image.pixelColor(image.width() / 2, y), ground));
-        EXPECT_GT(best, 3) << framed.objectName().toStdString() << window;
-    }
-}
-
-class Labelled : public Window {
-  public:
-    StaticText path{*this, "path"};
-
-  protected:
-    void Layout() override { Width = Height = 300; }
-    void CreateControls() override {
-        path.place(10, 10, 280, 49);
-        path.MultiLine = path.showsEnd = true;
-    }
-};
 
 TEST_F(Controls, APathThatIsTooLongShowsItsEndAndAllOfItInATip) {
-    auto& window = open<Labelled>();
-    auto& label = widget(window.path);
-    std::string middle;
-    for (int folder = 0; folder < 40; folder++) middle += "/folder" + std::to_string(folder);
-    auto picture = [&](const std::string& start, const std::string& end) {
-        window.path.Caption = start + middle + end;
-        showFrame(window);
+    auto& label = widget(form.note);
+    form.note.showsEnd = true;
+    const auto picture = [&](const std::string& start, const std::string& end) {
+        form.note.Caption = start + "/a_folder_of_a_long_name_that_is_too_wide_for_it" + end;
+        showFrame(form);
         return label.grab().toImage();
     };
-    QImage whole = picture("/home", "/www");
+    const QImage whole = picture("/home", "/www");
     EXPECT_EQ(picture("/root", "/www"), whole);
     EXPECT_NE(picture("/root", "/web"), whole);
-    EXPECT_EQ(tipAt(label, {5, 5}).join(QString()).toStdString(), window.path.Caption.get());
-    window.path.Caption = std::string("/short");
-    showFrame(window);
+    EXPECT_EQ(tipAt(label, {5, 5}).join(QString()).toStdString(), form.note.Caption.get());
+    form.note.Caption = std::string("/short");
+    showFrame(form);
     tipAt(label, {5, 5});
     EXPECT_EQ(label.toolTip(), QString());
 }
@@ -179,10 +137,13 @@ TEST_F(Controls, ABarShowsShareUnknownLengthAndEmptiness) {
     }
 }
 
-TEST_F(Controls, AWheelTurnsWhileItIsVisible) {
+TEST_F(Controls, AWheelTurnsOnlyWhileItIsVisible) {
     auto& wheel = widget(form.wheel);
-    QImage start = wheel.grab().toImage();
+    const QImage start = wheel.grab().toImage();
     waitFor([&] { return wheel.grab().toImage() != start; });
+    form.wheel.Visible = false;
+    waitFor([&] { return wheel.isHidden(); });
+    EXPECT_TRUE(QAbstractEventDispatcher::instance()->registeredTimers(&wheel).isEmpty());
 }
 
 }  // namespace bracken::test

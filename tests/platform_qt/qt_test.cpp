@@ -3,7 +3,6 @@
 #include <QHelpEvent>
 #include <QTextDocument>
 #include <QToolTip>
-#include <cmath>
 #include <cstdlib>
 #include <memory>
 
@@ -91,17 +90,6 @@ QStringList QtTest::tipAt(QWidget& widget, const QPoint& at) {
     QTextDocument tip;
     tip.setHtml(QToolTip::text());
     return tip.toPlainText().split(u'\n');
-}
-
-double QtTest::contrast(const QColor& one, const QColor& other) {
-    auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    auto light = [&](const QColor& color) {
-        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-               0.0722 * linear(color.blueF()) + 0.05;
-    };
-    return std::max(light(one), light(other)) / std::min(light(one), light(other));
 }
 
 QWidget* QtTest::viewOf(const WindowContent& window) {

@@ -43,8 +43,6 @@ class QtTest : public testing::Test {
 
     // Rests the mouse on a point of the widget; the lines of the tip that comes up.
     static QStringList tipAt(QWidget& widget, const QPoint& at);
-    // Of two colours: 1 for the same, from 4.5 on text is easy to read.
-    static double contrast(const QColor& one, const QColor& other);
 
     Application application;
 };

@@ -32,8 +32,7 @@ TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
     root.SetInteger("a", 1.5);
     root.SetString("A", "x");
     expect("spelling", "{a:integer=2}", "Type Mismatch: A is a integer");
-    root.SetReal("a", 1);
-    root.SetReal("a", 2);
+    for (int i = 1; i < 3; ++i) root.SetReal("a", i);
     expect("a real is set once by SetReal", "{a:real=1}", "Type Mismatch: a is a real");
     root.SetColor("a", RGB(0, 0, 255));
     EXPECT_EQ(root.GetColor("a"), RGB(0, 255, 255));
@@ -42,12 +41,8 @@ TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
     expect("no date", "{a:string=a}", "Could not create date object from a(a)");
     EXPECT_THROW(root.SetDate("a", nullptr), NilObjectException);
     root.SetString("a", "x");
-    root.SetDate("a", nullptr);
-    expect("a nil date", "{a:string=x}", "Type Mismatch: a is a string");
-    root.SetString("a", "x");
     EXPECT_EQ(root.CheckType("a", "STRING") * 10 + root.CheckType("b", "string"), 12);
     EXPECT_TRUE(root.TypeOK("a"));
-    EXPECT_THROW(root.GetType("b"), KeyNotFoundException);
     EXPECT_THROW(root.TypeOK("b"), KeyNotFoundException);
     EXPECT_FALSE(root.TypeOK(root.child("c")->name));
     expect("a container's type", "{a:string=x c:dict{}}", "Illegal Type: c is a dict");
@@ -55,11 +50,10 @@ TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
 
 TEST_F(Node, ChildrenAreMadeWhenAskedFor) {
     EXPECT_TRUE(root.AddArray("a"));
+    EXPECT_FALSE(root.AddArray("a"));
+    EXPECT_EQ(document.errorMessage, "Array exists: a already exists");
     root.AddChild("A");
     expect("added once", "{a:array[]}", "Child exists: A already exists");
-    root.SetString("a", "x");
-    EXPECT_FALSE(root.AddArray("a"));
-    expect("added once", "{a:string=x}", "Array exists: a already exists");
     EXPECT_EQ(root.child("a")->index(0), nullptr);
     const auto made = root.child("1");
     EXPECT_EQ(made, root.index(1));
@@ -67,18 +61,8 @@ TEST_F(Node, ChildrenAreMadeWhenAskedFor) {
     root.SetString("a", "x");
     EXPECT_THROW(root.child("a"), StackOverflowException);
     expect("a scalar is no child", "{a:string=x}", "Child exists: a already exists");
-    root.isArray = true;
-    root.AppendDict();
-    root.AddArray("-1");
-    for (int i = 0; i < 3; ++i) EXPECT_THROW(root.Remove(-1), KeyNotFoundException);
-    EXPECT_THROW(root.child("b"), StackOverflowException);
-    expect("with element 0 removed, the next child takes its place and is not found",
-           "[0:dict! -1:dict! b:dict!]", "Child exists: b already exists");
     EXPECT_EQ(root.child("a")->child("b")->AbsolutePath(), ":root:a:b");
     EXPECT_THROW(root.AbsolutePath(), NilObjectException);
-    root.name = "top";
-    EXPECT_THROW(root.child("a")->AbsolutePath(), NilObjectException);
-    EXPECT_EQ(root.child("a")->path, ":top:a");
     expect("a path starts at the root", "{a:dict{b:dict{}}}");
 }
 
@@ -94,13 +78,13 @@ TEST_F(Node, RemovingMovesElementsDown) {
     EXPECT_EQ(picture(root), "{a:array[1:string=r 0:string=q]}");
     EXPECT_THROW(root.child("a")->Remove("1"), KeyNotFoundException);
     expect("the last element goes twice", "{a:array[0:string=q]}");
-    for (int outside : {-1, 1}) {
+    for (const int outside : {-1, 1}) {
         EXPECT_THROW(array("a", {"p"}).Remove(outside), KeyNotFoundException);
         expect("outside", "{a:array[0:string=p]}", "Subscript out of range");
     }
     root.SetString("5", "x");
-    root.Move("5", root.child("to"));
-    expect("a number is no key to remove by in a dictionary", "{5:string=x to:dict{5:string=x}}",
+    root.Remove("5");
+    expect("a number is no key to remove by in a dictionary", "{5:string=x}",
            "root is not an array");
     array("a", {"p"}).AppendDict();
     root.child("a")->Remove(0);
@@ -113,11 +97,6 @@ TEST_F(Node, RemovingMovesElementsDown) {
     root.AppendDict();
     EXPECT_THROW(root.Remove(1), IndexOutOfRangeException);
     expect("a container goes with the child at its position", "[0:string=p 1:dict{}]");
-    array("a", {"p", "q", "r", "s", "t"}).types.Remove("1");
-    root.child("a")->values.Remove("3");
-    root.child("a")->Remove(0);
-    expect("an element with no value gets that of the one before, and gaps stay",
-           "{a:array[2:string=r 4:string=t 1:string=r]}");
 }
 
 TEST_F(Node, MovingCopiesAndRemoves) {
@@ -146,13 +125,9 @@ TEST_F(Node, MovingCopiesAndRemoves) {
     array("a", {"p"});
     EXPECT_THROW(root.Copy("a", self()), StackOverflowException);
     expect("an array onto itself", "{a:array[0:string=p]}", "Child exists: a already exists");
-    array("a", {}).SetDouble("0", 1);
-    root.child("a")->AppendDouble(2);
-    root.Copy("a", self());
-    expect("reals onto themselves", "{a:array[0:real=1 1:double=2 2:double=1]}");
     array("a", {"p"}).SetString("3", "q");
     root.Copy("a", self());
-    expect("an array with a gap", "{a:array[0:string=p 3:string=p 2:string=p]}");
+    expect("an array with a gap onto itself", "{a:array[0:string=p 3:string=p 2:string=p]}");
 }
 
 TEST_F(Node, ListsAreArraysOfStrings) {
@@ -161,13 +136,11 @@ TEST_F(Node, ListsAreArraysOfStrings) {
     root.SetList("a", list, 1, 9);
     root.SetList("b", list, 9, 9);
     root.SetList("c", list, 2, 1);
-    root.SetList("d", {}, 0, 0);
-    EXPECT_FALSE(root.searched.Value("d"));
-    EXPECT_THROW(root.SetList("e", list, -1, 0), IndexOutOfRangeException);
+    EXPECT_THROW(root.SetList("d", list, -1, 0), IndexOutOfRangeException);
     for (const char* text : {"x", "y"}) root.SetList("5", {text}, 0, 0);
     expect("bounds, and a key that is a number",
            "{a:array[0:string=q 1:string=r] b:array[0:string=p 1:string=q 2:string=r] c:array[] "
-           "d:array[] e:array[] 5:array[0:string=x]}",
+           "d:array[] 5:array[0:string=x]}",
            "Array exists: 5 already exists");
     array("a", {"p", "q"});
     root.GetList("a", list, 0);
@@ -176,10 +149,8 @@ TEST_F(Node, ListsAreArraysOfStrings) {
     EXPECT_EQ(list, Texts({"", "p", "q"}));
     root.GetList("b", list, 0);
     EXPECT_EQ(list, Texts());
-    expect("base 0 or not", "{a:array[0:string=p 1:string=q] b:dict{}}");
 }
 
-// However a child is made, it knows its place, and whether it was marked.
 TEST_F(Node, ChildrenKnowTheirPlace) {
     read("<key>read</key><dict/>\n<key>list</key><array>\n<array/>\n</array>");
     const auto list = root.child("list");
@@ -187,52 +158,26 @@ TEST_F(Node, ChildrenKnowTheirPlace) {
     list->AppendDict();
     list->AppendArray();
     root.AddArray("array");
-    root.AddChild("dict");
     std::string seen;
-    for (const plistDict* at : {&root, &*list}) {
+    for (const plistDict* at : {&root, &*list})
         for (int i = 1; i <= at->children.upperBound(); ++i) {
             const plistDict& node = *at->children.node(i);
-            seen += at->childrenNames[i] + ":" + node.name + (node.isArray ? "[] " : "{} ") +
-                    (at->searched.HasKey(node.name) ? "marked " : "");
+            seen += at->childrenNames[i] + ":" + node.name + (node.isArray ? "[] " : "{} ");
             EXPECT_EQ(node.parent.lock().get(), at) << node.name;
             EXPECT_EQ(node.rootClass, &document) << node.name;
         }
-    }
-    EXPECT_EQ(seen,
-              "read:read{} list:list[] array:array[] marked dict:dict{} marked "
-              "0:0[] 1:{} 2:2[] ");
+    EXPECT_EQ(seen, "read:read{} list:list[] array:array[] 0:0[] 1:{} 2:2[] ");
 }
 
 TEST_F(Node, TheCursorGoesRound) {
     plistDict& list = array("l", {"p", "q", "r"});
     std::string keys;
     for (list.MoveFirst(); !list.eof; list.MoveNext()) keys += list.CurrentKey();
-    EXPECT_EQ(keys + list.CurrentKey(), "0120");
     list.MoveLast();
-    EXPECT_EQ(list.CurrentKey(), "2");
-    EXPECT_TRUE(list.eof) << "only MoveFirst clears it";
-    list.MoveFirst();
+    EXPECT_EQ(keys + list.CurrentKey(), "0122");
     list.types.Clear();
-    EXPECT_FALSE(list.eof);
     EXPECT_EQ(list.CurrentKey(), "");
     EXPECT_TRUE(list.eof);
-}
-
-TEST_F(Node, TakesTextsThatItHoldsItself) {
-    root.SetString("x", "x");
-    root.SetString(root.values.Value("x"), "a key much longer than a string keeps in itself");
-    root.SetString(root.values.Value("x"), "y");
-    plistDict& list = array("l", {"p"});
-    list.AppendDict();
-    list.Remove(0);
-    list.AddChild(list.childrenNames[1]);
-    root.GetDate("x");
-    root.Rename("x", document.errorMessage);
-    EXPECT_EQ(
-        picture(root),
-        "{a key much longer than a string keeps in itself:string=y l:array[0:dict! 1:dict{}{}] "
-        "Could not create date object from x(a key much longer than a string keeps in "
-        "itself):string='a key much longer than a string keeps in itself'}");
 }
 
 TEST_F(Node, KeepsWhatSomebodyHolds) {

@@ -17,11 +17,14 @@ namespace bracken {
 class SmartSplitterProbe {
   public:
     static auto& attached(SmartSplitter& s) { return s.attached; }
-    // The names of the attached controls, each with a blank after it.
+    // Each with a blank after it.
     static std::string names(SmartSplitter& s) {
         std::string all;
         for (auto& entry : s.attached) all += entry.control->name() + " ";
         return all;
+    }
+    static std::string bounds(SmartSplitter& s) {
+        return s.minAttachedControl->name() + " " + s.maxAttachedControl->name();
     }
     // The side of an attached control and what becomes of it in a move.
     static std::string role(SmartSplitter& s, const RectControl& control) {
@@ -30,26 +33,19 @@ class SmartSplitterProbe {
                (entry.shouldResize ? " resize" : "") + (entry.shouldCenter ? " center" : "") +
                (entry.normallyVisible ? "" : " hidden");
     }
-    static bool vertical(SmartSplitter& s) { return s.isVertical; }
-    static RectControl* minControl(SmartSplitter& s) { return s.minAttachedControl; }
-    static RectControl* maxControl(SmartSplitter& s) { return s.maxAttachedControl; }
-    static int proportionMin(SmartSplitter& s) { return s.proportionMin; }
-    static int proportionMax(SmartSplitter& s) { return s.proportionMax; }
+    // What a proportion refers to.
+    static auto range(SmartSplitter& s) { return std::pair(s.proportionMin, s.proportionMax); }
     static bool snapped(SmartSplitter& s) { return s.atMinLimit || s.atMaxLimit; }
-    static int minSize(SmartSplitter& s, const RectControl& c) {
-        return s.suggestMinSizeControlShouldBeVisible(c);
-    }
-    static int offset(SmartSplitter& s, const RectControl& c) {
-        return s.suggestOffsetSizeForControl(c);
-    }
-    static bool resizes(SmartSplitter& s, const RectControl& c) {
-        return s.suggestWhetherControlShouldResize(c);
+    // What it suggests for a control: the extent below which that is hidden, the offset, the rest.
+    static std::string suggested(SmartSplitter& s, const RectControl& c) {
+        return std::to_string(s.suggestMinSizeControlShouldBeVisible(c)) + " " +
+               std::to_string(s.suggestOffsetSizeForControl(c)) +
+               (s.suggestWhetherControlShouldResize(c) ? " resizes" : "");
     }
     static bool holdsOthers(const RectControl& c) {
         return SmartSplitter::controlCommonlyHasEmbeddedControls(c);
     }
-    static bool& debug(SmartSplitter& s) { return s.Debug; }
-    static Ref<Picture>& picture(CanvasSmartSplitterDebugger& canvas) { return canvas.p; }
+    static const Pixels& drawing(CanvasSmartSplitterDebugger& canvas) { return canvas.p->pixels(); }
 };
 
 }  // namespace bracken
@@ -58,8 +54,7 @@ namespace bracken::test {
 
 using Probe = SmartSplitterProbe;
 
-// A window of 800 by 600 whose controls are added one by one; its splitters behave when its size
-// changes.
+// A window whose controls are added one by one; its splitters behave when its size changes.
 class Stage : public Window {
   public:
     // Adds a control that spans pixels 100 to 300 across the axis of its splitters.
@@ -98,6 +93,7 @@ class SplitterTest : public testing::TestWithParam<bool> {
         return stage.add<T>(name, vertical(), position, extent);
     }
     void open() { splitter.Event_Open(); }
+    std::pair<int, int> limits() const { return {splitter.MinLimit, splitter.MaxLimit}; }
     // The limits and the widths of the zones inside them.
     void setLimits(int minLimit, int minOffset, int maxLimit, int maxOffset) {
         splitter.setMinLimit(minLimit);
@@ -106,9 +102,7 @@ class SplitterTest : public testing::TestWithParam<bool> {
         splitter.setMaxLimitOffset(maxOffset);
     }
     int at(const RectControl& control) const { return static_cast<int>(axis().position(control)); }
-    int extent(const RectControl& control) const {
-        return static_cast<int>(axis().extent(control));
-    }
+    int extent(const RectControl& c) const { return static_cast<int>(axis().extent(c)); }
     void place(RectControl& control, int position) { axis().setPosition(control, position); }
     int windowSize() const { return static_cast<int>(axis().size(stage)); }
     void resizeWindow(int size) {
