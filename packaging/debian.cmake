@@ -8,8 +8,10 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 file below a folder of sources, and shows beside each table which files
 name it. A table that no file names is a candidate for removal.
 .
-Tables and the files that name them can be looked at, reported, exported
-and dropped from the list.")
+A table's rows and the files that name it can be looked at, the list can
+be reported and exported, and a table can be dropped from the database.
+.
+bracken-scan makes the same search on a command line.")
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The owner of Bracken Lens <owner@bracken-lens.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SECTION database)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
