@@ -66,9 +66,10 @@ TEST_F(Run, AChangedExtensionListHoldsFromTheNextFolderEntered) {
     // The windows get a turn after each file, also after one that isn't searched.
     setExtensions("none");
     go({"users"});
+    int32_t& file = winResults().LongProcessThread1->filesProcessed;
+    file = 0;
     std::set<int> seen;
-    stepUntil(
-        [&] { return *seen.insert(winResults().LongProcessThread1->filesProcessed).first == 6; });
+    stepUntil([&] { return *seen.insert(file).first == 6; });
     EXPECT_EQ(seen.size(), 7U);
     finish("Finished");
 }
