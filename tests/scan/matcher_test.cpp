@@ -112,8 +112,12 @@ TEST_F(Search, ANameIsFoundOverTheEdgeOfWhatIsReadAtATime) {
             for (size_t before : {size_t{0}, size_t{1}, length / 2, length - 1, length}) {
                 if (before > edge) continue;
                 const std::string text = std::string(edge - before, '.') + name;
-                for (HitRule rule : {HitRule::anywhere, HitRule::wholeNames})
-                    ASSERT_EQ(searchFile({name}, folder.write("a", text), rule), 1U) << edge;
+                for (HitRule rule : {HitRule::anywhere, HitRule::wholeNames}) {
+                    for (const char* after : {".", ""}) {
+                        const std::string path = folder.write("a", text + after);
+                        ASSERT_EQ(searchFile({name}, path, rule), 1U) << edge << ' ' << before;
+                    }
+                }
                 EXPECT_EQ(files_.bytes(), text.size());
             }
         }

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include <ctime>
+#include <set>
 
 #include "tests/scan/results.h"
 
@@ -61,6 +62,16 @@ TEST_F(Run, AChangedExtensionListHoldsFromTheNextFolderEntered) {
     setExtensions("");
     finish("Finished");
     EXPECT_EQ(column(1), "1.php,4.js,6.php,7.js,|");
+
+    // The windows get a turn after each file, also after one that isn't searched.
+    setExtensions("none");
+    go({"users"});
+    int32_t& file = winResults().LongProcessThread1->filesProcessed;
+    file = 0;
+    std::set<int> seen;
+    stepUntil([&] { return *seen.insert(file).first == 6; });
+    EXPECT_EQ(seen.size(), 7U);
+    finish("Finished");
 }
 
 // The plain loop asks for the number of rows, and for the row, anew after each stopping point.
