@@ -60,10 +60,12 @@ TEST_F(Controls, ListsKeepRowsAndSelection) {
     popup.ListIndex = 1;
     root.SetListbox(&list);
     root.GetPopup(&popup, false);
-    popup.ListIndex = 0;
-    root.GetPopup(&popup, true);
-    EXPECT_EQ(popup.ListCount(), 6) << "rows are added to those that it has";
-    EXPECT_EQ(popup.ListIndex, 1);
+    for (const bool setDefault : {false, true}) {
+        popup.ListIndex = 0;
+        root.GetPopup(&popup, setDefault);
+        EXPECT_EQ(popup.ListIndex, setDefault ? 1 : 0);
+    }
+    EXPECT_EQ(popup.ListCount(), 8) << "rows are added to those that it has";
     list.DeleteAllRows();
     root.GetListbox(&list, false);
     EXPECT_EQ(list.List(0) + std::string(list.Cell(0, 1)) + list.List(1), "acb");
@@ -80,6 +82,7 @@ TEST_F(Controls, ListsKeepRowsAndSelection) {
     list.ListIndex = 1;
     root.GetListbox(&list, true);
     EXPECT_EQ(list.ListIndex, 2) << "the last row of that text";
+    EXPECT_EQ(list.ListCount(), 6);
 }
 
 TEST_F(Controls, WindowsComeBackAsTheyWere) {
