@@ -4,7 +4,6 @@
 
 #include "framework/controls/buttons.h"
 #include "framework/controls/control.h"
-#include "framework/controls/panels.h"
 #include "framework/controls/plain_controls.h"
 #include "framework/windows/windows.h"
 #include "tests/support/fake_platform.h"
@@ -17,7 +16,6 @@ class Probe : public Window {
     RectControl box{*this, "box"};
     RectControl outer{*this, "outer"};
     RectControl inner{*this, "inner"};
-    RectControl innermost{*this, "innermost"};
     StaticText label{*this, "label"};
     PushButton first{*this, "first"};
     std::string events;
@@ -28,11 +26,7 @@ class Probe : public Window {
         box.place(10, 10, 30, 30);
         outer.place(10, 10, 50, 50);
         inner.place(20, 20, 20, 20);
-        innermost.place(25, 25, 5, 5);
-        innermost.Parent = &inner;
         inner.Parent = &outer;
-        outer.Left = 10;
-        Width = 100;
     }
     void Event_Open() override { events += "open "; }
     void Event_Close() override { events += "close "; }
@@ -51,16 +45,15 @@ class WindowTest : public testing::Test {
 };
 
 TEST_F(WindowTest, LocksHoldControlsToTheWindowsEdges) {
-    // How a control at 10, 30 pixels long, lies in a window of 100 that becomes 150, then -20.
+    // How a control at 10, 30 pixels long, lies in a window of 100 that becomes 150.
     struct Case {
         bool left, right, top, bottom;
-        const char *grown, *negative;
+        const char* grown;
     };
-    const Case cases[] = {{false, false, true, false, "10,10 30x30", "10,10 30x30"},
-                          {true, false, false, true, "10,60 30x30", "10,-110 30x30"},
-                          {false, true, true, true, "60,10 30x80", "-110,10 30x-90"},
-                          {true, true, false, false, "10,10 80x30", "10,10 -90x30"}};
-    for (const Case& c : cases) {
+    for (const Case& c : {Case{false, false, true, false, "10,10 30x30"},
+                          {true, false, false, true, "10,60 30x30"},
+                          {false, true, true, true, "60,10 30x80"},
+                          {true, true, false, false, "10,10 80x30"}}) {
         Probe& window = open();
         window.box.LockLeft = c.left;
         window.box.LockRight = c.right;
@@ -68,58 +61,27 @@ TEST_F(WindowTest, LocksHoldControlsToTheWindowsEdges) {
         window.box.LockBottom = c.bottom;
         window.userResized(150, 150);
         EXPECT_EQ(place(window.box), c.grown);
-        window.Width = window.Height = -20;
-        EXPECT_EQ(place(window.box), c.negative);
         window.Close();
     }
 }
 
 TEST_F(WindowTest, ResizedComesAfterTheLayoutOnceForEachChange) {
     Probe& window = open();
-    EXPECT_EQ(window.events, "open ");
     window.box.LockLeft = window.box.LockRight = true;
     window.userResized(120, 100);
-    window.Height = 100;
     window.Height = 90;
-    window.userResized(130, 110);
-    window.userResized(130, 110);
+    for (int times = 0; times < 2; times++) window.userResized(130, 110);
     EXPECT_EQ(window.events, "open resized:50 resized:50 resized:60 ");
 }
 
 TEST_F(WindowTest, AContainerMovesWhatItContains) {
     Probe& window = open();
-    EXPECT_EQ(place(window.inner), "20,20 20x20");
     window.outer.place(15, 3, 90, 90);
     EXPECT_EQ(place(window.inner), "25,13 20x20");
-    EXPECT_EQ(place(window.innermost), "30,18 5x5");
-    window.inner.Parent = nullptr;
-    window.outer.Left = 10;
-    EXPECT_EQ(place(window.inner), "25,13 20x20");
-    window.inner.Parent = &window.outer;
     window.outer.LockRight = window.inner.LockLeft = true;
     window.Width = 150;
-    EXPECT_EQ(window.outer.Left, 60);
+    EXPECT_EQ(window.outer.Left, 65);
     EXPECT_EQ(place(window.inner), "25,13 20x20") << "its locks are to the window's edges, too";
-}
-
-TEST_F(WindowTest, AContainerShowsOnlyThePageInFront) {
-    const auto kept = std::make_shared<Probe>();
-    Probe& window = *kept;
-    TabPanel tabs(window, "tabs");
-    PagePanel pages(window, "pages");
-    pages.Parent = &tabs;
-    window.box.Parent = &tabs;
-    window.first.Parent = &pages;
-    pages.TabPanelIndex = 1;
-    window.first.TabPanelIndex = 3;
-    EXPECT_TRUE(window.box.showing() && !pages.showing());
-    tabs.Value = 1;
-    EXPECT_TRUE(!window.box.showing() && pages.showing() && !window.first.showing());
-    static_cast<void>(window.first.takeDirty());
-    pages.Value = 3;
-    EXPECT_TRUE(window.first.takeDirty() && window.first.showing());
-    pages.Visible = false;
-    EXPECT_FALSE(window.first.showing()) << "a container that is hidden hides what it holds";
 }
 
 TEST_F(WindowTest, AWindowLivesUntilTheHandlerThatClosesItHasEnded) {
@@ -128,14 +90,11 @@ TEST_F(WindowTest, AWindowLivesUntilTheHandlerThatClosesItHasEnded) {
     window.first.Action = [&] {
         window.Close();
         window.Close();
-        EXPECT_TRUE(window.closed());
         EXPECT_EQ(window.events, "open close ");
-        window.Show();
         window.first.userPressed();
     };
     window.first.userPressed();
     EXPECT_TRUE(alive.expired());
-    EXPECT_TRUE(Windows::get().all().empty());
 }
 
 TEST_F(WindowTest, OneInstanceAndAnOrderFromFrontToBack) {
@@ -148,8 +107,6 @@ TEST_F(WindowTest, OneInstanceAndAnOrderFromFrontToBack) {
     EXPECT_EQ(Windows::get().front(), &probe);
     probe.Visible = false;
     EXPECT_EQ(Windows::get().front(), &other);
-    probe.Close();
-    EXPECT_EQ(open().events, "open ");
     Windows::get().closeAll();
     EXPECT_THROW(open(), UnwindSignal);
 }
@@ -159,10 +116,7 @@ TEST_F(WindowTest, ManyChangesAskForOneFrame) {
     beginFrame();
     window.label.takeDirty();
     const int before = platform.frames;
-    for (int i = 0; i < 100; i++) {
-        window.label.Caption = std::to_string(i);
-        window.box.Left = i;
-    }
+    for (int i = 0; i < 100; i++) window.label.Caption = std::to_string(i);
     EXPECT_EQ(platform.frames, before + 1);
     EXPECT_TRUE(window.label.takeDirty());
     beginFrame();

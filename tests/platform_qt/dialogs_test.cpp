@@ -6,8 +6,6 @@
 #include <thread>
 
 #include "framework/dialogs/dialogs.h"
-#include "framework/platform/platform.h"
-#include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/event.h"
 #include "platform/qt/qt_application.h"
@@ -16,33 +14,10 @@
 
 namespace bracken::test {
 
-class Behind : public Window {};
-
-class Asking : public Thread {
-  public:
-    bool asking = false;
-    int answer = 0;
-
-  protected:
-    void Event_Run() override {
-        asking = true;
-        answer = MsgBox("From the run?", BoxCode::yesNoQuestion);
-    }
-};
-
 using Act = std::function<void(QMessageBox&)>;
 
 Act key(Qt::Key key) {
     return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
-}
-
-void pressYes(QMessageBox& box) {
-    box.button(QMessageBox::Yes)->click();
-}
-
-QMessageBox* openBox() {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    return box != nullptr && box->isVisible() ? box : nullptr;
 }
 
 class Dialogs : public QtTest {
@@ -51,8 +26,8 @@ class Dialogs : public QtTest {
     void onBox(const Act& act) {
         look_.disconnect();
         QObject::connect(&look_, &QTimer::timeout, [this, act] {
-            QMessageBox* box = openBox();
-            if (box == nullptr) return;
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box == nullptr || !box->isVisible()) return;
             look_.stop();
             act(*box);
         });
@@ -60,64 +35,8 @@ class Dialogs : public QtTest {
     }
     int ask(const std::string& text, int code, const Act& act) {
         onBox(act);
-        return MsgBox(text, code, "A title that is longer than most texts");
+        return MsgBox(text, code);
     }
-    void press() { QTest::mouseClick(&widget(form.button), Qt::LeftButton); }
-
-    Form& form = open<Form>();
-
-  private:
-    QTimer look_;
-};
-
-TEST_F(Dialogs, KeysAndButtonsAnswerABox) {
-    EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, pressYes), BoxCode::yesPressed);
-    for (auto [code, icon] : {std::pair(BoxCode::ok, QMessageBox::Information),
-                              {BoxCode::error, QMessageBox::Critical},
-                              {BoxCode::yesNoQuestion, QMessageBox::Question}}) {
-        ask(".", code, [icon = icon](QMessageBox& box) {
-            EXPECT_EQ(box.icon(), icon);
-            EXPECT_GT(box.width(), 120 + box.fontMetrics().horizontalAdvance(box.windowTitle()));
-            box.reject();
-        });
-    }
-    for (const Act& act : {key(Qt::Key_Return), key(Qt::Key_Escape), Act(&QMessageBox::close)}) {
-        EXPECT_EQ(ask("text", BoxCode::ok, act), BoxCode::okPressed);
-        EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, act), BoxCode::noPressed);
-    }
-}
-
-TEST_F(Dialogs, ALongTextIsPlainAndStaysUsable) {
-    std::string lines;
-    for (int line = 0; line < 100'000; line++) lines += std::string(50, 'w') + "\n";
-    ask(lines, BoxCode::ok, [](QMessageBox& box) {
-        const QSize screen = box.screen()->availableSize();
-        EXPECT_TRUE(box.height() < screen.height() && box.width() < screen.width());
-        EXPECT_GT(box.detailedText().size(), 900'000);
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        box.reject();
-    });
-}
-
-TEST_F(Dialogs, KillingARunClosesItsBox) {
-    auto run = std::make_shared<Asking>();
-    run->Run();
-    onBox([&](QMessageBox& /*box*/) { run->Kill(); });
-    waitFor([&] { return !run->running() && openBox() == nullptr; });
-    EXPECT_EQ(run->answer, 0);
-}
-
-TEST_F(Dialogs, AHandlersExceptionDoesNotPassThroughTheToolkit) {
-    form.button.Action = form.closing = [] { throw UnwindSignal(); };
-    auto behind = open<Behind>().shared_from_this();
-    Windows::get().toFront(form);
-    press();
-    EXPECT_TRUE(form.closed()) << "the handler left by a quit has quit";
-    EXPECT_TRUE(behind->closed()) << "and a closing one does not end that";
-}
-
-class Statements : public Dialogs {
-  protected:
     // Makes a statement from an event's handler, and does `meanwhile` on the main thread while it
     // is under way. The statement ends after that, or when it is cancelled.
     void makeStatement(const std::function<void()>& meanwhile) {
@@ -132,43 +51,65 @@ class Statements : public Dialogs {
                     [&] {
                         while (!over) std::this_thread::yield();
                     },
-                    [&] { cancelled_ = over = true; });
-                completed_ = true;
+                    [&] { cancelled = over = true; });
+                completed = true;
             });
             QCoreApplication::exit();
         });
         BatonRelease released;
         QCoreApplication::exec();
     }
+    void press() { QTest::mouseClick(&widget(form.button), Qt::LeftButton); }
 
-    bool completed_ = false;
-    bool cancelled_ = false;
+    Form& form = open<Form>();
+    bool completed = false;
+    bool cancelled = false;
+
+  private:
+    QTimer look_;
 };
 
-TEST_F(Statements, InputIsDroppedButForABoxAndTheWindowPaints) {
+TEST_F(Dialogs, KeysAndButtonsAnswerABox) {
+    const Act yes = [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); };
+    EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, yes), BoxCode::yesPressed);
+    for (const Act& act : {key(Qt::Key_Return), key(Qt::Key_Escape), Act(&QMessageBox::close)}) {
+        EXPECT_EQ(ask("text", BoxCode::ok, act), BoxCode::okPressed);
+        EXPECT_EQ(ask("text", BoxCode::yesNoQuestion, act), BoxCode::noPressed);
+    }
+}
+
+TEST_F(Dialogs, ALongTextIsPlainAndStaysUsable) {
+    ask(std::string(1000, 'w') + std::string(1000, '\n'), BoxCode::ok, [](QMessageBox& box) {
+        const QSize screen = box.screen()->availableSize();
+        EXPECT_TRUE(box.height() < screen.height() && box.width() < screen.width());
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        box.reject();
+    });
+}
+
+TEST_F(Dialogs, TakeInputDuringAStatementWhileTheWindowOnlyPaints) {
     int presses = 0;
     form.button.Action = [&] { presses++; };
     auto& button = widget<QPushButton>(form.button);
     makeStatement([&] {
         press();
         QTest::keyClick(&button, Qt::Key_Space);
-        // As an assistive program does it.
-        button.click();
+        button.click();  // As an assistive program does it.
         viewOf(form)->close();
         EXPECT_EQ(ask("An error.", BoxCode::ok, key(Qt::Key_Return)), BoxCode::okPressed);
         form.button.Caption = "Painted";
         waitFor([&] { return button.text() == QStringLiteral("Painted"); });
     });
-    EXPECT_TRUE(completed_ && !form.closed());
+    EXPECT_TRUE(completed && !form.closed());
     EXPECT_EQ(presses, 0);
     press();
     EXPECT_EQ(presses, 1) << "input is taken again";
 }
 
-TEST_F(Statements, QuitAbandonsTheStatement) {
+TEST_F(Dialogs, QuitAbandonsAStatement) {
     auto keep = form.shared_from_this();
     makeStatement([&] { QTest::keyClick(viewOf(form), Qt::Key_Q, Qt::ControlModifier); });
-    EXPECT_TRUE(cancelled_ && !completed_ && keep->closed());
+    EXPECT_TRUE(cancelled && !completed && keep->closed());
 }
 
 }  // namespace bracken::test

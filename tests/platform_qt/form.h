@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"
 #include "framework/controls/listbox.h"
@@ -26,8 +24,6 @@ class Form : public Window {
     ProgressBar bar{*this, "bar"};
     ProgressWheel wheel{*this, "wheel"};
 
-    std::function<void()> closing = [] {};
-
   protected:
     void Layout() override {
         Title = "Form";
@@ -46,7 +42,6 @@ class Form : public Window {
         go.Default = true;
         box.TabIndex = 2;
     }
-    void Event_Close() override { closing(); }
 };
 
 }  // namespace bracken::test

@@ -1,5 +1,7 @@
+#include <QAction>
 #include <QApplication>
-#include <QMenuBar>
+#include <QLineEdit>
+#include <QMenu>
 
 #include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
@@ -19,9 +21,12 @@ class HugeForm : public Form {
     void Event_Open() override { opened = Width; }
 };
 
-// The content area's frame on the screen.
-QRect contentFrame(const QWidget& view) {
-    return view.geometry().adjusted(0, view.findChild<QMenuBar*>()->height(), 0, 0);
+// The item of the window's menus as it shows once the user has opened them.
+QAction& item(const QWidget& view, const char* text) {
+    for (QMenu* menu : view.findChildren<QMenu*>()) Q_EMIT menu->aboutToShow();
+    for (QAction* action : view.findChildren<QAction*>())
+        if (action->text() == QLatin1String(text)) return *action;
+    throw std::out_of_range(text);
 }
 
 class WindowTest : public QtTest {};
@@ -32,22 +37,6 @@ TEST_F(WindowTest, OneLargerThanTheScreenIsFittedAheadOfItsOpening) {
     const QRect screen = viewOf(window)->screen()->availableGeometry();
     waitFor([&] { return screen.contains(viewOf(window)->geometry()); });
     EXPECT_EQ(window.go.Left, window.Width - 100) << "the layout follows";
-    window.Height = 9000;
-    waitFor([&] { return contentFrame(*viewOf(window)).height() == 9000; });
-}
-
-TEST_F(WindowTest, HidesShowsAndCloses) {
-    auto& window = open<Form>();
-    int closes = 0;
-    window.closing = [&] { closes++; };
-    window.Visible = false;
-    waitFor([&] { return !viewOf(window)->isVisible(); });
-    window.Show();
-    waitFor([&] { return viewOf(window)->isVisible(); });
-    const auto keep = window.shared_from_this();
-    viewOf(window)->close();
-    EXPECT_EQ(closes, 1);
-    waitFor([&] { return viewOf(*keep) == nullptr; });
 }
 
 TEST_F(WindowTest, ReturnPressesTheButtonInFocusElseTheEnabledDefaultOne) {
@@ -83,6 +72,23 @@ TEST_F(WindowTest, TabGoesByIndexOrCreationAndPassesHiddenControls) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     } while (QApplication::focusWidget() != &widget(window.field) && order.size() < 99);
     EXPECT_EQ(order.toStdString(), "field box password list go ");
+}
+
+TEST_F(WindowTest, EditItemsFollowTheFocusAndCopyNoPassword) {
+    auto& window = open<Form>();
+    const QWidget& view = *viewOf(window);
+    waitFor([&] { return view.isActiveWindow(); });
+    for (const EditField* field : {&window.field, &window.password}) {
+        auto& edit = widget<QLineEdit>(*field);
+        edit.setFocus();
+        QTest::keyClicks(&edit, QStringLiteral("secret"));
+        EXPECT_FALSE(item(view, "&Copy").isEnabled());
+        item(view, "Select &All").trigger();
+        for (const char* copying : {"&Copy", "Cu&t"})
+            EXPECT_EQ(item(view, copying).isEnabled(), field == &window.field);
+        item(view, "&Delete").trigger();
+        EXPECT_EQ(field->Text.get(), "");
+    }
 }
 
 }  // namespace bracken::test
