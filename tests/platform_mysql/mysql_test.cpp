@@ -27,11 +27,9 @@ MySQLTest::MySQLTest() {
     EXPECT_TRUE(prepared);
 }
 
-void MySQLTest::connect(const std::string& host, const std::string& user,
-                        const std::string& password) {
+void MySQLTest::connect(const std::string& host) {
     database.Host = host;
-    database.UserName = user;
-    database.Password = password;
+    database.UserName = "root";
     ASSERT_TRUE(database.Connect()) << database.ErrorMessage;
 }
 
