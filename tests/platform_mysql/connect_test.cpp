@@ -4,7 +4,6 @@
 #include "framework/threads/thread.h"
 #include "platform/mysql/server_address.h"
 #include "tests/platform_mysql/mysql_test.h"
-#include "tests/support/child.h"
 
 namespace bracken::test {
 namespace {

@@ -1,7 +1,5 @@
 #include "tests/platform_mysql/mysql_test.h"
 
-#include "tests/support/child.h"
-
 namespace bracken::test {
 
 std::string serverKey() {
@@ -20,7 +18,7 @@ PrivateServer& server() {
 
 MySQLTest::MySQLTest() {
     static const bool prepared = [] {
-        server().publish();
+        server();
         MySQLDatabase::prepareLibrary();
         return true;
     }();
