@@ -23,7 +23,6 @@
 #include "program/actions/win_view_data.h"
 #include "program/app.h"
 #include "program/results/win_results.h"
-#include "tests/support/child.h"
 #include "tests/support/private_server.h"
 
 namespace {
@@ -123,7 +122,6 @@ std::string tableOf(const std::string& rows) {
 
 void measureAll(const std::string& self) {
     test::PrivateServer server;
-    server.publish();
     test::TempFolder home;
     for (const char* place : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
         setenv(place, home.path().c_str(), 1);

@@ -3,6 +3,7 @@
 // and the peak of this process's memory in MiB, as JSON.
 
 #include <sys/resource.h>
+#include <sys/wait.h>
 
 #include <chrono>
 #include <cstdint>
@@ -13,7 +14,6 @@
 #include "framework/threads/baton.h"
 #include "platform/mysql/mysql_database.h"
 #include "tests/platform_mysql/loop_platform.h"
-#include "tests/support/child.h"
 #include "tests/support/private_server.h"
 
 namespace {
@@ -60,7 +60,6 @@ double peakMebibytes() {
 int main() {
     test::PrivateServer server;
     server.run(makeTable);
-    server.publish();
     MySQLDatabase::prepareLibrary();
     test::LoopPlatform platform;
     baton::Hold hold;
@@ -68,7 +67,7 @@ int main() {
     const std::vector<std::string> client = {
         "mariadb", "--no-defaults", "--user=root", "--socket=" + server.socket(),
         "--quick", "--batch",       "--execute",   readTable};
-    auto runClient = [&] { test::runToNowhere(client); };
+    auto runClient = [&] { waitpid(test::spawn(client, -1), nullptr, 0); };
     MySQLDatabase database;
     database.Host = "localhost";
     database.UserName = "root";

@@ -39,14 +39,17 @@ class Desktop:
         """Width and height of the screen in pixels."""
         return WIDTH, HEIGHT
 
+    def _start(self, command, **options):
+        self.processes.append(subprocess.Popen(
+            command, start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            **options))
+
     def _start_display(self):
         reader, writer = os.pipe()
         width, height = self.size()
         # The server picks a free display itself and writes its number.
-        command = ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24",
-                   "-nolisten", "tcp", "-noreset"]
-        self.processes.append(subprocess.Popen(command, pass_fds=[writer], start_new_session=True,
-                                               stderr=subprocess.DEVNULL))
+        self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24",
+                     "-nolisten", "tcp", "-noreset"], pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as numbers:
             number = numbers.readline().strip()
@@ -58,9 +61,7 @@ class Desktop:
     def _start_window_manager(self):
         # With a home of its own it takes the settings that come with it, not the user's.
         environment = {**self.environment, "HOME": self.folder, "XDG_CONFIG_HOME": self.folder}
-        self.processes.append(subprocess.Popen(["openbox"], env=environment, start_new_session=True,
-                                               stdout=subprocess.DEVNULL,
-                                               stderr=subprocess.DEVNULL))
+        self._start(["openbox"], env=environment)
         wait_for(lambda: b"window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                  "the window manager")
 
@@ -96,22 +97,11 @@ class Desktop:
         found = [re.search(rf"{name}: +(-?\d+)", text) for name in names]
         return tuple(int(match[1]) for match in found) if all(found) else None
 
-    def place(self, window, left, top, width, height):
-        """Moves and resizes a window as the window manager does for its user."""
-        self.ask("xdotool", "windowsize", "--sync", str(window), str(width), str(height))
-        self.ask("xdotool", "windowmove", "--sync", str(window), str(left), str(top))
-
     def activate(self, window):
         self.ask("xdotool", "windowactivate", "--sync", str(window))
 
     def picture(self, file, window="root"):
         self.ask("import", "-window", str(window), str(file))
-
-    def set_clipboard(self, text):
-        subprocess.run(["xclip", "-selection", "clipboard", "-in"], env=self.environment, input=text,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
-        # It asks for the clipboard in the background, and must not come after the next owner.
-        wait_for(lambda: self.clipboard() == text, "the text on the clipboard")
 
     def clipboard(self):
         return self.ask("xclip", "-selection", "clipboard", "-out", "-target", "UTF8_STRING")
@@ -126,11 +116,9 @@ class WaylandDesktop(Desktop):
         self.environment |= {"WAYLAND_DISPLAY": str(socket), "XDG_RUNTIME_DIR": self.folder,
                              "QT_QPA_PLATFORM": "wayland", "QT_IM_MODULE": "compose"}
         self.environment.pop("DISPLAY", None)
-        self.processes.append(subprocess.Popen(
-            ["weston", "--backend=headless-backend.so", "--no-config", "--idle-time=0",
-             f"--socket={socket.name}", f"--width={WIDTH}", f"--height={HEIGHT}"],
-            env=self.environment, start_new_session=True, stdout=subprocess.DEVNULL,
-            stderr=subprocess.DEVNULL))
+        self._start(["weston", "--backend=headless-backend.so", "--no-config", "--idle-time=0",
+                     f"--socket={socket.name}", f"--width={WIDTH}", f"--height={HEIGHT}"],
+                    env=self.environment)
         wait_for(socket.exists, "the compositor")
 
     def _start_window_manager(self):

@@ -125,60 +125,32 @@ class LoginWindow:
         self.window = program.window("Login")
         self.menu = program.menu(self.window, (LOGIN_WIDTH, LOGIN_HEIGHTS["login"]))
 
-    def stage(self):
-        frame = self.program.desktop.frame(self.window)
-        height = frame[3] - self.menu if frame else 0
-        return next((name for name, value in LOGIN_HEIGHTS.items() if value == height), "")
-
-    def reach(self, stage, act):
-        """Acts and waits until the window has the size of that stage."""
-        act()
-        wait_for(lambda: self.stage() == stage, f"the login window to show its {stage}")
-
-    def press(self, point):
-        self.program.click(self.window, point, self.menu)
-
     def connect(self, stage):
         self.program.desktop.activate(self.window)
-        self.reach(stage, lambda: self.press(CONNECT))
+        self.press(CONNECT)
+        self.await_stage(stage)
 
     def choose(self, database):
-        self.reach("folder", lambda: self._pick(database))
-
-    def _pick(self, database):
         self.press(DATABASES)
         self.program.desktop.type(database)
         self.program.desktop.keys("Return")
+        self.await_stage("folder")
+
+    def await_stage(self, stage):
+        self.program.menu(self.window, (LOGIN_WIDTH, LOGIN_HEIGHTS[stage]))
+
+    def press(self, point):
+        self.program.click(self.window, point, self.menu)
 
     def go(self):
         self.press(GO)
 
 
 class ResultsWindow:
-    """The list, read as a user can: row by row through the clipboard."""
+    """Comes up with Go!."""
 
     def __init__(self, program):
         self.program = program
         self.desktop = program.desktop
         self.window = program.window("Results")
         self.menu = program.menu(self.window, RESULTS_SIZE)
-
-    def rows(self):
-        """All rows as copied: lists of cells, as bytes."""
-        self.desktop.activate(self.window)
-        self.program.click(self.window, (LIST[0] + 60, LIST[1] + 40), self.menu)
-        self.desktop.keys("ctrl+Home")
-        rows = [self._copied()]
-        while True:
-            self.desktop.keys("Down")
-            row = self._copied()
-            if row == rows[-1]:
-                return [text.rstrip(b"\n").split(b"\t") for text in rows]
-            rows.append(row)
-
-    def _copied(self):
-        marker = b"nothing copied yet"
-        self.desktop.set_clipboard(marker)
-        self.desktop.keys("ctrl+c")
-        wait_for(lambda: self.desktop.clipboard() not in (marker, b""), "a row on the clipboard", 10)
-        return self.desktop.clipboard()

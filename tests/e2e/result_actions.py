@@ -1,6 +1,6 @@
 """What a user does with the results: where the buttons are, and what they are given."""
 
-import time
+import contextlib
 import urllib.parse
 
 from waiting import wait_for
@@ -28,13 +28,11 @@ class Browser:
         (home.folder / "config/mimeapps.list").write_text(
             "[Default Applications]\ntext/html=none.desktop;\nx-scheme-handler/https=gone.desktop;recorder.desktop\n")
 
-    def await_opened(self, count):
-        """The path opened last, once so many have been."""
-        wait_for(lambda: len(self._lines()) >= count, "the browser")
-        return urllib.parse.unquote(urllib.parse.urlparse(self._lines()[-1]).path)
-
-    def _lines(self):
-        return self.record.read_text().splitlines() if self.record.exists() else []
+    def await_opened(self):
+        """The path opened last."""
+        lines = wait_for(lambda: self.record.exists() and self.record.read_text().splitlines(),
+                         "the browser")
+        return urllib.parse.unquote(urllib.parse.urlparse(lines[-1]).path)
 
 
 class Actions:
@@ -54,21 +52,13 @@ class Actions:
 
     def close(self, window):
         """Presses Ctrl+W until the window goes: while a statement is under way it takes no keys."""
-        pressed = 0
+        while window in self.desktop.windows():
+            self.desktop.activate(window)
+            self.desktop.keys("ctrl+w")
+            with contextlib.suppress(TimeoutError):
+                wait_for(lambda: window not in self.desktop.windows(), "the window to close", 2)
 
-        def closed():
-            nonlocal pressed
-            if window not in self.desktop.windows():
-                return True
-            if time.monotonic() > pressed + 2:
-                self.desktop.activate(window)
-                self.desktop.keys("ctrl+w")
-                pressed = time.monotonic()
-            return False
-        wait_for(closed, "the window to close")
-
-    def type_export(self, path, picture=None):
-        """Enters the path in the save dialog, which is given back."""
+    def export(self, path, picture=None):
         self.press(EXPORT)
         window = self.program.box()
         self.desktop.activate(window)
@@ -77,10 +67,7 @@ class Actions:
         if picture:
             self.desktop.picture(picture)
         self.desktop.keys("Return")
-        return window
-
-    def export(self, path, picture=None):
-        self.gone(self.type_export(path, picture))
+        self.gone(window)
         self.program.answer_box()
 
     def confirm(self, *points, picture=None):

@@ -20,11 +20,9 @@ class Sample(Input):
 
     def rows(self, tables):
         """The rows that the list must show for these tables, as (table, found, paths) in bytes."""
-        committed = self.script.with_name("expected.tsv")
-        rows = [line.split(b"\t") for line in committed.read_bytes().splitlines()]
+        committed = self.script.with_name("expected.tsv").read_bytes()
+        rows = [line.split(b"\t") for line in committed.splitlines()]
         by_table = {table: (table, found, self._absolute(paths)) for table, found, paths in rows}
-        if sorted(by_table) != sorted(tables):
-            raise RuntimeError(f"{committed} lists other tables than {self.script} makes")
         return [by_table[table] for table in tables]
 
     def _absolute(self, paths):

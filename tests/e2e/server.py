@@ -25,7 +25,12 @@ class Server:
 
     def __enter__(self):
         try:
-            self._start()
+            # A session of its own, so that Ctrl+C in the terminal reaches it through __exit__ only.
+            self.process = subprocess.Popen(
+                [str(SCRIPT), str(self.folder), "--skip-networking",
+                 "--character-set-server=utf8mb4"],
+                start_new_session=True, stderr=subprocess.DEVNULL)
+            wait_for(self._answers, "the server to answer")
             self.run(f"create user '{USER}'@'localhost' identified by '{PASSWORD}';"
                      f"grant all on *.* to '{USER}'@'localhost';")
         except BaseException:
@@ -40,13 +45,6 @@ class Server:
             self.process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def _start(self):
-        # A session of its own, so that Ctrl+C in the terminal reaches it through __exit__ only.
-        self.process = subprocess.Popen(
-            [str(SCRIPT), str(self.folder), "--skip-networking", "--character-set-server=utf8mb4"],
-            start_new_session=True, stderr=subprocess.DEVNULL)
-        wait_for(self._answers, "the server to answer")
-
     def _answers(self):
         if self.process.poll() is not None:
             raise RuntimeError((self.folder / "log").read_text(errors="replace"))
@@ -58,8 +56,8 @@ class Server:
 
     def run(self, statements, database=""):
         """Runs SQL text or a file of it as root and gives the output's lines, as bytes."""
-        source = statements if isinstance(statements, pathlib.Path) else None
-        text = source.read_bytes() if source else statements.encode()
+        file = isinstance(statements, pathlib.Path)
+        text = statements.read_bytes() if file else statements.encode()
         done = subprocess.run(self._client(*([database] if database else [])), input=text,
                               capture_output=True)
         if done.returncode != 0:

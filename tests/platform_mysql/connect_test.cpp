@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-class Connect : public MySQLTest {};
+using Connect = MySQLTest;
 
 TEST_F(Connect, ReachesTheServerBySocketAndByPortAndEncrypts) {
     const std::string port = ":" + std::to_string(server().port());
@@ -27,69 +27,49 @@ TEST_F(Connect, ReachesTheServerBySocketAndByPortAndEncrypts) {
                   server().folder() + "/pid|" + (bySocket ? "1" : "0") + "|\n");
         EXPECT_NE(select("show session status like 'Ssl_cipher'"), "Ssl_cipher||\n");
     }
-    for (const std::string& elsewhere : {"localhost:1"s, path + "e"}) {
-        database.Host = elsewhere;
-        EXPECT_FALSE(database.Connect()) << elsewhere;
-    }
-}
-
-TEST_F(Connect, ALoginTakesThePlaceOfTheFormerIfItSucceeds) {
-    server().run("create or replace user other@localhost identified by 'a\"b''c'");
-    // A password of none is sent as such, and not looked for elsewhere.
-    setenv("MYSQL_PWD", "a\"b'c", 1);
-    connect();
-    const std::string denied = "Access denied for user ";
-    for (const auto& [user, password, error] :
-         {std::tuple("nobody", "s3cret", denied + "'nobody'@'localhost' (using password: YES)"),
-          {"other", "", denied + "'other'@'localhost' (using password: NO)"},
-          {"other", "a\"b'c", ""}}) {
-        database.UserName = user;
-        database.Password = password;
-        EXPECT_EQ(database.Connect(), error.empty());
-        EXPECT_EQ(database.Error, !error.empty());
-        EXPECT_EQ(database.ErrorMessage, error);
-        EXPECT_EQ(select("select user()"), (error.empty() ? "other"s : "root") + "@localhost|\n");
-    }
-    unsetenv("MYSQL_PWD");
-}
-
-TEST_F(Connect, HostsAreReadAsNameAndPortOrSocket) {
-    for (const auto& [host, wanted] : {std::pair("db", "db|0|"),
-                                       {"db:65535", "db|65535|"},
-                                       {"fe80::1%eth0", "fe80::1%eth0|0|"},
-                                       {" [::1]:3307 ", "::1|3307|"},
-                                       {"/run/a b:3,=;", "|0|/run/a b:3,=;"}}) {
-        ServerAddress to;
-        EXPECT_FALSE(readAddress(host, to)) << host;
-        EXPECT_EQ(to.name + "|" + std::to_string(to.port) + "|" + to.socket, wanted);
-    }
-    // To the library some of these would be options, a list of hosts or a plug-in.
-    for (const char* host :
-         {" ", "db:0", "db:65536", "db:4294967297", "db:", "db:3x", "db:-1", ":3306", "[::1",
-          "[::1]3306", "socket=/s", "db;user=root", "a,b", "replication://db"}) {
-        ServerAddress none;
-        EXPECT_TRUE(readAddress(host, none)) << host;
-    }
     for (const auto& [host, words] :
-         {std::pair(" db:70000"s, "\"db:70000\" is not a host name: the port must be a number"),
-          {"/" + std::string(200, 'x'), "at most 107 bytes"},
-          {"no-such-host.invalid", "no-such-host.invalid"}}) {
+         {std::pair("localhost:1"s, "localhost"),
+          {path + "e", "/a=b;c:1,de"},
+          {" db:70000", "\"db:70000\" is not a host name: the port must be a number"},
+          {"/" + std::string(200, 'x'), "at most 107 bytes"}}) {
         database.Host = host;
         EXPECT_FALSE(database.Connect());
         EXPECT_NE(database.ErrorMessage.find(words), std::string::npos) << database.ErrorMessage;
     }
 }
 
-TEST_F(Connect, DatabaseIsChosenOnTheLiveConnectionOnly) {
-    server().run("create or replace database chosen");
-    database.DatabaseName("chosen");
-    connect();
-    for (const auto& [name, current] :
-         {std::pair("missing", "none"), {"chosen", "chosen"}, {"missing", "chosen"}}) {
-        database.DatabaseName(name);
-        EXPECT_FALSE(database.Error) << "left to the next statement";
-        EXPECT_EQ(select("select ifnull(database(), 'none')"), current + "|\n"s);
+TEST_F(Connect, HostsAreReadAsNameAndPortOrSocket) {
+    for (const auto& [host, wanted] : {std::pair("db:65535", "db|65535|"),
+                                       {"fe80::1%eth0", "fe80::1%eth0|0|"},
+                                       {" [::1]:3307 ", "::1|3307|"}}) {
+        ServerAddress to;
+        EXPECT_FALSE(readAddress(host, to)) << host;
+        EXPECT_EQ(to.name + "|" + std::to_string(to.port) + "|" + to.socket, wanted);
     }
+    // To the library some of these would be options, a list of hosts or a plug-in.
+    for (const char* host : {" ", "db:0", "db:65536", "db:", "db:3x", ":3306", "[::1", "[::1]3306",
+                             "socket=/s", "db;user=root", "a,b", "replication://db"}) {
+        ServerAddress none;
+        EXPECT_TRUE(readAddress(host, none)) << host;
+    }
+}
+
+TEST_F(Connect, ALoginTakesThePlaceOfTheFormerIfItSucceeds) {
+    server().run("create user other@localhost identified by 'a\"b''c'");
+    // A password of none is sent as such, and not looked for elsewhere.
+    setenv("MYSQL_PWD", "a\"b'c", 1);
+    connect();
+    database.UserName = "other";
+    EXPECT_FALSE(database.Connect());
+    EXPECT_TRUE(database.Error);
+    EXPECT_EQ(database.ErrorMessage,
+              "Access denied for user 'other'@'localhost' (using password: NO)");
+    EXPECT_EQ(select("select user()"), "root@localhost|\n");
+    database.Password = "a\"b'c";
+    EXPECT_TRUE(database.Connect());
+    EXPECT_EQ(database.ErrorMessage, "");
+    EXPECT_EQ(select("select user()"), "other@localhost|\n");
+    unsetenv("MYSQL_PWD");
 }
 
 TEST_F(Connect, ALostConnectionFailsEveryStatementUntilTheNextConnect) {
@@ -102,11 +82,8 @@ TEST_F(Connect, ALostConnectionFailsEveryStatementUntilTheNextConnect) {
     EXPECT_NE(database.ErrorMessage, "");
     EXPECT_THROW(cursor->EOF_(), DatabaseException) << "nor are they all rows at the second look";
     database.DatabaseName("mysql");
-    for (const char* statement : {"show databases", "drop table x"}) {
-        EXPECT_EQ(database.SQLSelect(statement), nullptr);
-        EXPECT_TRUE(database.Error) << "no connection comes back by itself";
-        EXPECT_NE(database.ErrorMessage, "");
-    }
+    EXPECT_EQ(database.SQLSelect("show databases"), nullptr);
+    EXPECT_TRUE(database.Error) << "no connection comes back by itself";
     connect("127.0.0.1");
     EXPECT_EQ(select("select 1"), "1|\n");
 }
@@ -121,6 +98,31 @@ TEST_F(Connect, QuitAbandonsTheStatement) {
     });
     EXPECT_THROW(database.SQLSelect("select sleep(1000)"), UnwindSignal);
     user.join();
+}
+
+TEST_F(Connect, TheCommandLineListsWhatTheServerHas) {
+    TempFolder folder;
+    folder.write("src/a.php", "users");
+    folder.write("password", "tea & biscuits\n");
+    server().run(
+        "create database `a``b`; use `a``b`; create table users (i int); create view `x y` as "
+        "select 1; create user scanner identified by 'tea & biscuits'; grant all on *.* to "
+        "scanner");
+    // Options, environment, what is written, then the status.
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {"", "BRACKEN_PASSWORD='tea & biscuits'", "users\ta.php\nx y\t\n1\n"},
+        {"--port=" + std::to_string(server().port()) +
+             " --unused --password-file=" + folder.path("password"),
+         "BRACKEN_PASSWORD=wrong", "x y\t\n1\n"},
+        {"", "",
+         "bracken-scan: Access denied for user 'scanner'@'localhost' (using password: NO)\n2\n"}};
+    for (const auto& [options, variables, output] : cases) {
+        EXPECT_EQ(outputOf({"sh", "-c",
+                            variables + " " BRACKEN_SCAN " --format=tsv --user=scanner " +
+                                "--database='a`b' " + options + " " + folder.path("src") +
+                                " </dev/null 2>&1; echo $?"}),
+                  output);
+    }
 }
 
 }  // namespace

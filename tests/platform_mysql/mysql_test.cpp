@@ -1,7 +1,5 @@
 #include "tests/platform_mysql/mysql_test.h"
 
-#include "tests/support/child.h"
-
 namespace bracken::test {
 
 std::string serverKey() {
@@ -20,18 +18,16 @@ PrivateServer& server() {
 
 MySQLTest::MySQLTest() {
     static const bool prepared = [] {
-        server().publish();
+        server();
         MySQLDatabase::prepareLibrary();
         return true;
     }();
     EXPECT_TRUE(prepared);
 }
 
-void MySQLTest::connect(const std::string& host, const std::string& user,
-                        const std::string& password) {
+void MySQLTest::connect(const std::string& host) {
     database.Host = host;
-    database.UserName = user;
-    database.Password = password;
+    database.UserName = "root";
     ASSERT_TRUE(database.Connect()) << database.ErrorMessage;
 }
 

@@ -20,9 +20,8 @@ class MySQLTest : public testing::Test {
   protected:
     MySQLTest();
 
-    // Logs in; expects success.
-    void connect(const std::string& host = "localhost", const std::string& user = "root",
-                 const std::string& password = "");
+    // Logs in as root; expects success.
+    void connect(const std::string& host = "localhost");
     // The rows of a query that must succeed: fields each before a "|", a line a row.
     std::string select(const std::string& statement);
 

@@ -4,6 +4,8 @@
 namespace bracken::test {
 namespace {
 
+using namespace std::string_literals;
+
 class Rows : public MySQLTest {
   protected:
     Rows() {
@@ -29,14 +31,14 @@ class Rows : public MySQLTest {
 };
 
 TEST_F(Rows, AreInTheServersText) {
-    for (const auto& [value, text] : std::initializer_list<std::pair<std::string, std::string>>{
-             {"18446744073709551615", "18446744073709551615"},
-             {"cast(-12345.6 as decimal(20,5))", "-12345.60000"},
-             {"cast('-838:59:58.5' as time(3))", "-838:59:58.500"},
-             {"convert(x'f09f9880090a' using utf8mb4)", "\xf0\x9f\x98\x80\t\n"},
-             {"x'00ff0000'", std::string("\x00\xff\x00\x00", 4)},
-             {"null", ""}})
-        EXPECT_EQ(select("select " + value), text + "|\n");
+    for (const auto& [value, text] :
+         {std::pair("18446744073709551615", "18446744073709551615"s),
+          {"cast(-12345.6 as decimal(20,5))", "-12345.60000"},
+          {"cast('-838:59:58.5' as time(3))", "-838:59:58.500"},
+          {"convert(x'f09f9880090a' using utf8mb4)", "\xf0\x9f\x98\x80\t\n"},
+          {"x'00ff0000'", "\x00\xff\x00\x00"s},
+          {"null", ""}})
+        EXPECT_EQ(select("select "s + value), text + "|\n");
     server().run("set global max_allowed_packet = 64 << 20");
     connect();
     auto large = database.SQLSelect("select repeat('x', 20 << 20), 'y'");
@@ -54,7 +56,7 @@ TEST_F(Rows, StayWhateverComesInBetween) {
     auto first = manyRows();
     first->MoveNext();
     auto second = manyRows();
-    database.SQLExecute("create or replace table between_them (a int)");
+    database.SQLExecute("create table between_them (a int)");
     EXPECT_EQ(select("show tables"), "between_them|\n");
     expectManyRowsFrom(2, *first);
     connect();
@@ -63,39 +65,33 @@ TEST_F(Rows, StayWhateverComesInBetween) {
 }
 
 TEST_F(Rows, GoWithAClosedOrForgottenCursor) {
-    for (bool close : {true, false}) {
-        auto cursor = manyRows();
-        cursor->MoveNext();
-        for (int time = 0; time < 2 && close; time++) {
-            cursor->Close();
-            EXPECT_TRUE(cursor->EOF_());
-            EXPECT_EQ(cursor->IdxField(1), nullptr);
-        }
-        cursor = nullptr;
-        EXPECT_EQ(select("select 1"), "1|\n");
-    }
+    auto cursor = manyRows();
+    cursor->Close();
+    EXPECT_TRUE(cursor->EOF_());
+    EXPECT_EQ(cursor->IdxField(1), nullptr);
+    EXPECT_EQ(select("select 1"), "1|\n");
+    manyRows();
+    EXPECT_EQ(select("select 2"), "2|\n");
+    database.SQLExecute("select * from seq_1_to_100000");
+    EXPECT_FALSE(database.Error) << "rows nobody wants are dropped";
+    EXPECT_EQ(select("select 3"), "3|\n");
 }
 
 TEST_F(Rows, AreNilWithTheServersWordsWhereTheStatementGivesNone) {
-    database.SQLExecute("create or replace table empty_one (a int)");
+    database.SQLExecute("create table empty_one (a int)");
     EXPECT_EQ(select("select * from empty_one"), "");
-    for (const auto& [statement, error, words] :
-         {std::tuple("drop table empty_one", "",
-                     "The server sent no result for: drop table empty_one"),
-          {"select * from `miss``ing`", "Table 'data.miss`ing' doesn't exist",
-           "Table 'data.miss`ing' doesn't exist"},
-          {"drop table `<b>\u00e4`", "Unknown table 'data.<b>\u00e4'",
-           "Unknown table 'data.<b>\u00e4'"}}) {
+    for (const auto& [statement, words] :
+         {std::pair("drop table empty_one", "The server sent no result for: drop table empty_one"),
+          {"select * from `m``\u00e4`", "Table 'data.m`\u00e4' doesn't exist"},
+          {"load data local infile '/etc/passwd' into table t",
+           "The used command is not allowed because the MariaDB server or client has disabled the "
+           "local infile capability"}}) {
         const auto cursor = database.SQLSelect(statement);
-        EXPECT_EQ(database.ErrorMessage, error);
-        EXPECT_EQ(database.Error, *error != '\0');
-        EXPECT_EQ(endOf([&] { *cursor; }), std::string("NilObjectException: ") + words);
+        EXPECT_EQ(database.ErrorMessage, database.Error ? words : "");
+        EXPECT_EQ(endOf([&] { *cursor; }), "NilObjectException: "s + words);
     }
     EXPECT_EQ(database.SQLSelect("select 1; drop database data"), nullptr) << "one at a time";
     EXPECT_EQ(select("show databases like 'data'"), "data|\n");
-    database.SQLExecute("select * from seq_1_to_100000");
-    EXPECT_FALSE(database.Error) << "rows nobody wants are dropped";
-    EXPECT_EQ(select("select 2"), "2|\n");
 }
 
 }  // namespace

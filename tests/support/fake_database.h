@@ -99,9 +99,8 @@ class FakeDatabase : public Database {
     Answer run(const std::string& statement) {
         statements.push_back(statement);
         if (meanwhile) meanwhile();
-        const auto found = answers_.find(statement);
-        EXPECT_NE(found, answers_.end()) << "unexpected statement: " << statement;
-        const Answer answer = found == answers_.end() ? Answer{} : found->second;
+        EXPECT_TRUE(answers_.contains(statement)) << "unexpected statement: " << statement;
+        const Answer answer = answers_[statement];
         setOutcome(answer.hasRows ? "" : answer.message);
         return answer;
     }

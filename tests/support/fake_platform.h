@@ -28,33 +28,31 @@ class FakePlatform : public NullPlatform {
             Thread::joinAll();
         }
         Windows::get().reset();
-        for (auto& box : boxes_) ADD_FAILURE() << "never shown: " << box.text;
-        EXPECT_TRUE(folders.empty()) << "a folder was never asked for";
-        EXPECT_TRUE(saves.empty()) << "a file to write was never asked for";
-        EXPECT_TRUE(modals.empty()) << "a modal window was never shown";
+        EXPECT_EQ(boxes_.size() + folders.size() + saves.size() + modals.size(), 0U)
+            << "an expected question was never asked";
     }
 
     // The next box must show this text; it is answered with `answer`.
     void expectBox(const std::string& text, int answer = BoxCode::okPressed) {
-        boxes_.push_back({text, answer});
+        boxes_.push_back([=](const std::string& shown) {
+            EXPECT_EQ(shown, text);
+            return answer;
+        });
     }
     // The next box may show anything, which goes into `text`.
-    void expectAnyBox(std::string& text) { boxes_.push_back({"", BoxCode::okPressed, &text}); }
-    // The next box stays open until it is closed by the program.
-    void expectBoxLeftOpen(const std::string& text) {
-        boxes_.push_back({text, BoxCode::okPressed, nullptr, true});
+    void expectAnyBox(std::string& text) {
+        boxes_.push_back([&](const std::string& shown) {
+            text = shown;
+            return BoxCode::okPressed;
+        });
     }
     int messageBox(const std::string& text, int code, const std::string& /*title*/) override {
         boxCodes.push_back(code);
-        const Box box = next(boxes_, text);
-        if (box.shown != nullptr)
-            *box.shown = text;
-        else
-            EXPECT_EQ(text, box.text);
+        const auto user = next(boxes_, "box " + text);
         boxClosed_ = false;
         if (whileBoxIsOpen) whileBoxIsOpen();
-        while (box.leftOpen && !boxClosed_) std::this_thread::yield();
-        return box.answer;
+        while (boxesStayOpen && !boxClosed_) std::this_thread::yield();
+        return user ? user(text) : BoxCode::okPressed;
     }
     std::string selectFolder() override { return next(folders, "folder dialog"); }
     std::string saveFile(const SaveQuestion& question) override {
@@ -88,30 +86,21 @@ class FakePlatform : public NullPlatform {
     // What the user does in the next modal windows; each must close in the course of that.
     std::deque<std::function<void(const Window&)>> modals;
 
-    int beeps = 0;
-    int frames = 0;
+    int beeps = 0, frames = 0;
     // -1: not called.
-    int exitStatus = -1;
-    int abortStatus = -1;
-    std::string clipboard;
-    std::string offered;
-    std::vector<std::string> performed;
+    int exitStatus = -1, abortStatus = -1;
+    std::string clipboard, offered;
+    // Menu items and files.
+    std::vector<std::string> performed, launched;
     // Called while a box is on the screen.
     std::function<void()> whileBoxIsOpen;
-    // What the boxes asked, in order.
+    // Boxes wait until the program closes them.
+    bool boxesStayOpen = false;
+    // What the boxes and the dialogs for a file to write asked, in order.
     std::vector<int> boxCodes;
     std::vector<SaveQuestion> saveQuestions;
-    // Files that were opened.
-    std::vector<std::string> launched;
 
   private:
-    struct Box {
-        std::string text;
-        int answer = BoxCode::okPressed;
-        std::string* shown = nullptr;
-        bool leftOpen = false;
-    };
-
     // Takes the first of the answers; one that holds nothing, and a failed test, if there is none.
     template <class Answer>
     static Answer next(std::deque<Answer>& answers, const std::string& question) {
@@ -124,7 +113,7 @@ class FakePlatform : public NullPlatform {
         return first;
     }
 
-    std::deque<Box> boxes_;
+    std::deque<std::function<int(const std::string&)>> boxes_;
     std::atomic<bool> boxClosed_{false};
 };
 

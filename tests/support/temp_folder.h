@@ -8,7 +8,6 @@
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 namespace bracken::test {
 
@@ -17,8 +16,7 @@ class TempFolder {
   public:
     TempFolder() {
         std::string pattern = std::filesystem::temp_directory_path() / "bracken-test-XXXXXX";
-        if (mkdtemp(pattern.data()) == nullptr)
-            throw std::system_error(errno, std::generic_category(), pattern);
+        EXPECT_NE(mkdtemp(pattern.data()), nullptr) << pattern;
         path_ = std::filesystem::canonical(pattern);
     }
     ~TempFolder() {
