@@ -9,7 +9,6 @@ using Texts = std::vector<std::string>;
 // What operations do to an empty root, and the error that they leave.
 class Node : public testing::Test, protected test::EmptyDocument {
   protected:
-    Ref<plistDict> self() { return Ref<plistDict>(root.shared_from_this()); }
     // An array under this key.
     plistDict& array(const std::string& key, const Texts& elements) {
         root.SetList(key, elements, 0, 99);
@@ -19,29 +18,16 @@ class Node : public testing::Test, protected test::EmptyDocument {
 
 TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
     root.GetString("s");
-    root.GetValue("v");
-    root.GetData("d");
     root.GetInteger("i");
     root.GetBoolean("b");
-    root.GetDouble("n");
-    root.GetReal("r");
-    root.GetColor("c");
     expect("a getter stores its default, and a switch is on",
-           "{s:string='' v:string='' d:string='' i:integer=0 b:boolean=true n:real=0 r:real=0 "
-           "c:string=000}");
+           "{s:string='' i:integer=0 b:boolean=true}");
     root.SetInteger("a", 1.5);
     root.SetString("A", "x");
     expect("spelling", "{a:integer=2}", "Type Mismatch: A is a integer");
     for (int i = 1; i < 3; ++i) root.SetReal("a", i);
     expect("a real is set once by SetReal", "{a:real=1}", "Type Mismatch: a is a real");
-    root.SetColor("a", RGB(0, 0, 255));
-    EXPECT_EQ(root.GetColor("a"), RGB(0, 255, 255));
-    expect("a part of a colour below 16 is read as another", "{a:string=00FF}");
-    root.GetDate(root.GetString("a", "a"));
-    expect("no date", "{a:string=a}", "Could not create date object from a(a)");
-    EXPECT_THROW(root.SetDate("a", nullptr), NilObjectException);
     root.SetString("a", "x");
-    EXPECT_EQ(root.CheckType("a", "STRING") * 10 + root.CheckType("b", "string"), 12);
     EXPECT_TRUE(root.TypeOK("a"));
     EXPECT_THROW(root.TypeOK("b"), KeyNotFoundException);
     EXPECT_FALSE(root.TypeOK(root.child("c")->name));
@@ -51,7 +37,6 @@ TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
 TEST_F(Node, ChildrenAreMadeWhenAskedFor) {
     EXPECT_TRUE(root.AddArray("a"));
     EXPECT_FALSE(root.AddArray("a"));
-    EXPECT_EQ(document.errorMessage, "Array exists: a already exists");
     root.AddChild("A");
     expect("added once", "{a:array[]}", "Child exists: A already exists");
     EXPECT_EQ(root.child("a")->index(0), nullptr);
@@ -62,7 +47,6 @@ TEST_F(Node, ChildrenAreMadeWhenAskedFor) {
     EXPECT_THROW(root.child("a"), StackOverflowException);
     expect("a scalar is no child", "{a:string=x}", "Child exists: a already exists");
     EXPECT_EQ(root.child("a")->child("b")->AbsolutePath(), ":root:a:b");
-    EXPECT_THROW(root.AbsolutePath(), NilObjectException);
     expect("a path starts at the root", "{a:dict{b:dict{}}}");
 }
 
@@ -75,37 +59,24 @@ TEST_F(Node, RemovingMovesElementsDown) {
     EXPECT_THROW(root.Remove("a"), KeyNotFoundException);
     expect("by key, with the child", "{}");
     array("a", {"p", "q", "r"}).Remove(0);
-    EXPECT_EQ(picture(root), "{a:array[1:string=r 0:string=q]}");
     EXPECT_THROW(root.child("a")->Remove("1"), KeyNotFoundException);
     expect("the last element goes twice", "{a:array[0:string=q]}");
     for (const int outside : {-1, 1}) {
         EXPECT_THROW(array("a", {"p"}).Remove(outside), KeyNotFoundException);
         expect("outside", "{a:array[0:string=p]}", "Subscript out of range");
     }
-    root.SetString("5", "x");
-    root.Remove("5");
-    expect("a number is no key to remove by in a dictionary", "{5:string=x}",
-           "root is not an array");
-    array("a", {"p"}).AppendDict();
-    root.child("a")->Remove(0);
-    expect("containers keep their names", "{a:array[0:dict!]}");
     root.isArray = true;
     root.AppendDict();
     root.AppendString("p");
     root.Remove(0);
     EXPECT_EQ(root.children.upperBound(), 0);
-    root.AppendDict();
-    EXPECT_THROW(root.Remove(1), IndexOutOfRangeException);
-    expect("a container goes with the child at its position", "[0:string=p 1:dict{}]");
+    expect("a container goes with its child", "[0:string=p]");
 }
 
 TEST_F(Node, MovingCopiesAndRemoves) {
     root.SetString("a", "x");
     root.Move("a", nullptr);
     expect("nowhere to move to", "{a:string=x}", "Destination is nil");
-    root.SetString("a", "x");
-    root.Move("a", self(), true, "A");
-    expect("onto itself", "{}");
     array("a", {"p"});
     root.Rename(root.types.Key(0), "c");
     expect("an array arrives as a dictionary", "{c:dict{0:string=p}}");
@@ -113,8 +84,6 @@ TEST_F(Node, MovingCopiesAndRemoves) {
     root.child("to")->child("a")->SetString("d", "y");
     root.Move("a", root.child("to"));
     expect("merged", "{to:dict{a:dict{d:string=y b:dict{c:string=x}}}}");
-    root.Move(root.child("a")->name, root.child("b"));
-    expect("an empty container", "{b:dict{a:dict{}}}", "Source does not exist.");
     root.SetString("a", "x");
     root.Rename("a", "A");
     expect("a name that is taken", "{a:string=x}", "Key A already exists.");
@@ -122,33 +91,18 @@ TEST_F(Node, MovingCopiesAndRemoves) {
     EXPECT_THROW(root.Copy("a", root.child("a")), StackOverflowException);
     root.Remove("a");
     expect("into itself", "{}");
-    array("a", {"p"});
-    EXPECT_THROW(root.Copy("a", self()), StackOverflowException);
-    expect("an array onto itself", "{a:array[0:string=p]}", "Child exists: a already exists");
-    array("a", {"p"}).SetString("3", "q");
-    root.Copy("a", self());
-    expect("an array with a gap onto itself", "{a:array[0:string=p 3:string=p 2:string=p]}");
 }
 
 TEST_F(Node, ListsAreArraysOfStrings) {
     Texts list = {"p", "q", "r"};
-    root.SetList("a", list, 1, 1);
-    root.SetList("a", list, 1, 9);
+    for (const int last : {1, 9}) root.SetList("a", list, 1, last);
     root.SetList("b", list, 9, 9);
-    root.SetList("c", list, 2, 1);
-    EXPECT_THROW(root.SetList("d", list, -1, 0), IndexOutOfRangeException);
-    for (const char* text : {"x", "y"}) root.SetList("5", {text}, 0, 0);
-    expect("bounds, and a key that is a number",
-           "{a:array[0:string=q 1:string=r] b:array[0:string=p 1:string=q 2:string=r] c:array[] "
-           "d:array[] 5:array[0:string=x]}",
-           "Array exists: 5 already exists");
+    EXPECT_THROW(root.SetList("c", list, -1, 0), IndexOutOfRangeException);
+    expect("bounds",
+           "{a:array[0:string=q 1:string=r] b:array[0:string=p 1:string=q 2:string=r] c:array[]}");
     array("a", {"p", "q"});
-    root.GetList("a", list, 0);
-    EXPECT_EQ(list, Texts({"p", "q"}));
     root.GetList("a", list, 7);
     EXPECT_EQ(list, Texts({"", "p", "q"}));
-    root.GetList("b", list, 0);
-    EXPECT_EQ(list, Texts());
 }
 
 TEST_F(Node, ChildrenKnowTheirPlace) {
@@ -175,9 +129,6 @@ TEST_F(Node, TheCursorGoesRound) {
     for (list.MoveFirst(); !list.eof; list.MoveNext()) keys += list.CurrentKey();
     list.MoveLast();
     EXPECT_EQ(keys + list.CurrentKey(), "0122");
-    list.types.Clear();
-    EXPECT_EQ(list.CurrentKey(), "");
-    EXPECT_TRUE(list.eof);
 }
 
 TEST_F(Node, KeepsWhatSomebodyHolds) {
