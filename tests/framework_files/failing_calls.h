@@ -4,7 +4,6 @@
 #include <functional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "framework/files/file_calls.h"
 
@@ -41,14 +40,14 @@ class FailingCalls : public FileCalls {
         return fails("rename") ? -1 : FileCalls::rename(from, to);
     }
 
-    // Calls made, those of one name in a row counted once.
-    std::vector<std::string> made;
+    // Calls made, each with a blank after it, those of one name in a row once.
+    std::string made;
     // What somebody else does before the next lock.
     std::function<void()> beforeLock;
 
   private:
     bool fails(const std::string& name) {
-        if (made.empty() || made.back() != name) made.push_back(name);
+        if (!made.ends_with(name + " ")) made += name + " ";
         if (name != failing_ || --left_ > 0) return false;
         errno = error_;
         return true;
