@@ -12,7 +12,7 @@ namespace bracken::test {
 // The real calls, but for one that fails, and a record of their names in order.
 class FailingCalls : public FileCalls {
   public:
-    // The call of that name fails with `error`, from its `nth` time on, counted from 1.
+    // The call of that name fails with `error` its `nth` time, counted from 1.
     explicit FailingCalls(std::string name = "", int nth = 1, int error = ENOSPC)
         : failing_(std::move(name)), left_(nth), error_(error) {}
 
@@ -48,7 +48,7 @@ class FailingCalls : public FileCalls {
   private:
     bool fails(const std::string& name) {
         if (!made.ends_with(name + " ")) made += name + " ";
-        if (name != failing_ || --left_ > 0) return false;
+        if (name != failing_ || --left_ != 0) return false;
         errno = error_;
         return true;
     }

@@ -114,9 +114,9 @@ TEST_F(Saving, ResolvesLinksAndWritesThroughAPipeThatReadsAsEmpty) {
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_FALSE(save(pipe, "text")) << "nobody reads it";
     EXPECT_EQ(item(pipe)->OpenAsBinaryFile(false)->Read(10, nullptr), "");
-    EXPECT_TRUE(item(pipe)->OpenAsTextFile()->EOF_());
     const Descriptor reader(open(pipe.c_str(), O_RDONLY | O_NONBLOCK));
     save(pipe, "text");
+    EXPECT_TRUE(item(pipe)->OpenAsTextFile()->EOF_());
     char got[10] = {};
     EXPECT_EQ(read(reader.get(), got, sizeof got), 4);
 }
