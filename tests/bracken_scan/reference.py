@@ -2,20 +2,15 @@
 
 import fnmatch
 import os
-import stat
-
-WORD = frozenset(b"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_$")
+import pathlib
+import re
 
 
 def holds(text, name, whole):
     """`text` is in lower case."""
-    at = text.find(name)
-    while whole and at >= 0:
-        before, after = text[at - 1:at] if at else b"", text[at + len(name):at + len(name) + 1]
-        if not (before and before[0] in WORD) and not (after and after[0] in WORD):
-            return True
-        at = text.find(name, at + 1)
-    return at >= 0
+    if not whole:
+        return name in text
+    return re.search(rb"(?<![\w$])" + re.escape(name) + rb"(?![\w$])", text) is not None
 
 
 def excluded(path, globs):
@@ -23,43 +18,32 @@ def excluded(path, globs):
                for glob in globs for part in (path, os.path.basename(path)))
 
 
-def files_below(folder, excludes, entered, below=b"", through_link=False):
-    here = os.path.join(folder, below)
-    identity = os.stat(here)[stat.ST_DEV], os.stat(here)[stat.ST_INO]
-    if through_link and identity in entered:
-        return
-    entered.add(identity)
-    for name in sorted(os.listdir(here)):
-        path = os.path.join(below, name)
-        whole = os.path.join(folder, path)
-        if not os.path.exists(whole) or (os.path.isdir(whole) and excluded(path, excludes)):
-            continue
-        if os.path.isdir(whole):
-            yield from files_below(folder, excludes, entered, path, os.path.islink(whole))
-        else:
-            yield path
+def files_below(folder, excludes):
+    """Paths in `folder`; a link to a folder entered before is not followed."""
+    entered = set()
+    for here, folders, files in os.walk(folder, followlinks=True):
+        identity = os.stat(here).st_dev, os.stat(here).st_ino
+        repeated = os.path.islink(here) and identity in entered
+        entered.add(identity)
+        paths = {name: os.path.relpath(os.path.join(here, name), folder) for name in folders + files}
+        folders[:] = [] if repeated else sorted(name for name in folders if not excluded(paths[name], excludes))
+        if not repeated:
+            yield from (paths[name] for name in files if os.path.exists(os.path.join(here, name)))
 
 
 def pairs(folders, names, extensions=(), excludes=(), whole=False, prefix=b""):
     """(name, path) in the order of the answer; a path of b"" for a name that is nowhere."""
     found = {name: [] for name in names if name}
-    sought = {name: {name.lower()} for name in found}
-    for name in found:
-        if name.startswith(prefix) and name != prefix:
-            sought[name].add(name[len(prefix):].lower())
     for folder in folders:
-        for path in files_below(folder, excludes, set()):
-            dot = os.path.basename(path).rpartition(b".")
-            kept = not extensions or (dot[1] and dot[2].lower() in extensions)
-            if not kept or excluded(path, excludes):
+        for path in files_below(folder, excludes):
+            extension = os.path.basename(path).rpartition(b".")[2].lower()
+            if excluded(path, excludes) or (extensions and extension not in extensions):
                 continue
-            whole_path = os.path.join(folder, path)
-            text = b""
-            if stat.S_ISREG(os.stat(whole_path).st_mode):
-                with open(whole_path, "rb") as file:
-                    text = file.read().lower()
+            file = pathlib.Path(os.fsdecode(os.path.join(folder, path)))
+            text = file.read_bytes().lower() if file.is_file() else b""
             shown = folder.rstrip(b"/") + b"/" + path if len(folders) > 1 else path
-            for name, needles in sought.items():
-                if any(holds(text, needle, whole) for needle in needles):
-                    found[name].append(shown)
+            for name, paths in found.items():
+                sought = {name.lower(), name.removeprefix(prefix).lower()} - {b""}
+                if any(holds(text, needle, whole) for needle in sought):
+                    paths.append(shown)
     return [(name, path) for name, paths in found.items() for path in sorted(paths) or [b""]]

@@ -4,7 +4,6 @@
 #include <functional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "framework/files/file_calls.h"
 
@@ -13,7 +12,7 @@ namespace bracken::test {
 // The real calls, but for one that fails, and a record of their names in order.
 class FailingCalls : public FileCalls {
   public:
-    // The call of that name fails with `error`, from its `nth` time on, counted from 1.
+    // The call of that name fails with `error` its `nth` time, counted from 1.
     explicit FailingCalls(std::string name = "", int nth = 1, int error = ENOSPC)
         : failing_(std::move(name)), left_(nth), error_(error) {}
 
@@ -41,15 +40,15 @@ class FailingCalls : public FileCalls {
         return fails("rename") ? -1 : FileCalls::rename(from, to);
     }
 
-    // Calls made, those of one name in a row counted once.
-    std::vector<std::string> made;
+    // Calls made, each with a blank after it, those of one name in a row once.
+    std::string made;
     // What somebody else does before the next lock.
     std::function<void()> beforeLock;
 
   private:
     bool fails(const std::string& name) {
-        if (made.empty() || made.back() != name) made.push_back(name);
-        if (name != failing_ || --left_ > 0) return false;
+        if (!made.ends_with(name + " ")) made += name + " ";
+        if (name != failing_ || --left_ != 0) return false;
         errno = error_;
         return true;
     }

@@ -1,18 +1,21 @@
 #include "framework/files/shell.h"
 #include "framework/files/special_folder.h"
 #include "tests/framework_files/files_test.h"
-#include "tests/framework_files/variable.h"
 
 namespace bracken::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-class Places : public FilesTest {};
+class Places : public FilesTest {
+  protected:
+    const std::string home = folder.path("home");
+    const Variable setHome{"HOME", home};
+    const Variable noConfig{"XDG_CONFIG_HOME", std::nullopt};
+    const Variable noData{"XDG_DATA_HOME", std::nullopt};
+};
 
 TEST_F(Places, FollowTheVariablesAndElseTheHome) {
-    const std::string home = folder.path("some/home");
-    const Variable setHome("HOME", home);
     const std::string set = folder.path("set/place");
     for (const auto& value : {std::optional<std::string>(), {""}, {"not/absolute"}, {set + "/"}}) {
         const bool isSet = value == set + "/";
@@ -24,30 +27,22 @@ TEST_F(Places, FollowTheVariablesAndElseTheHome) {
                   isSet ? set : home + "/.local/share");
         EXPECT_EQ(modeOf(preferences), 0700U);
     }
-}
-
-TEST_F(Places, AreNilWithNoHome) {
-    const Variable home("HOME", std::nullopt);
-    const Variable config("XDG_CONFIG_HOME", std::nullopt);
-    const Variable data("XDG_DATA_HOME", std::nullopt);
+    const Variable noHome("HOME", std::nullopt);
     EXPECT_EQ(SpecialFolder::Preferences(), nullptr);
-    EXPECT_EQ(SpecialFolder::ApplicationData(), nullptr);
     EXPECT_EQ(SpecialFolder::Documents(), nullptr);
     EXPECT_FALSE(SpecialFolder::keepsPrivate("/file"));
 }
 
 TEST_F(Places, DocumentsAreWhereTheDesktopNotedThem) {
-    const Variable home("HOME", folder.path());
-    const Variable config("XDG_CONFIG_HOME", std::nullopt);
-    const std::string papers = folder.makeFolder("Papers of \"me\"");
+    const std::string papers = folder.makeFolder("home/Papers of \"me\"");
     for (const auto& [notes, documents] :
-         {std::pair("", folder.path()),
-          {"# XDG_DOCUMENTS_DIR=\"/tmp\"\nXDG_MUSIC_DIR=\"/tmp\"\n", folder.path()},
+         {std::pair("", home),
+          {"# XDG_DOCUMENTS_DIR=\"/tmp\"\nXDG_MUSIC_DIR=\"/tmp\"\n", home},
           {"XDG_DOCUMENTS_DIR=\"$HOME/Papers of \\\"me\\\"\"\n", papers},
           {"XDG_DOCUMENTS_DIR=\"/tmp\"", "/tmp"},
-          {"XDG_DOCUMENTS_DIR=\"$HOME/\"\n", folder.path()},
-          {"XDG_DOCUMENTS_DIR=\"$HOME/None\"\n", folder.path()}}) {
-        folder.write(".config/user-dirs.dirs", notes);
+          {"XDG_DOCUMENTS_DIR=\"$HOME/\"\n", home},
+          {"XDG_DOCUMENTS_DIR=\"$HOME/None\"\n", home}}) {
+        folder.write("home/.config/user-dirs.dirs", notes);
         EXPECT_EQ(SpecialFolder::Documents()->AbsolutePath(), documents) << notes;
     }
 }
@@ -57,9 +52,9 @@ TEST_F(Places, AShellWaitsAndFindsCommandsBesideTheProgramFirst) {
     const std::string name = program.filename();
     fs::permissions(folder.write("elsewhere/" + name, "#!/bin/sh\n"), fs::perms::owner_all);
     const Variable path("PATH", folder.path("elsewhere") + ":" + std::getenv("PATH"));
-    const auto quoted = [&](const char* file) { return item(folder.path(file))->ShellPath(); };
     Shell().Execute("[ \"$(command -v " + name + ")\" -ef " + item(program)->ShellPath() +
-                    " ] && printf %s \"$PATH\" > " + quoted("it's \"out\""));
+                    " ] && printf %s \"$PATH\" > " +
+                    item(folder.path("it's \"out\""))->ShellPath());
     EXPECT_TRUE(folder.read("it's \"out\"").ends_with(":" + std::string(std::getenv("PATH"))));
 }
 

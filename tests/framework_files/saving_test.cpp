@@ -19,26 +19,15 @@ class Saving : public FilesTest {
 };
 
 TEST_F(Saving, ReplacesOnClosingOnlyAndLeavesNoTrace) {
-    const std::string text = "new\n" + std::string(300000, 'x');
     for (const bool close : {false, true}) {
         const auto stream = item(file)->CreateTextFile();
         stream->WriteLine("new");
-        stream->Write(text.substr(4));
         EXPECT_EQ(folder.read("a"), "old");
         if (close) stream->Close();
         stream->Write("after the end");
     }
-    EXPECT_EQ(folder.read("a"), text);
+    EXPECT_EQ(folder.read("a"), "new\n");
     EXPECT_EQ(entriesOf(folder.path()), 1);
-}
-
-TEST_F(Saving, SyncsBeforeAndAfterTheRename) {
-    FailingCalls calls;
-    const auto replacing = ReplacingFile::open(file, {}, calls);
-    replacing->write("new");
-    EXPECT_TRUE(replacing->commit());
-    EXPECT_EQ(calls.made, (std::vector<std::string>{"open", "lock", "fchmod", "write", "fsync",
-                                                    "rename", "open", "fsync"}));
 }
 
 TEST_F(Saving, WhateverFailsTheFileIsTheOldOrTheNewOne) {
@@ -57,21 +46,17 @@ TEST_F(Saving, WhateverFailsTheFileIsTheOldOrTheNewOne) {
         SCOPED_TRACE(c.call + std::to_string(c.nth));
         folder.write("a", "old");
         FailingCalls calls(c.call, c.nth, c.error);
-        if (const auto replacing = ReplacingFile::open(file, {}, calls)) {
-            replacing->write(text);
-            replacing->write("more");
-            EXPECT_EQ(folder.read("a"), "old");
-            EXPECT_EQ(replacing->commit(), c.saved);
-        } else {
-            EXPECT_STREQ(c.call, "open");
-        }
+        const auto replacing = ReplacingFile::open(file, {}, calls);
+        if (replacing) replacing->write(text);
+        if (replacing) replacing->write("more");
+        EXPECT_EQ(replacing && replacing->commit(), c.saved);
         EXPECT_EQ(folder.read("a"), c.saved ? text + "more" : "old");
-        EXPECT_EQ(entriesOf(folder.path()), 1);
     }
+    EXPECT_EQ(entriesOf(folder.path()), 1);
 }
 
 TEST_F(Saving, KeepsTheModeAndPrivateOnesPrivate) {
-    const mode_t mask = umask(022);
+    umask(022);
     save(folder.path("fresh"), "x");
     EXPECT_EQ(modeOf(folder.path("fresh")), 0644U);
     chmod(file.c_str(), 0751);
@@ -85,8 +70,6 @@ TEST_F(Saving, KeepsTheModeAndPrivateOnesPrivate) {
         EXPECT_EQ(modeOf(path), 0600U);
         chmod(path.c_str(), 0664);
     }
-    settings->Delete();
-    umask(mask);
 }
 
 TEST_F(Saving, LeftOversGoWhenTheyHaveNoWriter) {
@@ -111,30 +94,31 @@ TEST_F(Saving, AFileRemovedBeforeItsLockIsMadeAgainAndLocksMayBeMissing) {
     replacing->write("whole");
     EXPECT_TRUE(replacing->commit());
     EXPECT_EQ(folder.read("a"), "whole");
+    EXPECT_EQ(calls.made, "open lock open lock fchmod write fsync rename open fsync ");
     folder.write(leftOver, "");
     FailingCalls none("lock", 1, ENOLCK);
     EXPECT_TRUE(ReplacingFile::open(file, {}, none)->commit());
     EXPECT_TRUE(fs::exists(folder.path(leftOver))) << "it may have a writer";
 }
 
-TEST_F(Saving, ResolvesLinksAndWritesThroughSpecialFiles) {
+TEST_F(Saving, ResolvesLinksAndWritesThroughAPipeThatReadsAsEmpty) {
     folder.write("deep/target", "old");
-    for (const char* target : {"deep/target", "deep/fresh"}) {
-        const std::string link = folder.path("link");
+    for (const std::string target : {"deep/target", "deep/fresh"}) {
+        const std::string link = folder.path("link-to-" + target.substr(5));
         fs::create_symlink(target, link);
         save(link, "new");
         EXPECT_TRUE(fs::is_symlink(link)) << target;
         EXPECT_EQ(folder.read(target), "new");
-        fs::remove(link);
     }
     const std::string pipe = folder.path("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_FALSE(save(pipe, "text")) << "nobody reads it";
+    EXPECT_EQ(item(pipe)->OpenAsBinaryFile(false)->Read(10, nullptr), "");
     const Descriptor reader(open(pipe.c_str(), O_RDONLY | O_NONBLOCK));
     save(pipe, "text");
+    EXPECT_TRUE(item(pipe)->OpenAsTextFile()->EOF_());
     char got[10] = {};
     EXPECT_EQ(read(reader.get(), got, sizeof got), 4);
-    EXPECT_STREQ(got, "text");
 }
 
 TEST_F(Saving, SaysWhichFileCannotBeMade) {
@@ -149,14 +133,11 @@ TEST_F(Saving, ACopyHasBytesAndModeAndLeavesTheTargetOnFailure) {
     const std::string bytes("a\0b\r\n\xff", 6);
     const Ref<FolderItem> source = item(folder.write("source", bytes));
     const Ref<FolderItem> copy = item(folder.path("copy"));
-    const Ref<FolderItem> into = item(folder.makeFolder("into"));
     chmod(source->AbsolutePath().c_str(), 0600);
     source->CopyFileTo(copy);
-    source->CopyFileTo(into);
-    EXPECT_EQ(folder.read("into/source"), bytes);
     EXPECT_EQ(modeOf(folder.path("copy")), 0600U);
     item(folder.path("none"))->CopyFileTo(copy);
-    into->CopyFileTo(copy);
+    item(folder.path())->CopyFileTo(copy);
     EXPECT_EQ(folder.read("copy"), bytes);
 }
 

@@ -20,10 +20,9 @@ TEST_P(Attach, AttachesWhatTouchesTheSplitter) {
     const Case cases[] = {
         {300, 104, 100, 200, true}, {300, 105, 100, 200, false}, {300, 96, 100, 200, true},
         {300, 95, 100, 200, false}, {414, 50, 100, 200, true},   {415, 50, 100, 200, false},
-        {406, 50, 100, 200, true},  {405, 50, 100, 200, false},  {350, 200, 100, 200, false},
-        {300, 100, 304, 50, true},  {300, 100, 305, 50, false},  {300, 100, 50, 46, true},
-        {300, 100, 50, 45, false},  {300, 100, 150, 20, true},   {300, 100, 0, 600, true},
-        {300, 100, 96, 300, true},  {300, 100, 104, 192, true},  {300, 100, -100, 196, true},
+        {406, 50, 100, 200, true},  {405, 50, 100, 200, false},  {300, 100, 304, 50, true},
+        {300, 100, 305, 50, false}, {300, 100, 50, 46, true},    {300, 100, 50, 45, false},
+        {300, 100, 0, 600, true},
     };
     stage.owned.push_back(std::make_shared<Timer>(stage, "timer"));
     auto& control = add("control", 0, 0);
@@ -92,19 +91,6 @@ TEST_P(Attach, ChoosesTheRoleBySideClassAndContainer) {
     EXPECT_EQ(Probe::names(splitter), "far farInside button level box ");
 }
 
-TEST_P(Attach, KeepsAnOffsetThatTheAuthorGave) {
-    auto& min = add("min", 300, 100);
-    auto& max = add("max", 410, 100);
-    // A negative one counts as given too.
-    for (const auto& [given, kept] : {std::pair{0, 30}, {7, 7}, {-7, 0}}) {
-        auto& made = add<SmartSplitter>("made", 400, 10);
-        made.MinLimitOffset = made.MaxLimitOffset = given;
-        made.Open = [&] { made.attach(&min); };
-        made.attach(&max);
-        EXPECT_EQ((std::pair{made.MinLimitOffset, made.MaxLimitOffset}), (std::pair{kept, kept}));
-    }
-}
-
 TEST_P(Attach, FindsTheBoundsByNearEdgeAndFarEdge) {
     open();
     for (auto* control :
@@ -117,12 +103,6 @@ TEST_P(Attach, FindsTheBoundsByNearEdgeAndFarEdge) {
     splitter.unAttach(&z, false);
     EXPECT_EQ(Probe::bounds(splitter), "c z") << "detaching keeps them";
     EXPECT_THROW(splitter.setMinAttachedControl(nullptr, true), NilObjectException);
-    splitter.setAttachedControlShouldMove(&z, true);
-    splitter.showWarningsDialogs = true;
-    platform.expectBox(
-        "The control 'z' passed to the SmartSplitter 'splitter' method "
-        "'setAttachedControlShouldMove' has not been attached.\n\nControl must be attached BEFORE "
-        "calling this method.");
     splitter.setAttachedControlShouldMove(&z, true);
 }
 

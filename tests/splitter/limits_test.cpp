@@ -84,10 +84,13 @@ TEST_P(Limits, ComeFromTheBoundingControls) {
 TEST_P(Limits, GivenByTheAuthorStayButTheRangeFollows) {
     splitter.MinLimit = 350;
     splitter.MaxLimit = 450;
+    splitter.MinLimitOffset = 7;
+    splitter.MaxLimitOffset = -7;
     add<PushButton>("min", 280, 120);
     add<PushButton>("max", 410, 90);
     open();
     EXPECT_EQ(limits(), (std::pair{350, 450}));
+    EXPECT_EQ((std::pair{splitter.MinLimitOffset, splitter.MaxLimitOffset}), (std::pair{7, 0}));
     EXPECT_EQ(Probe::range(splitter), (std::pair{270, 500}));
     splitter.setMaxLimit(460);
     resizeWindow(windowSize() + 25);

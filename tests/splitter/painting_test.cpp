@@ -1,6 +1,5 @@
 #include <array>
 
-#include "framework/controls/panels.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
@@ -43,11 +42,10 @@ const State states[] = {
 class Painting : public SplitterTest {
   protected:
     // A splitter that is set up under that state.
-    SmartSplitter& made(const State& state, RectControl* parent = nullptr) {
+    SmartSplitter& made(const State& state) {
         stage.Frame = state.frame;
         auto& result = add<SmartSplitter>("painted", 0, 9);
         cross().setExtent(result, 25);
-        result.Parent = parent;
         result.setHandleType(0);
         result.Enabled = state.enabled;
         result.Active = state.active;
@@ -76,10 +74,6 @@ TEST_P(Painting, EachHandleInEachState) {
             painted.setHandleType(handle.type);
             expect(painted, handle, state);
         }
-    SmartSplitter& inside = made(states[3], &add<TabPanel>("panel", 0, 300));
-    EXPECT_FALSE(inside.handleDimple) << "a tab panel is no dark background";
-    inside.setHandleType(1);
-    expect(inside, handles[0]);
 }
 
 TEST_P(Painting, TheGhostIsAFrameOnlyWhileDragging) {

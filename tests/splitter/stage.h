@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "framework/windows/windows.h"
-#include "splitter/canvas_smart_splitter_debugger.h"
 #include "splitter/smart_splitter.h"
 #include "tests/support/fake_platform.h"
 
@@ -45,7 +44,6 @@ class SmartSplitterProbe {
     static bool holdsOthers(const RectControl& c) {
         return SmartSplitter::controlCommonlyHasEmbeddedControls(c);
     }
-    static const Pixels& drawing(CanvasSmartSplitterDebugger& canvas) { return canvas.p->pixels(); }
 };
 
 }  // namespace bracken

@@ -66,7 +66,7 @@ TEST_F(Suggestions, FollowTheClassOfTheControl) {
         {"top bottom", locked(false), "2 30", "2 30 resizes", false},
         {"button", make<PushButton>(), "2 30", "2 30", false},
         {"vertical splitter", make<SmartSplitter>(5), "2 30", "2 30 resizes", true},
-        {"square splitter", make<SmartSplitter>(), "2 30 resizes", "2 30", true},
+        {"horizontal splitter", make<SmartSplitter>(201), "2 30 resizes", "2 30", true},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(Probe::holdsOthers(c.control), c.holdsOthers) << c.name;
