@@ -107,18 +107,5 @@ TEST_F(Document, FindsOneHitAfterTheOther) {
     EXPECT_EQ(hit(document.Find("nowhere")), "no ");
 }
 
-TEST_F(Document, DumpShowsTheMarksChildrenFirst) {
-    test::FakePlatform platform;
-    root.SetString("a", "<");
-    root.searched.Remove("a");
-    root.SetList("list", {"x"}, 0, 0);
-    document.headers = {"", "head"};
-    document.Dump();
-    EXPECT_EQ(platform.clipboard,
-              "head\r\t\t<string>x</string>\r"
-              "\t<key>a</key>\r\t<nosearch/>\r\t<string>&lt;</string>\r"
-              "\t<key>list</key>\r\t<search/>\r\t<array>\r\t</array>\rhead\r</dict>\r</plist>\r");
-}
-
 }  // namespace
 }  // namespace bracken
