@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 #include <climits>
@@ -77,6 +78,13 @@ ssize_t read(int descriptor, void* bytes, size_t count) {
     return FailingSystem::own(read, "read")(descriptor, bytes, count);
 }
 
+ssize_t preadv2(int descriptor, const iovec* parts, int count, off_t offset, int flags) {
+    if (FailingSystem::fails("preadv2")) return -1;
+    iovec first = *parts;
+    if (FailingSystem::armed != nullptr) first.iov_len = std::min(first.iov_len, size_t{4096});
+    return FailingSystem::own(preadv2, "preadv2")(descriptor, &first, count, offset, flags);
+}
+
 // Of openat2, which has no function of its own, and whatever else.
 long syscall(long number, ...) noexcept {
     va_list rest;
@@ -133,12 +141,12 @@ class Unreadable : public Results {
 };
 
 TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
-    std::set<std::string> failed, calledByRun;
+    std::set<std::string> failed, calledByRun, calledAhead;
     for (const auto& [byRun, cold] : {std::pair<std::optional<bool>, bool>(true, false),
                                       {true, true},
                                       {false, false},
                                       {std::nullopt, true}}) {
-        for (const char* call : {"readdir", "openat", "openat2", "read"}) {
+        for (const char* call : {"readdir", "openat", "openat2", "preadv2", "read"}) {
             for (int nth = 1, made = nth; made >= nth; nth++) {
                 FailingSystem system{call, byRun, cold, nth};
                 FailingSystem::armed = &system;
@@ -147,12 +155,13 @@ TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
                 EXPECT_TRUE(finished || byRun != false);
                 if (!finished) failed.insert(call);
                 made = system.made;
-                if (made > 0 && byRun == true) calledByRun.insert(call);
+                if (made > 0) (byRun == true ? calledByRun : calledAhead).insert(call);
             }
         }
     }
     EXPECT_EQ(failed, (std::set<std::string>{"openat", "read", "readdir"}));
     EXPECT_EQ(calledByRun, std::set<std::string>{"readdir"}) << "files are read ahead of it";
+    EXPECT_TRUE(calledAhead.contains("openat2") && calledAhead.contains("preadv2"));
 }
 
 // The threads that read ahead wait at their first file for the baton, which this one gives up only
