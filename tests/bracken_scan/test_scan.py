@@ -98,7 +98,7 @@ class Uses(unittest.TestCase):
                 (1, "", "--tables=names", "src"), (1, "", "src", "--tables", "names", "--allow=allow"),
                 (0, "", "--tables=-", "--", "src", "src/"), (0, "", "--help", "--tables"), (0, "", "--version"),
                 (2, "b.js: Not a directory", "--tables=-", "src", "src/b.js"),
-                (2, "none: No such file", "--tables=-", "src", "none"),
+                (2, "none: No such file", "--tables=-", "src", "none"), (2, ": No such file", "--tables=-", ""),
                 (2, "together", "--tables=-", "--database=x", "src"), (2, "is needed", "src"),
                 (2, "FOLDER", "--tables=-"), (2, "no option --foo", "--foo"), (2, "no option -x", "-xy"),
                 (2, "takes a value", "--tables"), (2, "takes no value", "--unused=1"),

@@ -84,6 +84,8 @@ TEST_F(Items, FollowLinksUnderTheirOwnNames) {
     EXPECT_EQ(top->Item(2)->Length(), 4U);
     fs::remove(folder.path("real/file"));
     EXPECT_EQ(top->Item(2), nullptr) << "its target went, its own folder is untouched";
+    top->Item(1)->Delete();
+    EXPECT_TRUE(fs::exists(folder.path("real")) && !fs::exists(folder.path("a-folder")));
 }
 
 TEST_F(Items, AWalkThatGoesOnByItselfKnowsWhatWasEntered) {

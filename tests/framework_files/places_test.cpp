@@ -28,7 +28,9 @@ TEST_F(Places, FollowTheVariablesAndElseTheHome) {
         EXPECT_EQ(modeOf(preferences), 0700U);
     }
     const Variable noHome("HOME", std::nullopt);
+    const Variable data("XDG_DATA_HOME", std::nullopt);
     EXPECT_EQ(SpecialFolder::Preferences(), nullptr);
+    EXPECT_EQ(SpecialFolder::ApplicationData(), nullptr);
     EXPECT_EQ(SpecialFolder::Documents(), nullptr);
     EXPECT_FALSE(SpecialFolder::keepsPrivate("/file"));
 }
