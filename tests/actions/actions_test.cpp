@@ -3,7 +3,6 @@
 #include "tests/actions/opened_results.h"
 
 namespace bracken::test {
-namespace {
 
 class Actions : public OpenedResults {
   protected:
@@ -143,5 +142,4 @@ TEST_F(Actions, TheQuestionBeforeAReportAndItsAnswers) {
     EXPECT_EQ(program.platform.launched.size(), 3U);
 }
 
-}  // namespace
 }  // namespace bracken::test

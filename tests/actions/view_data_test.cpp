@@ -3,7 +3,6 @@
 #include "tests/actions/opened_results.h"
 
 namespace bracken::test {
-namespace {
 
 class Data : public OpenedResults {
   protected:
@@ -100,5 +99,4 @@ TEST_F(Data, FailuresEndWithTheWheelTurning) {
     EXPECT_TRUE(window.ProgressWheel1.Visible);
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -2,7 +2,6 @@
 #include "tests/actions/opened_results.h"
 
 namespace bracken::test {
-namespace {
 
 class ViewScript : public OpenedResults {
   protected:
@@ -125,5 +124,4 @@ TEST_F(ViewScript, KeepsItsPlaceAndTheDividerSharesTheWindow) {
     EXPECT_EQ(script.EditField1.Height, 443);
 }
 
-}  // namespace
 }  // namespace bracken::test

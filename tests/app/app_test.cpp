@@ -8,7 +8,6 @@
 #include "tests/support/program.h"
 
 namespace bracken::test {
-namespace {
 
 class AppTest : public testing::Test {
   protected:
@@ -103,5 +102,4 @@ TEST_F(AppTest, TheProgramEndsWithItsLastWindowUnlessARunIsAliveOrByQuit) {
     EXPECT_TRUE(Windows::get().all().empty());
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -8,8 +8,7 @@
 #include "framework/windows/window.h"
 #include "tests/support/fake_platform.h"
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
 class Controls : public testing::Test {
   protected:
@@ -30,7 +29,7 @@ class Controls : public testing::Test {
         return all;
     }
 
-    test::FakePlatform platform;
+    FakePlatform platform;
     std::shared_ptr<Window> window = std::make_shared<Window>();
     Listbox list{*window, "list"};
     PopupMenu popup{*window, "popup"};
@@ -149,5 +148,4 @@ TEST(ListRows, HoldTextsOfAnyLengthInAnyOrder) {
     }
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

@@ -8,8 +8,7 @@
 #include "framework/windows/windows.h"
 #include "tests/support/fake_platform.h"
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
 class Probe : public Window {
   public:
@@ -41,7 +40,7 @@ class WindowTest : public testing::Test {
                std::to_string(control.Width) + "x" + std::to_string(control.Height);
     }
 
-    test::FakePlatform platform;
+    FakePlatform platform;
 };
 
 TEST_F(WindowTest, LocksHoldControlsToTheWindowsEdges) {
@@ -126,5 +125,4 @@ TEST_F(WindowTest, ManyChangesAskForOneFrame) {
     EXPECT_EQ(platform.frames, before + 2);
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

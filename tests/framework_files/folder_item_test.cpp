@@ -1,8 +1,8 @@
+#include "framework/files/listing_cache.h"
 #include "tests/framework_files/files_test.h"
 #include "tests/support/outcome.h"
 
 namespace bracken::test {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -88,6 +88,20 @@ TEST_F(Items, FollowLinksUnderTheirOwnNames) {
     EXPECT_TRUE(fs::exists(folder.path("real")) && !fs::exists(folder.path("a-folder")));
 }
 
+// Of a folder that has not changed for long, and of one in which the next change might not show.
+TEST_F(Items, ListingsAreKeptWhileAnyCacheLives) {
+    const auto isKept = [](const std::string& path) {
+        return ListingCache::list(path) == ListingCache::list(path);
+    };
+    auto first = std::make_unique<ListingCache>();
+    auto second = std::make_unique<ListingCache>();
+    first = nullptr;
+    EXPECT_TRUE(isKept("/mnt"));
+    EXPECT_FALSE(isKept(folder.path()));
+    second = nullptr;
+    EXPECT_FALSE(isKept("/mnt"));
+}
+
 TEST_F(Items, AWalkThatGoesOnByItselfKnowsWhatWasEntered) {
     for (const std::string name : {"1", "2"}) {
         folder.makeFolder(name + "/in");
@@ -104,5 +118,4 @@ TEST_F(Items, AWalkThatGoesOnByItselfKnowsWhatWasEntered) {
     EXPECT_EQ(top->copy()->Item(4)->Count(), 1) << "from the start";
 }
 
-}  // namespace
 }  // namespace bracken::test

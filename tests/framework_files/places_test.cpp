@@ -1,9 +1,10 @@
+#include <sys/wait.h>
+
 #include "framework/files/shell.h"
 #include "framework/files/special_folder.h"
 #include "tests/framework_files/files_test.h"
 
 namespace bracken::test {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -57,8 +58,8 @@ TEST_F(Places, AShellWaitsAndFindsCommandsBesideTheProgramFirst) {
     Shell().Execute("[ \"$(command -v " + name + ")\" -ef " + item(program)->ShellPath() +
                     " ] && printf %s \"$PATH\" > " +
                     item(folder.path("it's \"out\""))->ShellPath());
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "nobody is left to wait for";
     EXPECT_TRUE(folder.read("it's \"out\"").ends_with(":" + std::string(std::getenv("PATH"))));
 }
 
-}  // namespace
 }  // namespace bracken::test

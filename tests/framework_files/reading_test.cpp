@@ -2,7 +2,6 @@
 #include "tests/support/outcome.h"
 
 namespace bracken::test {
-namespace {
 
 class Reading : public FilesTest {};
 
@@ -51,5 +50,4 @@ TEST_F(Reading, SaysWhichFileCannotBeReadAndWhy) {
               "NilObjectException: /proc/self/mem: Input/output error");
 }
 
-}  // namespace
 }  // namespace bracken::test

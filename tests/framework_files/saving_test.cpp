@@ -8,7 +8,6 @@
 #include "tests/support/outcome.h"
 
 namespace bracken::test {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -141,5 +140,73 @@ TEST_F(Saving, ACopyHasBytesAndModeAndLeavesTheTargetOnFailure) {
     EXPECT_EQ(folder.read("copy"), bytes);
 }
 
-}  // namespace
+// An ordinary user, whom the test plays also when root runs it.
+class Permission : public FilesTest {
+  protected:
+    Permission() {
+        if (root_) {
+            EXPECT_EQ(chown(folder.path().c_str(), nobody, nobody), 0);
+            become(nobody);
+        }
+        folder.write("f", "old and long");
+    }
+    ~Permission() override {
+        chmod(folder.path().c_str(), 0700);
+        if (root_) become(0);
+    }
+
+    static void become(uid_t user) { EXPECT_EQ(seteuid(user), 0); }
+
+    static constexpr uid_t nobody = 65534;
+    const bool root_ = geteuid() == 0;
+    const std::string file = folder.path("f");
+};
+
+TEST_F(Permission, IsNeededToReadAndToWrite) {
+    chmod(file.c_str(), 0400);
+    EXPECT_EQ(item(file)->OpenAsBinaryFile(false)->Read(3, nullptr), "old");
+    EXPECT_EQ(item(file)->OpenAsBinaryFile(true), nullptr);
+    EXPECT_FALSE(save(file, "x")) << "though its folder would allow a rename";
+    EXPECT_EQ(folder.read("f"), "old and long");
+    chmod(file.c_str(), 0);
+    EXPECT_EQ(item(file)->OpenAsBinaryFile(false), nullptr);
+}
+
+TEST_F(Permission, AnothersFileStaysTheirsAndIsWrittenInPlaceInAStickyFolder) {
+    const auto status = [this] {
+        struct stat now = {};
+        stat(file.c_str(), &now);
+        return now;
+    };
+    const uid_t owner = status().st_uid;
+    if (root_) become(0);
+    EXPECT_TRUE(save(file, "by root"));
+    EXPECT_EQ(status().st_uid, owner);
+    if (!root_) return;
+    for (const std::string& path : {folder.path(), file}) EXPECT_EQ(chown(path.c_str(), 0, 0), 0);
+    chmod(folder.path().c_str(), 01777);
+    chmod(file.c_str(), 0666);
+    const ino_t inode = status().st_ino;
+    become(nobody);
+    EXPECT_TRUE(save(file, "in place"));
+    EXPECT_EQ(status().st_ino, inode);
+}
+
+TEST_F(Permission, FilesAreWrittenInPlaceWhereTheFolderAllowsNoNeighbour) {
+    chmod(folder.path().c_str(), 0500);
+    item(file)->CreateTextFile()->Write("given up");
+    EXPECT_EQ(folder.read("f"), "old and long");
+    for (const int error : {ENOSPC, EDQUOT, EOPNOTSUPP}) {
+        FailingCalls calls("fallocate", 1, error);
+        const auto replacing = ReplacingFile::open(file, {}, calls);
+        replacing->write("new");
+        EXPECT_EQ(replacing->commit(), error == EOPNOTSUPP) << "there may be room: " << error;
+        EXPECT_EQ(folder.read("f"), error == EOPNOTSUPP ? "new" : "old and long");
+    }
+    EXPECT_FALSE(save(folder.path("fresh"), "x"));
+    const Variable preferences("XDG_CONFIG_HOME", folder.path());
+    EXPECT_TRUE(save(file, "secret"));
+    EXPECT_EQ(modeOf(file), 0600U);
+}
+
 }  // namespace bracken::test

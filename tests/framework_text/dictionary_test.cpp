@@ -4,8 +4,7 @@
 
 #include <random>
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
 // The simplest dictionary.
 struct Rows : std::vector<std::pair<std::string, int>> {
@@ -77,5 +76,4 @@ TEST(Dictionary, RaisesForWhatItDoesNotHold) {
     EXPECT_THROW(dictionary.Value("A"), KeyNotFoundException);
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

@@ -14,8 +14,7 @@
 #include "framework/threads/without_baton.h"
 #include "tests/support/fake_platform.h"
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
 class Body : public Thread {
   public:
@@ -34,7 +33,7 @@ Ref<Body> body(std::function<void()> work) {
 
 class ThreadTest : public testing::Test {
   protected:
-    test::FakePlatform platform;
+    FakePlatform platform;
 };
 
 // Two numbers that a run changes together must never be seen apart, wherever the main thread cuts
@@ -77,12 +76,12 @@ TEST_F(ThreadTest, KilledDuringABlockingCallItTouchesNothingMore) {
         touched = true;
     });
     thread->Run();
-    test::runUntil([&] { return blocked.load(); });
+    runUntil([&] { return blocked.load(); });
     thread->Kill();
     release = true;
     auto next = body([] {});
     next->Run();
-    test::runUntil([&] { return !next->running(); });
+    runUntil([&] { return !next->running(); });
     Thread::killAll();
     {
         BatonRelease released;
@@ -103,7 +102,7 @@ TEST_F(ThreadTest, ABoxOfARunIsAnsweredOnTheMainThreadAndTheRunComesNext) {
     });
     thread->Run();
     order = "caller ";
-    test::runUntil([&] { return order != "caller "; });
+    runUntil([&] { return order != "caller "; });
     order += "next event";
     EXPECT_EQ(order, "caller answered beeped next event");
     EXPECT_FALSE(thread->running());
@@ -123,7 +122,7 @@ TEST_F(ThreadTest, KillClosesTheBoxOfTheRun) {
         thread->Kill();
     };
     thread->Run();
-    test::runUntil([&] { return platform.boxCodes.size() == 1; });
+    runUntil([&] { return platform.boxCodes.size() == 1; });
     EXPECT_FALSE(touched);
 }
 
@@ -148,5 +147,4 @@ TEST_F(ThreadTest, KillReleasesARunWhoseBoxHasNotComeUpYet) {
     EXPECT_TRUE(unwound);
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

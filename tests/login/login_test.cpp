@@ -10,7 +10,6 @@
 #include "tests/support/temp_folder.h"
 
 namespace bracken::test {
-namespace {
 
 std::string text(const std::string& key, const std::string& value) {
     return "<key>" + key + "</key>\n<string>" + value + "</string>\n";
@@ -178,5 +177,4 @@ TEST_F(Login, GoRunsAndWarnsOfAFolderThatIsGone) {
     }
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -6,7 +6,6 @@
 #include "tests/platform_mysql/mysql_test.h"
 
 namespace bracken::test {
-namespace {
 
 using namespace std::string_literals;
 
@@ -125,5 +124,4 @@ TEST_F(Connect, TheCommandLineListsWhatTheServerHas) {
     }
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -13,7 +13,6 @@
 #include "tests/platform_mysql/mysql_test.h"
 
 namespace bracken::test {
-namespace {
 
 std::string number(size_t value, int bytes) {
     std::string made;
@@ -186,5 +185,4 @@ TEST_F(Lying, NoServerGetsThePasswordInClear) {
     }
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -2,7 +2,6 @@
 #include "tests/support/outcome.h"
 
 namespace bracken::test {
-namespace {
 
 using namespace std::string_literals;
 
@@ -94,5 +93,4 @@ TEST_F(Rows, AreNilWithTheServersWordsWhereTheStatementGivesNone) {
     EXPECT_EQ(select("show databases like 'data'"), "data|\n");
 }
 
-}  // namespace
 }  // namespace bracken::test

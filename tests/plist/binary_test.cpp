@@ -40,12 +40,7 @@ int __wrap_rename(const char* from, const char* to) {
 }
 }
 
-namespace bracken {
-namespace {
-
-using test::foot;
-using test::head;
-using test::picture;
+namespace bracken::test {
 
 class Binary : public testing::Test {
   protected:
@@ -63,7 +58,7 @@ class Binary : public testing::Test {
     Ref<FolderItem> item() const { return GetFolderItem(folder.path(file), 0); }
 
     static constexpr const char* file = "a b.plist";
-    test::TempFolder folder;
+    TempFolder folder;
 };
 
 TEST_F(Binary, OpensChangesAndIsSavedAsBinary) {
@@ -169,5 +164,4 @@ TEST_F(Binary, ACommandThatNeverEndsIsEndedWithAllThatItStarted) {
     close(ends[0]);
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

@@ -8,13 +8,12 @@
 #include "tests/plist/trees.h"
 #include "tests/support/fake_platform.h"
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
-class Controls : public testing::Test, protected test::EmptyDocument {
+class Controls : public testing::Test, protected EmptyDocument {
   protected:
     baton::Hold hold;
-    test::FakePlatform platform;
+    FakePlatform platform;
     Window window;
 };
 
@@ -59,18 +58,30 @@ TEST_F(Controls, ListsKeepRowsAndSelection) {
     list.Cell(0, 1) = "c";
     popup.ListIndex = 1;
     root.SetListbox(&list);
-    root.GetPopup(&popup, false);
+    root.SetPopup(&popup);
     popup.ListIndex = 0;
+    root.GetPopup(&popup, false);
+    EXPECT_EQ(popup.ListIndex, 0);
     root.GetPopup(&popup, true);
     EXPECT_EQ(popup.ListIndex, 1);
     EXPECT_EQ(popup.ListCount(), 6) << "rows are added to those that it has";
     list.DeleteAllRows();
     root.GetListbox(&list, false);
     EXPECT_EQ(list.List(0) + std::string(list.Cell(0, 1)) + list.List(1), "acb");
+    Listbox single(window, "single");
+    for (const char* text : {"a", "b"}) single.AddRow(text);
+    root.SetListbox(&single);
+    single.DeleteAllRows();
+    root.GetListbox(&single, false);
+    EXPECT_EQ(single.List(0) + single.List(1), "ab");
+    root.Remove(root.types.Key(2));
+    root.AppendListbox(&list);
+    root.AppendPopup(&popup);
     expect("lists",
            "{list.4:dict{default:string='' elements:array[0:array[0:string=a 1:string=c] "
            "1:array[0:string=b 1:string='']]} popup.-2147483648:dict{default:string=b "
-           "elements:array[0:string=a 1:string=b]}}");
+           "elements:array[0:string=a 1:string=b]}}",
+           "root is not an array");
 }
 
 TEST_F(Controls, WindowsComeBackAsTheyWere) {
@@ -96,5 +107,4 @@ TEST_F(Controls, WindowsComeBackAsTheyWere) {
     expect("frames", "{w:" + stored + " a:array[0:" + stored + "] again:" + stored + "}");
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

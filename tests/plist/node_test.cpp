@@ -1,13 +1,11 @@
 #include "tests/plist/trees.h"
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
-using test::picture;
 using Texts = std::vector<std::string>;
 
 // What operations do to an empty root, and the error that they leave.
-class Node : public testing::Test, protected test::EmptyDocument {
+class Node : public testing::Test, protected EmptyDocument {
   protected:
     // An array under this key.
     plistDict& array(const std::string& key, const Texts& elements) {
@@ -20,8 +18,10 @@ TEST_F(Node, KeysHaveOneTypeAndOneSpelling) {
     root.GetString("s");
     root.GetInteger("i");
     root.GetBoolean("b");
+    root.GetReal("r");
+    root.GetColor("c");
     expect("a getter stores its default, and a switch is on",
-           "{s:string='' i:integer=0 b:boolean=true}");
+           "{s:string='' i:integer=0 b:boolean=true r:real=0 c:string=000}");
     root.SetInteger("a", 1.5);
     root.SetString("A", "x");
     expect("spelling", "{a:integer=2}", "Type Mismatch: A is a integer");
@@ -77,6 +77,11 @@ TEST_F(Node, MovingCopiesAndRemoves) {
     root.SetString("a", "x");
     root.Move("a", nullptr);
     expect("nowhere to move to", "{a:string=x}", "Destination is nil");
+    root.Rename("a", "b");
+    expect("nothing to move", "{}", "Source does not exist.");
+    root.SetString("a", "x");
+    root.Rename("a", "b");
+    expect("a scalar", "{b:string=x}");
     array("a", {"p"});
     root.Rename(root.types.Key(0), "c");
     expect("an array arrives as a dictionary", "{c:dict{0:string=p}}");
@@ -140,5 +145,4 @@ TEST_F(Node, KeepsWhatSomebodyHolds) {
     EXPECT_THROW(held->AbsolutePath(), NilObjectException);
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

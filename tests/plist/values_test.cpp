@@ -1,15 +1,13 @@
 #include "framework/text/text.h"
 #include "tests/plist/trees.h"
 
-namespace bracken {
-namespace {
+namespace bracken::test {
 
-using test::picture;
-using Node = plistDict&;
+using Tree = plistDict&;
 using Key = const std::string&;
 
 // A key of each tag; "n" is none of them.
-struct Everything : test::EmptyDocument {
+struct Everything : EmptyDocument {
     Everything() {
         read(
             "<key>s</key><string>FF8010</string>\n<key>i</key><integer>12</integer>\n<key>r</key>"
@@ -31,24 +29,29 @@ Ref<Date> moment() {
 TEST(Values, AreReadByTag) {
     struct Case {
         const char* name;
-        std::string (*get)(Node n, Key k);
+        std::string (*get)(Tree n, Key k);
         const char* results;
     };
     const char* texts =
         "s=FF8010 i=12 r=2.9 e=&h1F b=TRUE t=2004-03-12T07:59:01Z d=QQ== w=x c=K a=K n=x string=x";
     const char* reals = "s=0 i=12 r=2.9 e=31 b=0 t=-1T d=0 w=0 c=0I a=0I n=2.5 real=2.5";
     const Case cases[] = {
-        {"GetValue", [](Node n, Key k) { return n.GetValue(k, "x"); }, texts},
-        {"GetString", [](Node n, Key k) { return n.GetString(k, "x"); }, texts},
-        {"GetData", [](Node n, Key k) { return n.GetData(k, "x"); }, texts},
-        {"GetInteger", [](Node n, Key k) { return Str(n.GetInteger(k, 7)); },
+        {"GetValue", [](Tree n, Key k) { return n.GetValue(k, "x"); }, texts},
+        {"GetString", [](Tree n, Key k) { return n.GetString(k, "x"); }, texts},
+        {"GetData", [](Tree n, Key k) { return n.GetData(k, "x"); }, texts},
+        {"GetInteger", [](Tree n, Key k) { return Str(n.GetInteger(k, 7)); },
          "s=0 i=12 r=2 e=31 b=0 t=-1T d=0 w=0 c=0I a=0I n=7 integer=7"},
-        {"GetDouble", [](Node n, Key k) { return Str(n.GetDouble(k, 2.5)); }, reals},
-        {"GetReal", [](Node n, Key k) { return Str(n.GetReal(k, 2.5)); }, reals},
-        {"GetBoolean", [](Node n, Key k) { return Str(n.GetBoolean(k, true)); },
+        {"GetDouble", [](Tree n, Key k) { return Str(n.GetDouble(k, 2.5)); }, reals},
+        {"GetReal", [](Tree n, Key k) { return Str(n.GetReal(k, 2.5)); }, reals},
+        {"GetBoolean", [](Tree n, Key k) { return Str(n.GetBoolean(k, true)); },
          "s=0T i=0T r=0T e=0T b=1 t=0T d=0T w=0T c=0T a=0T n=1 boolean=true"},
-        {"GetColor", [](Node n, Key k) { return Str(n.GetColor(k, RGB(1, 2, 255)).green); },
-         "s=128 i=0T r=0T e=0T b=0T t=0T d=0T w=0T c=0T a=0T n=255 string=12FF"},
+        {"GetColor",
+         [](Tree n, Key k) {
+             const Color color = n.GetColor(k, RGB(1, 2, 255));
+             return Str(color.red) + "," + Str(color.green);
+         },
+         "s=255,128 i=0,0T r=0,0T e=0,0T b=0,0T t=0,0T d=0,0T w=0,0T c=0,0T a=0,0T n=18,255 "
+         "string=12FF"},
     };
     for (const Case& c : cases) {
         std::string results;
@@ -67,19 +70,19 @@ TEST(Values, AreReadByTag) {
 TEST(Values, AreSetByTag) {
     struct Case {
         const char* name;
-        void (*set)(Node n, Key k);
+        void (*set)(Tree n, Key k);
         const char* stored;
     };
     const Case cases[] = {
-        {"SetString", [](Node n, Key k) { n.SetString(k, "x"); }, "s:string=x n:string=x "},
-        {"SetInteger", [](Node n, Key k) { n.SetInteger(k, -2.5); }, "i:integer=-3 n:integer=-3 "},
-        {"SetBoolean", [](Node n, Key k) { n.SetBoolean(k, false); },
+        {"SetString", [](Tree n, Key k) { n.SetString(k, "x"); }, "s:string=x n:string=x "},
+        {"SetInteger", [](Tree n, Key k) { n.SetInteger(k, -2.5); }, "i:integer=-3 n:integer=-3 "},
+        {"SetBoolean", [](Tree n, Key k) { n.SetBoolean(k, false); },
          "b:boolean=false n:boolean=false "},
-        {"SetDouble", [](Node n, Key k) { n.SetDouble(k, 1e15); }, "r:real=1e+15 n:real=1e+15 "},
-        {"SetReal", [](Node n, Key k) { n.SetReal(k, 0.1); }, "e:real=0.1 n:real=0.1 "},
-        {"SetDate", [](Node n, Key k) { n.SetDate(k, moment()); },
+        {"SetDouble", [](Tree n, Key k) { n.SetDouble(k, 1e15); }, "r:real=1e+15 n:real=1e+15 "},
+        {"SetReal", [](Tree n, Key k) { n.SetReal(k, 0.1); }, "e:real=0.1 n:real=0.1 "},
+        {"SetDate", [](Tree n, Key k) { n.SetDate(k, moment()); },
          "t:date=2004-03-12T07:59:01Z n:date=2004-03-12T07:59:01Z "},
-        {"SetColor", [](Node n, Key k) { n.SetColor(k, RGB(16, 9, 255)); },
+        {"SetColor", [](Tree n, Key k) { n.SetColor(k, RGB(16, 9, 255)); },
          "s:string=109FF n:string=109FF "},
     };
     for (const Case& c : cases) {
@@ -102,19 +105,19 @@ TEST(Values, AreSetByTag) {
 
 TEST(Values, AreAppendedToArraysOnly) {
     struct Case {
-        void (*append)(Node n);
+        void (*append)(Tree n);
         const char* element;
     };
     const Case cases[] = {
-        {[](Node n) { n.AppendString("x"); }, "1:string=x"},
-        {[](Node n) { n.AppendInteger(-7); }, "1:integer=-7"},
-        {[](Node n) { n.AppendDouble(2.5); }, "1:double=2.5"},
-        {[](Node n) { n.AppendBoolean(false); }, "1:boolean=false"},
-        {[](Node n) { n.AppendDate(moment()); }, "1:date=2004-03-12T07:59:01Z"},
-        {[](Node n) { n.AppendData("QQ"); }, "1:data=QQ"},
-        {[](Node n) { n.AppendDict(); }, "1:dict{}"},
-        {[](Node n) { n.AppendArray(); }, "1:array[]"},
-        {[](Node n) { n.AppendList({"x"}, 0, 9); }, "1:array[] -1:dict{}"},
+        {[](Tree n) { n.AppendString("x"); }, "1:string=x"},
+        {[](Tree n) { n.AppendInteger(-7); }, "1:integer=-7"},
+        {[](Tree n) { n.AppendDouble(2.5); }, "1:double=2.5"},
+        {[](Tree n) { n.AppendBoolean(false); }, "1:boolean=false"},
+        {[](Tree n) { n.AppendDate(moment()); }, "1:date=2004-03-12T07:59:01Z"},
+        {[](Tree n) { n.AppendData("QQ"); }, "1:data=QQ"},
+        {[](Tree n) { n.AppendDict(); }, "1:dict{}"},
+        {[](Tree n) { n.AppendArray(); }, "1:array[]"},
+        {[](Tree n) { n.AppendList({"x"}, 0, 9); }, "1:array[] -1:dict{}"},
     };
     for (const Case& c : cases) {
         Everything all;
@@ -149,5 +152,4 @@ TEST(Values, DatesAreReadAsFarAsTheyGo) {
     EXPECT_THROW(all.root.SetDate("n", nullptr), NilObjectException);
 }
 
-}  // namespace
-}  // namespace bracken
+}  // namespace bracken::test

@@ -4,14 +4,16 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <map>
 #include <random>
 
 #include "framework/text/text.h"
 #include "scan/file_search.h"
+#include "scan/gram_choice.h"
 #include "tests/support/temp_folder.h"
 
 namespace bracken::test {
-namespace {
 
 using Strings = std::vector<std::string>;
 using Numbers = std::vector<uint32_t>;
@@ -148,6 +150,55 @@ TEST_F(Search, AFileMayBeLeftOrShrinkMeanwhile) {
     }
 }
 
+// What gets through costs time.
+TEST_F(Search, FiltersLetLittleElseThrough) {
+    std::ifstream cpu("/proc/cpuinfo");
+    const std::string flags(std::istreambuf_iterator<char>(cpu), {});
+    const bool avx512 = flags.find(" avx512_vbmi2 ") != std::string::npos;
+    const bool avx2 = flags.find(" avx2 ") != std::string::npos;
+    EXPECT_EQ(NgramFilter::best(), avx512 ? Instructions::avx512
+                                   : avx2 ? Instructions::avx2
+                                          : Instructions::plain);
+    const std::string text = bytes(NgramFilter::maxBlocks * NgramFilter::block + 3);
+    const Strings grams{"aB_z", "mtK", "Tbaa"};
+    Numbers expected;
+    const auto hasPair = [&](size_t at, size_t place) {
+        return std::any_of(grams.begin(), grams.end(), [&](const std::string& gram) {
+            const auto same = [&](size_t by) {
+                return by >= gram.size() || (gram[by] & 31) == (text[at + by] & 31);
+            };
+            return same(place) && same(place + 1);
+        });
+    };
+    for (uint32_t at = 0; at + 3 < text.size(); at++)
+        if (hasPair(at, 0) && hasPair(at, 1) && hasPair(at, 2)) expected.push_back(at);
+    for (auto made : {Instructions::plain, Instructions::avx2, Instructions::avx512}) {
+        if (made > NgramFilter::best()) break;
+        NgramFilter filter(made);
+        for (const std::string& gram : grams) filter.add(gram);
+        std::vector<uint16_t> got(text.size() + NgramFilter::slack);
+        got.resize(filter.collect(text.data(), NgramFilter::maxBlocks, got.data()));
+        EXPECT_TRUE(std::includes(got.begin(), got.end(), expected.begin(), expected.end()));
+        EXPECT_LE(got.size(), made == Instructions::avx2 ? 2 * expected.size() : expected.size());
+    }
+}
+
+TEST(GramChoice, IsRareInSourceTextAndSharedByFewNames) {
+    NgramFilter filter(NgramFilter::best());
+    GramChoice choice(filter);
+    std::string chosen;
+    for (const std::string name :
+         {"user_accounts", "user_accounts", "user_quotas", "xy_zebra", "abc"}) {
+        const std::string gram = name.substr(choice.choose(name), 4);
+        filter.add(gram);
+        chosen += gram + " ";
+    }
+    EXPECT_EQ(chosen, "r_ac r_ac r_qu xy_z abc ");
+    std::map<size_t, int> picks;
+    for (int i = 0; i < 200; i++) picks[choice.choose("eeee_zzz")]++;
+    EXPECT_EQ(picks, (std::map<size_t, int>{{1, 2}, {2, 42}, {3, 78}, {4, 78}}));
+}
+
 TEST(ExtensionList, IsATextThatTheLastFieldOfANameMustLieIn) {
     for (const auto& [extensions, name, passes] : {std::tuple("php,cgi", "a.P", true),
                                                    {"php,cgi", "a.html", false},
@@ -158,5 +209,4 @@ TEST(ExtensionList, IsATextThatTheLastFieldOfANameMustLieIn) {
         EXPECT_EQ(passesExtensions(name, extensions), passes) << name << " in " << extensions;
 }
 
-}  // namespace
 }  // namespace bracken::test

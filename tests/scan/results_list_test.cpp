@@ -9,7 +9,6 @@
 #include "tests/support/fake_platform.h"
 
 namespace bracken::test {
-namespace {
 
 // What recording a file makes of a cell's text.
 std::string recorded(std::string text, const std::string& name) {
@@ -46,5 +45,4 @@ TEST(ResultsList, RecordsAFileWhoseNameInStrDoesNotFind) {
     }
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -6,7 +6,6 @@
 #include "tests/scan/results.h"
 
 namespace bracken::test {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -137,5 +136,4 @@ TEST_F(Run, WhatAppearsBesideTheFileIsFoundAndWhatVanishesEndsTheRun) {
     EXPECT_EQ(column(1).find("zz.php"), std::string::npos);
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -18,7 +18,6 @@
 #include "tests/scan/results.h"
 
 namespace bracken::test {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -55,7 +54,6 @@ struct FailingSystem {
     }
 };
 
-}  // namespace
 }  // namespace bracken::test
 
 using bracken::test::FailingSystem;
@@ -106,7 +104,6 @@ long syscall(long number, ...) noexcept {
 }  // extern "C"
 
 namespace bracken::test {
-namespace {
 
 // Folders that can't be seen whole.
 class Unreadable : public Results {
@@ -139,6 +136,9 @@ class Unreadable : public Results {
             EXPECT_TRUE(box.starts_with(ended + ": " + folder.path("in"))) << box;
         return box;
     }
+
+    const std::shared_ptr<const TableNames> users =
+        std::make_shared<const TableNames>(std::vector<std::string_view>{"users"});
 };
 
 TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
@@ -169,11 +169,10 @@ TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
 // after it has told them to stop.
 TEST_F(Unreadable, NothingIsReadAheadOnceNobodyWantsIt) {
     for (int file = 0; file < 300; file++) folder.write(std::to_string(file) + ".php", "users");
-    const auto names = std::make_shared<const TableNames>(std::vector<std::string_view>{"users"});
     std::latch stopped(1);
     FailingSystem system{"openat2", {}, false, INT_MAX, [&] { stopped.wait(); }};
     FailingSystem::armed = &system;
-    auto ahead = std::make_unique<ReadAhead>(GetFolderItem(folder.path(), 0), "", names);
+    auto ahead = std::make_unique<ReadAhead>(GetFolderItem(folder.path(), 0), "", users);
     std::thread stop([&] {
         const baton::Hold hold;
         stopped.count_down();
@@ -185,6 +184,37 @@ TEST_F(Unreadable, NothingIsReadAheadOnceNobodyWantsIt) {
         stop.join();
     }
     EXPECT_LE(system.made, 8) << "one for each thread";
+}
+
+// Without the disk's threads not enough of them come together, and this hangs.
+TEST_F(Unreadable, WhatIsNotInMemoryIsReadOnManyThreads) {
+    for (int file = 0; file < 60; file++) folder.write("cold/" + std::to_string(file), "users");
+    std::latch together(30);
+    FailingSystem system{"read", false, true, INT_MAX, [&] {
+                             if (!together.try_wait()) together.arrive_and_wait();
+                         }};
+    FailingSystem::armed = &system;
+    ReadAhead ahead(GetFolderItem(folder.path("cold"), 0), "", users);
+    const Ref<FolderItem> cold = GetFolderItem(folder.path("cold"), 0);
+    for (int i = 1; i <= cold->Count(); i++)
+        EXPECT_EQ(ahead.take(cold->Item(i)->AbsolutePath())->names.size(), 1U);
+    EXPECT_EQ(system.made, 60) << "each file once";
+}
+
+TEST_F(Unreadable, ReadingAheadWaitsForTheRunAndGoesOn) {
+    const std::string file = folder.write("many/0", "");
+    for (int i = 1; i < 16'500; i++)
+        fs::create_hard_link(file, folder.path("many/" + std::to_string(i)));
+    const Ref<FolderItem> many = GetFolderItem(folder.path("many"), 0);
+    for (const bool stop : {true, false}) {
+        FailingSystem system{"openat2"};
+        FailingSystem::armed = &system;
+        ReadAhead ahead(many, "", users);
+        while (system.made < 16'384) std::this_thread::yield();
+        for (int i = 1; i <= 16'500 && !stop; i++)
+            ASSERT_TRUE(ahead.take(many->Item(i)->AbsolutePath())) << i;
+        EXPECT_LE(system.made, stop ? 16'385 : 16'501);
+    }
 }
 
 TEST_F(Unreadable, ReadingAheadGivesItsDescriptorsToTheRun) {
@@ -217,5 +247,4 @@ TEST_F(Unreadable, WhatIsRefusedIsNamed) {
     EXPECT_EQ(run(), "Finished") << "with a file in it that the filter keeps out";
 }
 
-}  // namespace
 }  // namespace bracken::test

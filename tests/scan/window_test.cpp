@@ -4,7 +4,6 @@
 #include "tests/support/outcome.h"
 
 namespace bracken::test {
-namespace {
 
 const std::string stopped = "Processing was stopped. To start it over, click on Process";
 
@@ -200,5 +199,4 @@ TEST_F(ResultsWindow, OnlyNotFoundRowsRemainInTheirOrder) {
     }
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -3,7 +3,6 @@
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
-namespace {
 
 // The splitter at 400, 10 thick, free to move between 0 and 600.
 class Adjust : public SplitterTest {
@@ -115,5 +114,4 @@ TEST_P(Adjust, SplittersInThePanesBehaveAfterAMoveButPassNothingOn) {
     EXPECT_EQ((std::pair{at(other), behaved}), (std::pair{550, 2})) << "the end of a drag";
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -6,7 +6,6 @@
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
-namespace {
 
 class Attach : public SplitterTest {};
 INSTANTIATE_TEST_SUITE_P(Both, Attach, testing::Bool(), orientationName);
@@ -106,5 +105,24 @@ TEST_P(Attach, FindsTheBoundsByNearEdgeAndFarEdge) {
     splitter.setAttachedControlShouldMove(&z, true);
 }
 
-}  // namespace
+TEST_P(Attach, WarnsTheAuthorIfAsked) {
+    auto& control = add("list", 700, 50);
+    splitter.attach(&control);
+    splitter.showWarningsDialogs = true;
+    platform.expectBox(
+        "The control 'list' is already attached to smartSplitter 'splitter'.   This attach request "
+        "will be ignored.");
+    splitter.attach(&control);
+    splitter.unAttach(&control, false);
+    const std::string start = "passed to the SmartSplitter 'splitter' method '";
+    platform.expectBox("The control 'list' " + start +
+                       "setAttachedControlShouldMove' has not been attached.\n\nControl must be "
+                       "attached BEFORE calling this method.");
+    splitter.setAttachedControlShouldMove(&control, true);
+    platform.expectBox("The control " + start +
+                       "setAttachedControlMinSizeVisible' is NIL.\n\nDon't go calling this method "
+                       "with nonexistent controls!");
+    splitter.setAttachedControlMinSizeVisible(nullptr, 1);
+}
+
 }  // namespace bracken::test

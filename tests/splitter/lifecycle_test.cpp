@@ -1,11 +1,13 @@
+#include <map>
+
 #include "framework/controls/buttons.h"
 #include "framework/controls/listbox.h"
 #include "framework/controls/plain_controls.h"
+#include "framework/exception.h"
 #include "splitter/canvas_smart_splitter_debugger.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
-namespace {
 
 class Lifecycle : public SplitterTest {};
 INSTANTIATE_TEST_SUITE_P(Both, Lifecycle, testing::Bool(), orientationName);
@@ -71,16 +73,63 @@ TEST_P(Lifecycle, TheAutomaticHandleReplacesTheAuthors) {
     }
 }
 
-TEST_P(Lifecycle, AnOverlayShowsItWhileDebugging) {
+// The overlay along the splitter's axis: where its colour or its transparency changes.
+std::string line(const Pixels& shown, bool vertical, int across) {
+    const std::map<uint32_t, char> letters = {{0xbb009600, 'g'}, {0xdd009600, 'G'},
+                                              {0xbb000096, 'b'}, {0xdd000096, 'B'},
+                                              {0xbbc80000, 'r'}, {0, '.'}};
+    std::string changes = ".";
+    for (int along = 0; along < 600; ++along) {
+        const auto known =
+            letters.find(vertical ? shown.at(along, across) : shown.at(across, along));
+        const char letter = known == letters.end() ? '?' : known->second;
+        if (letter != changes.back()) changes += std::to_string(along) + letter;
+    }
+    return changes;
+}
+
+TEST_P(Lifecycle, AnOverlayShowsTheRangeItsZonesAndTheControls) {
+    add<GroupBox>("min", 100, 300);
+    auto& max = add<GroupBox>("max", 410, 140);
     open();
+    splitter.setMaxLimitOffset(50);
     auto& overlay = stage.add<CanvasSmartSplitterDebugger>("overlay", true, 0, 1);
     overlay.Event_Open();
     overlay.paint();
-    for (const bool debug : {true, false}) {
-        splitter.setDebug(debug);
-        const uint32_t corner = overlay.paint().at(splitter.Left, splitter.Top);
-        EXPECT_EQ(corner >> 24, debug ? 255U - 0x44 : 0U);
-    }
+    splitter.setDebug(true);
+    splitter.setAttachedControlNormallyVisible(&max, max.Visible = false);
+    splitter.behave();
+    const auto lineAt = [&](int across) { return line(overlay.paint(), vertical(), across); };
+    for (const auto& [across, ifVertical, ifHorizontal] :
+         {std::tuple(100, ".90G163g550.", ".90G101g550."),
+          {189,
+           ".90g91.100r101.190B284.297g299.399r400g401.409g410r411.472r473.486r487.500b501."
+           "549g550.",
+           ".90g91.100r101.190B192?199B201.289g292.399r400g401.409g410r411.472r473.486r487.491B502."
+           "549g550."},
+          {289, ".90g91.100r101.190b191.399r400g401.409g410r411.416r417.468G550.",
+           ".90g91.100r101.190b191.399r400g401.409g410r411.416r417.500b501.539G541?542G543?"
+           "548G550."}})
+        EXPECT_EQ(lineAt(across), vertical() ? ifVertical : ifHorizontal) << across;
+    press();
+    drag(20);
+    EXPECT_TRUE(lineAt(270).starts_with(".90g91.100r101.190b191.419r420g421.429g430r431.447r448."));
+    release();
+    resizeWindow(windowSize() + 20);
+    EXPECT_EQ(extent(overlay), windowSize());
+    EXPECT_NE(lineAt(270), ".") << "a new size shows the old drawing once more";
+    EXPECT_EQ(lineAt(270), ".");
+    splitter.setDebug(true);
+    EXPECT_NE(lineAt(270), ".");
+    splitter.setDebug(false);
+    EXPECT_EQ(lineAt(270), ".");
+    splitter.setDebug(true);
+    bool closed = false;
+    splitter.Close = [&] { closed = true; };
+    splitter.Event_Close();
+    press();
+    EXPECT_THROW(drag(-20), NilObjectException) << "no overlay is left to clear";
+    EXPECT_TRUE(closed);
 }
 
 TEST_P(Lifecycle, AConcealedOrDisabledOneIgnoresTheMouse) {
@@ -135,5 +184,4 @@ TEST_P(Lifecycle, TheMouseDragsItWithOrWithoutTheControls) {
     EXPECT_TRUE(min.Visible) << "but adjusts the controls";
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -4,7 +4,6 @@
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
-namespace {
 
 class Limits : public SplitterTest {
   protected:
@@ -56,9 +55,11 @@ TEST_P(Limits, AMoveSnapsOrStopsAtTheZones) {
 TEST_P(Limits, ComeFromTheBoundingControls) {
     auto& min = add<PushButton>("min", 290, 110);
     auto& max = add<PushButton>("max", 410, 90);
+    splitter.MinLimitOffset = -7;
     open();
     EXPECT_EQ(limits(), (std::pair{290 - 10, 410 + 90}))
         << "less the splitter's extent, plus the control's";
+    EXPECT_EQ((std::pair{splitter.MinLimitOffset, splitter.MaxLimitOffset}), (std::pair{0, 30}));
     place(min, 250);
     axis().setExtent(max, 100);
     splitter.setMaxLimitOffset(&max);
@@ -148,5 +149,4 @@ TEST_P(Limits, FollowsTheWindowInProportionAndResetMovesBack) {
     }
 }
 
-}  // namespace
 }  // namespace bracken::test

@@ -3,7 +3,6 @@
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
-namespace {
 
 // What a splitter of 9 by 25 pixels shows on two lines of pixels: across its middle, and along it
 // in one column. '.' is a transparent pixel, '?' any.
@@ -89,5 +88,4 @@ TEST_P(Painting, TheGhostIsAFrameOnlyWhileDragging) {
     expect(painted, handles[4]);
 }
 
-}  // namespace
 }  // namespace bracken::test

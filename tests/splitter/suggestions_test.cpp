@@ -7,7 +7,6 @@
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
-namespace {
 
 class Suggestions : public testing::Test {
   protected:
@@ -79,5 +78,4 @@ TEST_F(Suggestions, FollowTheClassOfTheControl) {
     }
 }
 
-}  // namespace
 }  // namespace bracken::test
