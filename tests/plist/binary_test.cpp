@@ -7,38 +7,7 @@
 #include "framework/files/shell.h"
 #include "framework/text/text.h"
 #include "tests/plist/trees.h"
-
-namespace {
-
-// The system call of saving at which the process ends, 0 for none.
-int callsLeft = 0;
-
-void count() {
-    if (callsLeft > 0 && --callsLeft == 0) kill(getpid(), SIGKILL);
-}
-
-}  // namespace
-
-// The linker puts these in the place of their namesakes in the code under test.
-extern "C" {
-int __real_open(const char* path, int flags, mode_t mode);
-ssize_t __real_write(int descriptor, const void* bytes, size_t size);
-int __real_rename(const char* from, const char* to);
-
-int __wrap_open(const char* path, int flags, mode_t mode) {
-    count();
-    return __real_open(path, flags, mode);
-}
-ssize_t __wrap_write(int descriptor, const void* bytes, size_t size) {
-    if (callsLeft == 1) __real_write(descriptor, bytes, size / 2);
-    count();
-    return __real_write(descriptor, bytes, size);
-}
-int __wrap_rename(const char* from, const char* to) {
-    count();
-    return __real_rename(from, to);
-}
-}
+#include "tests/support/system_calls.h"
 
 namespace bracken::test {
 
@@ -140,7 +109,13 @@ TEST_F(Binary, OldOrNewStandsWhereverTheProcessEnds) {
         document.root->SetBoolean("is new", true);
         const pid_t child = fork();
         if (child == 0) {
-            callsLeft = calls;
+            const SystemCalls dying(
+                [left = calls](std::string_view name) mutable {
+                    const bool counts = name == "open" || name == "write" || name == "rename";
+                    if (counts && --left == 0) kill(getpid(), SIGKILL);
+                    return false;
+                },
+                50'000);
             document.Save();
             _exit(0);
         }
@@ -149,7 +124,7 @@ TEST_F(Binary, OldOrNewStandsWhereverTheProcessEnds) {
         const plist stands(item(), nullptr);
         EXPECT_EQ(stands.root->count(), folder.read(file) == before ? 200 : 201) << calls;
     }
-    EXPECT_GE(calls, 9);
+    EXPECT_GE(calls, 12);
     EXPECT_NE(folder.read(file), before);
 }
 

@@ -1,14 +1,8 @@
-#include <dirent.h>
-#include <dlfcn.h>
-#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/uio.h>
 #include <unistd.h>
 
 #include <climits>
-#include <cstdarg>
 #include <latch>
 #include <set>
 
@@ -16,6 +10,7 @@
 #include "framework/threads/without_baton.h"
 #include "scan/read_ahead.h"
 #include "tests/scan/results.h"
+#include "tests/support/system_calls.h"
 
 namespace bracken::test {
 
@@ -35,75 +30,16 @@ struct FailingSystem {
 
     // What a thread has that executes no run.
     const std::atomic<bool>* const noRun = Thread::killedFlag();
-    static inline std::atomic<FailingSystem*> armed{nullptr};
-    ~FailingSystem() { armed = nullptr; }
-
-    static bool fails(const char* name) {
-        FailingSystem* system = armed;
-        if (system == nullptr || system->call != name) return false;
-        const bool byRun = Thread::killedFlag() != system->noRun;
-        if (byRun != system->byRun.value_or(byRun)) return false;
-        system->before();
-        errno = EIO;
-        return ++system->made >= system->nth;
-    }
-    // The system's own function of that name.
-    template <class Function>
-    static Function* own(Function* /*same*/, const char* name) {
-        return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-    }
+    const SystemCalls calls{[this](std::string_view name) {
+                                const bool onRun = Thread::killedFlag() != noRun;
+                                const bool counts = name == call && onRun == byRun.value_or(onRun);
+                                if (counts) before();
+                                const bool isDue = counts && ++made >= nth;
+                                errno = isDue ? EIO : EAGAIN;
+                                return isDue || (cold && name == "openat2");
+                            },
+                            4096};
 };
-
-}  // namespace bracken::test
-
-using bracken::test::FailingSystem;
-
-extern "C" {
-
-int openat(int folder, const char* path, int flags, ...) {
-    return FailingSystem::fails("openat")
-               ? -1
-               : FailingSystem::own(openat, "openat")(folder, path, flags);
-}
-
-dirent* readdir(DIR* folder) {
-    return FailingSystem::fails("readdir") ? nullptr
-                                           : FailingSystem::own(readdir, "readdir")(folder);
-}
-
-ssize_t read(int descriptor, void* bytes, size_t count) {
-    if (FailingSystem::fails("read")) return -1;
-    if (FailingSystem::armed != nullptr) count = std::min(count, size_t{4096});
-    return FailingSystem::own(read, "read")(descriptor, bytes, count);
-}
-
-ssize_t preadv2(int descriptor, const iovec* parts, int count, off_t offset, int flags) {
-    if (FailingSystem::fails("preadv2")) return -1;
-    iovec first = *parts;
-    if (FailingSystem::armed != nullptr) first.iov_len = std::min(first.iov_len, size_t{4096});
-    return FailingSystem::own(preadv2, "preadv2")(descriptor, &first, count, offset, flags);
-}
-
-// Of openat2, which has no function of its own, and whatever else.
-long syscall(long number, ...) noexcept {
-    va_list rest;
-    va_start(rest, number);
-    long words[6];
-    for (long& word : words) word = va_arg(rest, long);
-    va_end(rest);
-    if (number == SYS_openat2) {
-        if (FailingSystem::fails("openat2")) return -1;
-        const FailingSystem* system = FailingSystem::armed;
-        errno = EAGAIN;
-        if (system != nullptr && system->cold) return -1;
-    }
-    return FailingSystem::own(syscall, "syscall")(number, words[0], words[1], words[2], words[3],
-                                                  words[4], words[5]);
-}
-
-}  // extern "C"
-
-namespace bracken::test {
 
 // Folders that can't be seen whole.
 class Unreadable : public Results {
@@ -150,7 +86,6 @@ TEST_F(Unreadable, EveryCallThatFailsEndsTheRunOrChangesNothing) {
         for (const char* call : {"readdir", "openat", "openat2", "preadv2", "read"}) {
             for (int nth = 1, made = nth; made >= nth; nth++) {
                 FailingSystem system{call, byRun, cold, nth};
-                FailingSystem::armed = &system;
                 SCOPED_TRACE(call + std::to_string(nth));
                 const bool finished = run() == "Finished";
                 EXPECT_TRUE(finished || byRun != false);
@@ -171,7 +106,6 @@ TEST_F(Unreadable, NothingIsReadAheadOnceNobodyWantsIt) {
     for (int file = 0; file < 300; file++) folder.write(std::to_string(file) + ".php", "users");
     std::latch stopped(1);
     FailingSystem system{"openat2", {}, false, INT_MAX, [&] { stopped.wait(); }};
-    FailingSystem::armed = &system;
     auto ahead = std::make_unique<ReadAhead>(GetFolderItem(folder.path(), 0), "", users);
     std::thread stop([&] {
         const baton::Hold hold;
@@ -193,7 +127,6 @@ TEST_F(Unreadable, WhatIsNotInMemoryIsReadOnManyThreads) {
     FailingSystem system{"read", false, true, INT_MAX, [&] {
                              if (!together.try_wait()) together.arrive_and_wait();
                          }};
-    FailingSystem::armed = &system;
     ReadAhead ahead(GetFolderItem(folder.path("cold"), 0), "", users);
     const Ref<FolderItem> cold = GetFolderItem(folder.path("cold"), 0);
     for (int i = 1; i <= cold->Count(); i++)
@@ -208,7 +141,6 @@ TEST_F(Unreadable, ReadingAheadWaitsForTheRunAndGoesOn) {
     const Ref<FolderItem> many = GetFolderItem(folder.path("many"), 0);
     for (const bool stop : {true, false}) {
         FailingSystem system{"openat2"};
-        FailingSystem::armed = &system;
         ReadAhead ahead(many, "", users);
         while (system.made < 16'384) std::this_thread::yield();
         for (int i = 1; i <= 16'500 && !stop; i++)

@@ -49,8 +49,7 @@ std::optional<Descriptor> openFile(const std::string& path, int access) {
 
 std::unique_ptr<ReplacingFile> openForReplacing(const std::string& path, mode_t newFile) {
     bool ownerOnly = SpecialFolder::keepsPrivate(path);
-    return ReplacingFile::open(path, {.newFile = newFile, .ownerOnly = ownerOnly},
-                               FileCalls::system());
+    return ReplacingFile::open(path, {.newFile = newFile, .ownerOnly = ownerOnly});
 }
 
 // Passes all bytes to `take`, block by block; false, with errno set, if reading fails.

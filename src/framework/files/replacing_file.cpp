@@ -57,9 +57,8 @@ bool isOutOfSpace(int error) {
 
 }  // namespace
 
-std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Modes modes,
-                                                   FileCalls& calls) {
-    std::unique_ptr<ReplacingFile> file(new ReplacingFile(resolveLinks(target), calls));
+std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Modes modes) {
+    std::unique_ptr<ReplacingFile> file(new ReplacingFile(resolveLinks(target)));
     struct stat present;
     bool opened = false;
     if (stat(file->target_.c_str(), &present) != 0)
@@ -75,11 +74,10 @@ std::unique_ptr<ReplacingFile> ReplacingFile::open(const std::string& target, Mo
 
 void ReplacingFile::removeLeftOvers(const std::string& target) {
     for (const std::string& file : {target, resolveLinks(target)})
-        bracken::removeLeftOvers(parentPath(file), FileCalls::system());
+        bracken::removeLeftOvers(parentPath(file));
 }
 
-ReplacingFile::ReplacingFile(std::string target, FileCalls& calls)
-    : target_(std::move(target)), calls_(calls) {}
+ReplacingFile::ReplacingFile(std::string target) : target_(std::move(target)) {}
 
 ReplacingFile::~ReplacingFile() {
     dropTemporary();
@@ -95,7 +93,7 @@ void ReplacingFile::dropTemporary() {
 bool ReplacingFile::openSpecial() {
     method_ = Method::direct;
     // Not blocking: a pipe that nobody reads would stop the program here.
-    file_ = Descriptor(calls_.open(target_.c_str(), O_WRONLY | O_NOCTTY | O_NONBLOCK, 0));
+    file_ = Descriptor(::open(target_.c_str(), O_WRONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
     if (!file_.isOpen()) return false;
     fcntl(file_.get(), F_SETFL, fcntl(file_.get(), F_GETFL) & ~O_NONBLOCK);
     return true;
@@ -107,8 +105,7 @@ bool ReplacingFile::openExisting(const struct stat& present, bool ownerOnly) {
     if (!mayRenameOver(target_, present) || isMountPoint(target_)) return openInPlace(mode);
     if (!openTemporary(privateFileMode)) return isRefusal(errno) && openInPlace(mode);
     // A file system may have no modes to set; a private file is made as one.
-    if (calls_.fchmod(file_.get(), keepOwner(present) ? mode : mode & permissionBits) == 0 ||
-        ownerOnly)
+    if (fchmod(file_.get(), keepOwner(present) ? mode : mode & permissionBits) == 0 || ownerOnly)
         return true;
     dropTemporary();
     return openInPlace(mode);
@@ -124,8 +121,8 @@ bool ReplacingFile::keepOwner(const struct stat& present) {
 
 bool ReplacingFile::openTemporary(mode_t mode) {
     std::string folder = parentPath(target_);
-    bracken::removeLeftOvers(folder, calls_);
-    std::optional<TemporaryFile> made = makeTemporary(folder, mode, calls_);
+    bracken::removeLeftOvers(folder);
+    std::optional<TemporaryFile> made = makeTemporary(folder, mode);
     if (!made) return false;
     file_ = std::move(made->file);
     temporary_ = std::move(made->path);
@@ -134,23 +131,23 @@ bool ReplacingFile::openTemporary(mode_t mode) {
 
 bool ReplacingFile::openInPlace(mode_t mode) {
     method_ = Method::inPlaceAtCommit;
-    file_ = Descriptor(calls_.open(target_.c_str(), O_WRONLY, 0));
+    file_ = Descriptor(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));
     if (!file_.isOpen()) return false;
     // Only a file of the user's own that has to become private gets another mode by this.
-    calls_.fchmod(file_.get(), mode);
+    fchmod(file_.get(), mode);
     return true;
 }
 
 void ReplacingFile::write(std::string_view bytes) {
     pending_.append(bytes);
     if (method_ == Method::inPlaceAtCommit || pending_.size() < flushSize) return;
-    failed_ = failed_ || !calls_.writeAll(file_.get(), pending_);
+    failed_ = failed_ || !writeAll(file_.get(), pending_);
     pending_.clear();
 }
 
 bool ReplacingFile::commit() {
     if (method_ == Method::inPlaceAtCommit) return overwriteInPlace();
-    failed_ = failed_ || !calls_.writeAll(file_.get(), pending_);
+    failed_ = failed_ || !writeAll(file_.get(), pending_);
     if (method_ == Method::direct) return file_.close() && !failed_;
     return !failed_ && renameOver();
 }
@@ -158,17 +155,18 @@ bool ReplacingFile::commit() {
 bool ReplacingFile::overwriteInPlace() {
     // Space first and truncation last: a full disk shows while the old content is still whole.
     auto size = static_cast<off_t>(pending_.size());
-    if (calls_.fallocate(file_.get(), size) != 0 && isOutOfSpace(errno)) return false;
-    return calls_.writeAll(file_.get(), pending_) && ftruncate(file_.get(), size) == 0 &&
-           calls_.fsync(file_.get()) == 0 && file_.close();
+    if (fallocate(file_.get(), FALLOC_FL_KEEP_SIZE, 0, size) != 0 && isOutOfSpace(errno))
+        return false;
+    return writeAll(file_.get(), pending_) && ftruncate(file_.get(), size) == 0 &&
+           fsync(file_.get()) == 0 && file_.close();
 }
 
 bool ReplacingFile::renameOver() {
     // Some file systems report lost bytes only when a descriptor is closed, so a duplicate is; the
     // descriptor itself stays open for the lock.
-    if (calls_.fsync(file_.get()) != 0) return false;
+    if (fsync(file_.get()) != 0) return false;
     if (::close(fcntl(file_.get(), F_DUPFD_CLOEXEC, 0)) != 0) return false;
-    if (calls_.rename(temporary_.c_str(), target_.c_str()) != 0) return false;
+    if (rename(temporary_.c_str(), target_.c_str()) != 0) return false;
     temporary_.clear();
     file_.close();
     syncFolder();
@@ -177,8 +175,8 @@ bool ReplacingFile::renameOver() {
 
 // Makes the rename itself survive a loss of power. The new file is there whether or not this works.
 void ReplacingFile::syncFolder() {
-    Descriptor folder(calls_.open(parentPath(target_).c_str(), O_RDONLY | O_DIRECTORY, 0));
-    if (folder.isOpen()) calls_.fsync(folder.get());
+    Descriptor folder(::open(parentPath(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen()) fsync(folder.get());
 }
 
 }  // namespace bracken

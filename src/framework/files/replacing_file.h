@@ -26,9 +26,8 @@ class ReplacingFile {
     };
 
     // Null, with errno set, if the target can't be created or the user may not write it. Links
-    // are resolved first. `calls` outlives the result.
-    static std::unique_ptr<ReplacingFile> open(const std::string& target, Modes modes,
-                                               FileCalls& calls);
+    // are resolved first.
+    static std::unique_ptr<ReplacingFile> open(const std::string& target, Modes modes);
     // Removes what killed saves have left in the folder of that file, and in that of the file that
     // it is a link to. Opening does so too.
     static void removeLeftOvers(const std::string& target);
@@ -46,7 +45,7 @@ class ReplacingFile {
     // How the bytes of write() get into the target.
     enum class Method { rename, inPlaceAtCommit, direct };
 
-    ReplacingFile(std::string target, FileCalls& calls);
+    explicit ReplacingFile(std::string target);
     bool openSpecial();
     bool openExisting(const struct stat& present, bool ownerOnly);
     bool keepOwner(const struct stat& present);
@@ -59,7 +58,6 @@ class ReplacingFile {
     void dropTemporary();
 
     std::string target_;
-    FileCalls& calls_;
     Method method_ = Method::rename;
     Descriptor file_;
     // Path of the temporary file; "" for none.

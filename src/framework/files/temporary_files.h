@@ -20,10 +20,9 @@ struct TemporaryFile {
 };
 
 // Makes and locks a new one. None, with errno set, if the folder allows none.
-std::optional<TemporaryFile> makeTemporary(const std::string& folder, mode_t mode,
-                                           FileCalls& calls);
+std::optional<TemporaryFile> makeTemporary(const std::string& folder, mode_t mode);
 
 // Removes those in the folder that have no writer. A failure is silent.
-void removeLeftOvers(const std::string& folder, FileCalls& calls);
+void removeLeftOvers(const std::string& folder);
 
 }  // namespace bracken
