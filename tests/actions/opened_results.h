@@ -1,12 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "framework/text/text.h"
-#include "framework/windows/windows.h"
 #include "program/results/win_results.h"
 #include "tests/support/outcome.h"
 #include "tests/support/program.h"

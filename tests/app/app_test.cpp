@@ -1,7 +1,3 @@
-#include "program/app.h"
-
-#include <gtest/gtest.h>
-
 #include "framework/windows/event.h"
 #include "program/actions/win_preferences.h"
 #include "program/login/win_login.h"

@@ -1,11 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "framework/controls/edit_field.h"
 #include "framework/controls/list_rows.h"
 #include "framework/controls/listbox.h"
 #include "framework/controls/popup_menu.h"
 #include "framework/exception.h"
-#include "framework/windows/window.h"
 #include "tests/support/fake_platform.h"
 
 namespace bracken::test {
@@ -48,24 +45,6 @@ TEST_F(Controls, APopupFiresOnEveryAssignment) {
     popup.DeleteAllRows();
     EXPECT_EQ(fired(), 0);
     EXPECT_EQ(popup.ListIndex, -1);
-}
-
-TEST_F(Controls, TheSelectionStaysWithItsRow) {
-    addRows({"a", "b", "c", "d"});
-    list.ListIndex = 2;
-    EXPECT_EQ(fired(), 1);
-    list.ListIndex = 2;
-    list.RemoveRow(0);
-    EXPECT_EQ(list.Text(), "c");
-    list.RemoveRow(2);
-    EXPECT_EQ(fired(), 0);
-    list.RemoveRow(1);
-    EXPECT_EQ(list.ListIndex, -1);
-    list.userSelected(7);
-    EXPECT_EQ(list.ListIndex, -1);
-    list.userSelected(0);
-    list.DeleteAllRows();
-    EXPECT_EQ(fired(), 3);
 }
 
 TEST_F(Controls, CellsOutsideTheRowsRaise) {

@@ -1,11 +1,5 @@
-#include "framework/windows/window.h"
-
-#include <gtest/gtest.h>
-
 #include "framework/controls/buttons.h"
-#include "framework/controls/control.h"
 #include "framework/controls/plain_controls.h"
-#include "framework/windows/windows.h"
 #include "tests/support/fake_platform.h"
 
 namespace bracken::test {

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <optional>
-#include <string>
 
 #include "framework/files/folder_item.h"
 #include "tests/support/temp_folder.h"

@@ -1,17 +1,7 @@
-#include "framework/threads/thread.h"
-
-#include <gtest/gtest.h>
-
-#include <atomic>
-#include <functional>
 #include <random>
-#include <thread>
-#include <vector>
 
 #include "framework/dialogs/dialogs.h"
 #include "framework/exception.h"
-#include "framework/threads/main_thread_calls.h"
-#include "framework/threads/without_baton.h"
 #include "tests/support/fake_platform.h"
 
 namespace bracken::test {

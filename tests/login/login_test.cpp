@@ -1,9 +1,5 @@
 #include "program/login/win_login.h"
 
-#include <gtest/gtest.h>
-
-#include <optional>
-
 #include "program/results/win_results.h"
 #include "tests/support/outcome.h"
 #include "tests/support/program.h"

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <thread>
 
 #include "framework/threads/thread.h"

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <functional>
-#include <memory>
 #include <semaphore>
 #include <thread>
 

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "platform/mysql/mysql_database.h"
 #include "tests/platform_mysql/loop_platform.h"
 #include "tests/support/private_server.h"

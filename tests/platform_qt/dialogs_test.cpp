@@ -2,7 +2,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
-#include <atomic>
 #include <thread>
 
 #include "framework/dialogs/dialogs.h"

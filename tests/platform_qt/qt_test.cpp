@@ -4,9 +4,7 @@
 #include <QTextDocument>
 #include <QToolTip>
 #include <cstdlib>
-#include <memory>
 
-#include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/window_view.h"

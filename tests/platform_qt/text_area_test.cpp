@@ -2,7 +2,6 @@
 #include <QTextBlock>
 
 #include "framework/controls/edit_field.h"
-#include "framework/text/text.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {

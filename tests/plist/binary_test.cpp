@@ -5,7 +5,6 @@
 #include <csignal>
 
 #include "framework/files/shell.h"
-#include "framework/text/text.h"
 #include "tests/plist/trees.h"
 #include "tests/support/system_calls.h"
 

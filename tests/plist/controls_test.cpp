@@ -3,8 +3,6 @@
 #include "framework/controls/listbox.h"
 #include "framework/controls/plain_controls.h"
 #include "framework/controls/popup_menu.h"
-#include "framework/threads/baton.h"
-#include "framework/windows/window.h"
 #include "tests/plist/trees.h"
 #include "tests/support/fake_platform.h"
 

@@ -1,7 +1,5 @@
 #include "tests/plist/trees.h"
 
-#include "framework/text/text.h"
-
 namespace bracken::test {
 
 const std::string head =

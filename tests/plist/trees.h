@@ -1,10 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-
 #include "plist/plist.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,4 +1,3 @@
-#include "framework/text/text.h"
 #include "tests/plist/trees.h"
 
 namespace bracken::test {

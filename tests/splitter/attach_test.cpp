@@ -1,8 +1,3 @@
-#include "framework/controls/buttons.h"
-#include "framework/controls/listbox.h"
-#include "framework/controls/panels.h"
-#include "framework/controls/plain_controls.h"
-#include "framework/exception.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {
@@ -114,15 +109,121 @@ TEST_P(Attach, WarnsTheAuthorIfAsked) {
         "will be ignored.");
     splitter.attach(&control);
     splitter.unAttach(&control, false);
-    const std::string start = "passed to the SmartSplitter 'splitter' method '";
-    platform.expectBox("The control 'list' " + start +
-                       "setAttachedControlShouldMove' has not been attached.\n\nControl must be "
-                       "attached BEFORE calling this method.");
+    platform.expectBox(
+        "The control 'list' passed to the SmartSplitter 'splitter' method "
+        "'setAttachedControlShouldMove' has not been attached.\n\nControl must be attached BEFORE "
+        "calling this method.");
     splitter.setAttachedControlShouldMove(&control, true);
-    platform.expectBox("The control " + start +
-                       "setAttachedControlMinSizeVisible' is NIL.\n\nDon't go calling this method "
-                       "with nonexistent controls!");
-    splitter.setAttachedControlMinSizeVisible(nullptr, 1);
+}
+
+// The splitter at 400, 10 thick, free to move between 0 and 600.
+class Adjust : public SplitterTest {
+  protected:
+    void SetUp() override { open(); }
+    RectControl& attach(int position, int extentAlong) {
+        splitter.unAttachAllControls();
+        place(splitter, 400);
+        auto& control = add<PushButton>("control", position, extentAlong);
+        splitter.attach(&control);
+        setLimits(0, 0, 600, 0);
+        return control;
+    }
+    void setRole(RectControl& control, bool move, bool resize, bool center) {
+        splitter.setAttachedControlShouldMove(&control, move);
+        splitter.setAttachedControlShouldResize(&control, resize);
+        splitter.setAttachedControlShouldCenter(&control, center);
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Both, Adjust, testing::Bool(), orientationName);
+
+TEST_P(Adjust, AppliesAMoveByTheControlsFlags) {
+    struct Case {
+        bool isBefore, move, resize, center;
+        int distance, minSize, position, extent;
+        bool shown;
+    };
+    // A centred control stands in the middle of 0 to the splitter, or from there to 600. One that
+    // stays may be overlapped by a margin.
+    const int margin = vertical() ? 1 : 2;
+    const Case cases[] = {
+        {1, 0, 1, 0, -80, 20, 300, 20, true},     {1, 0, 1, 0, -81, 20, 300, 19, false},
+        {1, 0, 1, 0, -99, 0, 300, 1, true},       {1, 0, 1, 0, -100, 0, 300, 0, false},
+        {1, 0, 1, 0, 50, 2, 300, 150, true},      {1, 0, 1, 0, -120, 2, 300, -20, false},
+        {1, 1, 0, 0, 50, 2, 350, 100, true},      {1, 1, 1, 0, 50, 2, 350, 150, true},
+        {1, 1, 0, 1, 50, 2, 180, 100, true},      {1, 0, 0, 1, -51, 2, 129, 100, true},
+        {0, 1, 1, 0, 50, 2, 460, 50, true},       {0, 1, 1, 0, 99, 2, 509, 1, false},
+        {0, 1, 0, 0, 50, 2, 460, 100, true},      {0, 0, 1, 0, -50, 2, 410, 150, true},
+        {1, 0, 0, 0, -margin, 2, 300, 100, true}, {1, 0, 0, 0, -margin - 1, 2, 300, 100, false},
+        {0, 0, 0, 0, margin, 2, 410, 100, true},  {0, 0, 0, 0, margin + 1, 2, 410, 100, false},
+        {0, 0, 0, 1, -51, 2, 429, 100, true},
+    };
+    for (const Case& c : cases) {
+        RectControl& control = attach(c.isBefore ? 300 : 410, 100);
+        setRole(control, c.move, c.resize, c.center);
+        splitter.setAttachedControlMinSizeVisible(&control, c.minSize);
+        splitter.moveDistance(c.distance, false);
+        EXPECT_EQ(std::tuple(at(control), extent(control), control.Visible.get()),
+                  std::tuple(c.position, c.extent, c.shown))
+            << Probe::role(splitter, control) << " by " << c.distance;
+    }
+}
+
+TEST_P(Adjust, HidesWhatSticksOutOfItsContainerAndShowsItAgain) {
+    auto& box = add<GroupBox>("box", 0, 0);
+    box.place(420, 420, 80, 80);
+    for (int side = 0; side < 5; ++side)
+        for (const bool isSplitter : {false, true}) {
+            auto& inner = isSplitter ? add<SmartSplitter>("inner", 0, 0) : add("inner", 0, 0);
+            inner.place(420 - (side == 1), 420 - (side == 2), 80 + (side == 3), 80 + (side == 4));
+            inner.Parent = &box;
+            splitter.unAttachAllControls();
+            splitter.attach(&inner);
+            splitter.behave();
+            EXPECT_EQ(inner.Visible, side == 0 || isSplitter) << "side " << side;
+        }
+    RectControl& control = attach(300, 100);
+    for (const bool normallyVisible : {true, false}) {
+        splitter.setAttachedControlNormallyVisible(&control, normallyVisible);
+        control.Visible = false;
+        splitter.behave();
+        EXPECT_EQ(control.Visible, normallyVisible);
+    }
+}
+
+TEST_P(Adjust, CentringTakesEffectAtOnceAndEndsResizing) {
+    RectControl& control = attach(300, 100);
+    auto& bound = add("bound", 200, 50);
+    splitter.setMinAttachedControl(&bound, false);
+    setRole(control, false, true, true);
+    EXPECT_EQ(at(control), 250);  // 190 + 5 + 210/2 - 50
+    EXPECT_EQ(Probe::role(splitter, control), "min center");
+    splitter.setAttachedControlShouldResize(&control, true);
+    EXPECT_EQ(Probe::role(splitter, control), "min resize");
+}
+
+TEST_P(Adjust, SplittersInThePanesBehaveAfterAMoveButPassNothingOn) {
+    auto& other = add<SmartSplitter>("other", 500, 10);
+    auto& crossing = stage.add<SmartSplitter>("crossing", !vertical(), 150, 10);
+    int behaved = 0;
+    other.Moved = crossing.Moved = [&](int /*distance*/) { ++behaved; };
+    other.attach(&add("pane", 410, 90));
+    other.setMaxLimit(2000);
+    crossing.Event_Open();
+    splitter.attach(&crossing);
+    splitter.attach(&other);
+    other.attach(&splitter);
+    setLimits(0, 0, 2000, 0);
+    splitter.moveDistance(20, false);
+    splitter.behave();
+    EXPECT_EQ((std::pair{at(other), behaved}), (std::pair{520, 1})) << "not the crossing one";
+    splitter.DisableLiveDrag = true;
+    splitter.setPosition(430);
+    EXPECT_EQ((std::pair{at(other), behaved}), (std::pair{530, 1})) << "the controls follow";
+    press();
+    drag(20);
+    EXPECT_EQ(at(other), 530);
+    release();
+    EXPECT_EQ((std::pair{at(other), behaved}), (std::pair{550, 2})) << "the end of a drag";
 }
 
 }  // namespace bracken::test

@@ -1,9 +1,3 @@
-#include <map>
-
-#include "framework/controls/buttons.h"
-#include "framework/controls/listbox.h"
-#include "framework/controls/plain_controls.h"
-#include "framework/exception.h"
 #include "splitter/canvas_smart_splitter_debugger.h"
 #include "tests/splitter/stage.h"
 

@@ -1,6 +1,3 @@
-#include "framework/controls/buttons.h"
-#include "framework/controls/plain_controls.h"
-#include "framework/exception.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {

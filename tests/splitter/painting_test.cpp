@@ -1,5 +1,3 @@
-#include <array>
-
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {

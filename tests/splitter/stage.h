@@ -1,12 +1,11 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <vector>
-
-#include "framework/windows/windows.h"
+#include "framework/controls/buttons.h"
+#include "framework/controls/edit_field.h"
+#include "framework/controls/listbox.h"
+#include "framework/controls/panels.h"
+#include "framework/controls/plain_controls.h"
+#include "framework/controls/popup_menu.h"
 #include "splitter/smart_splitter.h"
 #include "tests/support/fake_platform.h"
 

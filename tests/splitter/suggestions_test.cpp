@@ -1,9 +1,3 @@
-#include "framework/controls/buttons.h"
-#include "framework/controls/edit_field.h"
-#include "framework/controls/listbox.h"
-#include "framework/controls/panels.h"
-#include "framework/controls/plain_controls.h"
-#include "framework/controls/popup_menu.h"
 #include "tests/splitter/stage.h"
 
 namespace bracken::test {

@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-
-#include <cstdlib>
 
 #include "framework/threads/baton.h"
 #include "tests/support/temp_folder.h"

@@ -9,7 +9,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdlib>
 #include <stdexcept>
 
 namespace bracken::test {

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
 
 #include "program/app.h"
 #include "tests/support/fake_database.h"
