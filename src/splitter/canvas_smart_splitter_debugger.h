@@ -29,8 +29,6 @@ class CanvasSmartSplitterDebugger : public Canvas {
     virtual void markSplitter(const SmartSplitter& s, int minLimit, int maxLimit, bool vertical);
 
   private:
-    friend class SmartSplitterProbe;
-
     enum class Align { left, center, right };
 
     void drawBoxedString(const std::string& text, int x, int y, Align align);

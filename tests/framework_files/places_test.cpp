@@ -3,6 +3,7 @@
 #include "framework/files/shell.h"
 #include "framework/files/special_folder.h"
 #include "tests/framework_files/files_test.h"
+#include "tests/support/outcome.h"
 
 namespace bracken::test {
 
@@ -30,7 +31,8 @@ TEST_F(Places, FollowTheVariablesAndElseTheHome) {
     }
     const Variable noHome("HOME", std::nullopt);
     const Variable data("XDG_DATA_HOME", std::nullopt);
-    EXPECT_EQ(SpecialFolder::Preferences(), nullptr);
+    EXPECT_EQ(endOf([] { *SpecialFolder::Preferences(); }),
+              "NilObjectException: There is no home folder.");
     EXPECT_EQ(SpecialFolder::ApplicationData(), nullptr);
     EXPECT_EQ(SpecialFolder::Documents(), nullptr);
     EXPECT_FALSE(SpecialFolder::keepsPrivate("/file"));

@@ -25,11 +25,9 @@ TEST_F(Connect, ReachesTheServerBySocketAndByPortAndEncrypts) {
                   server().folder() + "/pid|" + (bySocket ? "1" : "0") + "|\n");
         EXPECT_NE(select("show session status like 'Ssl_cipher'"), "Ssl_cipher||\n");
     }
-    for (const auto& [host, words] :
-         {std::pair("localhost:1"s, "localhost"),
-          {path + "e", "/a=b;c:1,de"},
-          {" db:70000", "\"db:70000\" is not a host name: the port must be a number"},
-          {"/" + std::string(200, 'x'), "at most 107 bytes"}}) {
+    for (const auto& [host, words] : {std::pair("localhost:1"s, "localhost"),
+                                      {path + "e", "/a=b;c:1,de"},
+                                      {"/" + std::string(200, 'x'), "at most 107 bytes"}}) {
         database.Host = host;
         EXPECT_FALSE(database.Connect());
         EXPECT_NE(database.ErrorMessage.find(words), std::string::npos) << database.ErrorMessage;
@@ -111,9 +109,7 @@ TEST_F(Connect, TheCommandLineListsWhatTheServerHas) {
         {"", "BRACKEN_PASSWORD='tea & biscuits'", "users\ta.php\nx y\t\n1\n"},
         {"--port=" + std::to_string(server().port()) +
              " --unused --password-file=" + folder.path("password"),
-         "BRACKEN_PASSWORD=wrong", "x y\t\n1\n"},
-        {"", "",
-         "bracken-scan: Access denied for user 'scanner'@'localhost' (using password: NO)\n2\n"}};
+         "BRACKEN_PASSWORD=wrong", "x y\t\n1\n"}};
     for (const auto& [options, variables, output] : cases) {
         EXPECT_EQ(outputOf({"sh", "-c",
                             variables + " " BRACKEN_SCAN " --format=tsv --user=scanner " +

@@ -6,7 +6,6 @@
 #include <QProgressBar>
 
 #include "splitter/smart_splitter.h"
-#include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {
@@ -97,10 +96,7 @@ class Panes : public Window {
     SmartSplitter divider{*this, "divider"};
 
   protected:
-    void Layout() override {
-        Width = 500;
-        Height = 400;
-    }
+    void Layout() override { Width = Height = 500; }
     void CreateControls() override {
         min.place(0, 10, 200, 200);
         divider.place(200, 10, 13, 200);

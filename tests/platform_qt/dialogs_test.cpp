@@ -8,7 +8,6 @@
 #include "framework/threads/without_baton.h"
 #include "framework/windows/event.h"
 #include "platform/qt/qt_application.h"
-#include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {

@@ -2,7 +2,6 @@
 #include <QLabel>
 #include <QTableView>
 
-#include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {

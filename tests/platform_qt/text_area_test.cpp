@@ -1,7 +1,6 @@
 #include <QPlainTextEdit>
 #include <QTextBlock>
 
-#include "framework/controls/edit_field.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {

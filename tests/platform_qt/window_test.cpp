@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QMenu>
 
-#include "tests/platform_qt/form.h"
 #include "tests/platform_qt/qt_test.h"
 
 namespace bracken::test {

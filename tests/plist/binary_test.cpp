@@ -108,6 +108,7 @@ TEST_F(Binary, OldOrNewStandsWhereverTheProcessEnds) {
         document.root->SetBoolean("is new", true);
         const pid_t child = fork();
         if (child == 0) {
+            // In pieces, so that a write may have been half done.
             const SystemCalls dying(
                 [left = calls](std::string_view name) mutable {
                     const bool counts = name == "open" || name == "write" || name == "rename";

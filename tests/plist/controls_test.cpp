@@ -74,6 +74,7 @@ TEST_F(Controls, ListsKeepRowsAndSelection) {
     EXPECT_EQ(single.List(0) + single.List(1), "ab");
     root.Remove(root.types.Key(2));
     root.AppendListbox(&list);
+    EXPECT_TRUE(document.error);
     root.AppendPopup(&popup);
     expect("lists",
            "{list.4:dict{default:string='' elements:array[0:array[0:string=a 1:string=c] "

@@ -98,16 +98,20 @@ TEST_F(Node, MovingCopiesAndRemoves) {
     expect("into itself", "{}");
 }
 
-TEST_F(Node, ListsAreArraysOfStrings) {
+TEST_F(Node, ListsAreArraysOfStringsAndTheCursorGoesRound) {
     Texts list = {"p", "q", "r"};
     for (const int last : {1, 9}) root.SetList("a", list, 1, last);
     root.SetList("b", list, 9, 9);
     EXPECT_THROW(root.SetList("c", list, -1, 0), IndexOutOfRangeException);
     expect("bounds",
            "{a:array[0:string=q 1:string=r] b:array[0:string=p 1:string=q 2:string=r] c:array[]}");
-    array("a", {"p", "q"});
+    plistDict& a = array("a", {"p", "q"});
     root.GetList("a", list, 7);
     EXPECT_EQ(list, Texts({"", "p", "q"}));
+    std::string keys;
+    for (a.MoveFirst(); !a.eof; a.MoveNext()) keys += a.CurrentKey();
+    a.MoveLast();
+    EXPECT_EQ(keys + a.CurrentKey(), "011");
 }
 
 TEST_F(Node, ChildrenKnowTheirPlace) {
@@ -126,23 +130,6 @@ TEST_F(Node, ChildrenKnowTheirPlace) {
             EXPECT_EQ(node.rootClass, &document) << node.name;
         }
     EXPECT_EQ(seen, "read:read{} list:list[] array:array[] 0:0[] 1:{} 2:2[] ");
-}
-
-TEST_F(Node, TheCursorGoesRound) {
-    plistDict& list = array("l", {"p", "q", "r"});
-    std::string keys;
-    for (list.MoveFirst(); !list.eof; list.MoveNext()) keys += list.CurrentKey();
-    list.MoveLast();
-    EXPECT_EQ(keys + list.CurrentKey(), "0122");
-}
-
-TEST_F(Node, KeepsWhatSomebodyHolds) {
-    const auto held = root.child("a")->child("b");
-    held->child("c")->SetString("d", "x");
-    document.root = nullptr;
-    EXPECT_EQ(picture(*held), "{c:dict{d:string=x}}");
-    EXPECT_EQ(held->parent.lock(), nullptr);
-    EXPECT_THROW(held->AbsolutePath(), NilObjectException);
 }
 
 }  // namespace bracken::test

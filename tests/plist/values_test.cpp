@@ -128,18 +128,6 @@ TEST(Values, AreAppendedToArraysOnly) {
     }
 }
 
-// In an array a container goes after an empty one, and a real becomes a double.
-TEST(Values, AreMovedByTag) {
-    Everything all;
-    const auto list = make<plistDict>();
-    list->isArray = true;
-    for (const char* key : keys) all.root.Copy(key, list);
-    EXPECT_EQ(picture(*list),
-              "[0:string=FF8010 1:integer=12 2:double=2.9 3:boolean=true "
-              "4:date=2004-03-12T07:59:01Z 5:data=QQ== 6:dict{} 7:dict{} 8:dict{} "
-              "9:dict{0:string=p}]");
-}
-
 TEST(Values, DatesAreReadAsFarAsTheyGo) {
     Everything all;
     all.root.SetString("x", "2004-3-9t7");

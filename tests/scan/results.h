@@ -9,15 +9,6 @@ namespace bracken::test {
 const std::string ended =
     "The application has to end: an error occurred that nothing handles.\n\nNilObjectException";
 
-// Fails the test if other descriptors are open at its end than at its start.
-struct DescriptorCheck {
-    static ptrdiff_t count() {
-        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-    }
-    const ptrdiff_t before = count();
-    ~DescriptorCheck() { EXPECT_EQ(count(), before); }
-};
-
 // A program with a server that has the database "d", and a folder to search.
 class Results : public testing::Test {
   protected:

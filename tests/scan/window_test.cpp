@@ -38,15 +38,26 @@ TEST_F(ResultsWindow, ARunFromStartToEnd) {
     EXPECT_EQ(state(), "Stop|Gathering Files...|wheel|searching");
     stepUntil([] { return state() == "Stop|Gathering File #2|wheel|searching"; });
     EXPECT_EQ(winResults().ProgressBar1.Value, -1);
+    auto& list = winResults().lstResults;
+    list.userSelected(0);
     stepInto("a");
     EXPECT_EQ(state(), "Stop|Processing files in " + folder.path("a") + "|bar|searching");
     EXPECT_EQ(winResults().ProgressBar1.Maximum, 4);
+    stepInto("b");
+    EXPECT_EQ(enabled(), "ViewData ") << "not found when it was selected";
+    list.userSelected(1);
+    list.userSelected(0);
+    EXPECT_EQ(enabled(), "ViewData ViewScript ");
     finish("Finished");
     EXPECT_EQ(winResults().ProgressBar1.Value, 4);
     EXPECT_EQ(state(), "Process|Finished");
-    EXPECT_EQ(enabled(), "Export Print NotFound ");
     EXPECT_EQ(column(1), "1.php,2.php,3.php,4.php,|Not Found Yet|");
     EXPECT_EQ(program.platform.beeps, 1);
+    for (const auto& [row, names] :
+         {std::pair(0, "ViewData ViewScript "), {1, "DropTable ViewData "}, {-1, "ViewScript "}}) {
+        list.userSelected(row);
+        EXPECT_EQ(enabled(), std::string("Export Print NotFound ") + names);
+    }
 }
 
 TEST_F(ResultsWindow, ProcessRunsOverAnEmptyList) {
@@ -160,29 +171,11 @@ TEST_F(ResultsWindow, ClosedWhileCountingTheRunEndsTheProgram) {
 TEST_F(ResultsWindow, QuittingAbandonsTheRunAndOpensNothing) {
     go({"users"});
     stepInto("a");
-    EXPECT_EQ(Program::saved("Results"), "none");
     program.app.userChoseMenu("FileQuit");
     EXPECT_EQ(program.platform.exitStatus, 0);
     runUntil([turns = 0]() mutable { return ++turns > 50; });
     EXPECT_TRUE(Windows::get().all().empty());
-    EXPECT_NE(Program::saved().find("<key>Results</key>"), std::string::npos);
-}
-
-TEST_F(ResultsWindow, TheSelectionDecidesWhatCanBeDone) {
-    go({"users", "none"});
-    auto& list = winResults().lstResults;
-    list.userSelected(0);
-    stepInto("b");
-    EXPECT_EQ(enabled(), "ViewData ") << "not found by then";
-    list.userSelected(1);
-    list.userSelected(0);
-    EXPECT_EQ(enabled(), "ViewData ViewScript ");
-    finish("Finished");
-    for (const auto& [row, names] :
-         {std::pair(0, "ViewData ViewScript "), {1, "DropTable ViewData "}, {-1, "ViewScript "}}) {
-        list.userSelected(row);
-        EXPECT_EQ(enabled(), std::string("Export Print NotFound ") + names);
-    }
+    EXPECT_EQ(Program::saved("Results"), "") << "where it stood";
 }
 
 TEST_F(ResultsWindow, OnlyNotFoundRowsRemainInTheirOrder) {

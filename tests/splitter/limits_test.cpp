@@ -79,23 +79,6 @@ TEST_P(Limits, ComeFromTheBoundingControls) {
     EXPECT_EQ(limits(), (std::pair{0, 444})) << "set by hand they follow no control";
 }
 
-TEST_P(Limits, GivenByTheAuthorStayButTheRangeFollows) {
-    splitter.MinLimit = 350;
-    splitter.MaxLimit = 450;
-    splitter.MinLimitOffset = 7;
-    splitter.MaxLimitOffset = -7;
-    add<PushButton>("min", 280, 120);
-    add<PushButton>("max", 410, 90);
-    open();
-    EXPECT_EQ(limits(), (std::pair{350, 450}));
-    EXPECT_EQ((std::pair{splitter.MinLimitOffset, splitter.MaxLimitOffset}), (std::pair{7, 0}));
-    EXPECT_EQ(Probe::range(splitter), (std::pair{270, 500}));
-    splitter.setMaxLimit(460);
-    resizeWindow(windowSize() + 25);
-    EXPECT_EQ(limits(), (std::pair{350, 460}));
-    EXPECT_EQ(Probe::range(splitter), (std::pair{270, 485})) << "with the latest change";
-}
-
 TEST_P(Limits, WithNothingAttachedFollowTheWindow) {
     open();
     EXPECT_EQ(limits(), (std::pair{0, windowSize() - 10}));

@@ -14,7 +14,6 @@ namespace bracken {
 // Access to a splitter's private state.
 class SmartSplitterProbe {
   public:
-    static auto& attached(SmartSplitter& s) { return s.attached; }
     // Each with a blank after it.
     static std::string names(SmartSplitter& s) {
         std::string all;

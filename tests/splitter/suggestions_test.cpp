@@ -2,11 +2,11 @@
 
 namespace bracken::test {
 
-class Suggestions : public testing::Test {
+class Suggestions : public SplitterTest {
   protected:
     template <class T>
     T& make(int width = 200, int height = 200) {
-        T& made = stage.add<T>("control", true, 0, 0);
+        T& made = add<T>("control", 0, 0);
         made.place(0, 0, width, height);
         return made;
     }
@@ -23,12 +23,11 @@ class Suggestions : public testing::Test {
         made.LockTop = made.LockBottom = !sideways;
         return made;
     }
-
-    FakePlatform platform;
-    Stage& stage = Windows::get().instance<Stage>();
 };
+INSTANTIATE_TEST_SUITE_P(Both, Suggestions, testing::Bool(), orientationName);
 
-TEST_F(Suggestions, FollowTheClassOfTheControl) {
+TEST_P(Suggestions, FollowTheClassOfTheControl) {
+    open();
     auto& barredList = make<Listbox>();
     barredList.ScrollbarHorizontal = true;
     auto& label = make<StaticText>();
@@ -63,12 +62,8 @@ TEST_F(Suggestions, FollowTheClassOfTheControl) {
     };
     for (const Case& c : cases) {
         EXPECT_EQ(Probe::holdsOthers(c.control), c.holdsOthers) << c.name;
-        for (const bool vertical : {true, false}) {
-            auto& splitter = stage.add<SmartSplitter>("splitter", vertical, 700, 10);
-            splitter.Event_Open();
-            EXPECT_EQ(Probe::suggested(splitter, c.control), vertical ? c.vertical : c.horizontal)
-                << c.name;
-        }
+        EXPECT_EQ(Probe::suggested(splitter, c.control), vertical() ? c.vertical : c.horizontal)
+            << c.name;
     }
 }
 

@@ -25,16 +25,13 @@ class Program {
     static std::string settingsFile() {
         return std::string(getenv("XDG_CONFIG_HOME")) + "/com.tallowmere.brackenlens.plist";
     }
-    // The settings file's bytes; "" without the file.
-    static std::string saved() {
-        std::ifstream file(settingsFile());
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    // One setting as it stands on the disk; "none" without the file, "missing" without the key.
+    // One setting as it stands on the disk; "none" without the file, "missing" without the key, and
+    // "" for what is no single value.
     static std::string saved(const std::string& key) {
         if (!std::filesystem::exists(settingsFile())) return "none";
         plist onDisk(GetFolderItem(settingsFile(), 0), nullptr);
-        return onDisk.root->Exists(key) ? onDisk.root->values.Value(key) : "missing";
+        const std::string* value = onDisk.root->values.find(key);
+        return value != nullptr ? *value : onDisk.root->Exists(key) ? "" : "missing";
     }
 
     FakePlatform platform;

@@ -54,16 +54,20 @@ using namespace bracken::test;
 
 extern "C" {
 
+int openat(int folder, const char* path, int flags, ...) {
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    return fails("openat") ? -1 : own(openat, "openat")(folder, path, flags, mode);
+}
+
 int open(const char* path, int flags, ...) {
     va_list rest;
     va_start(rest, flags);
-    const auto mode = va_arg(rest, mode_t);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
     va_end(rest);
     return fails("open") ? -1 : own(open, "open")(path, flags, mode);
-}
-
-int openat(int folder, const char* path, int flags, ...) {
-    return fails("openat") ? -1 : own(openat, "openat")(folder, path, flags);
 }
 
 dirent* readdir(DIR* folder) {
@@ -74,10 +78,9 @@ ssize_t read(int descriptor, void* bytes, size_t count) {
     return fails("read") ? -1 : own(read, "read")(descriptor, bytes, atMost(count));
 }
 
-ssize_t preadv2(int descriptor, const iovec* parts, int count, off_t offset, int flags) {
+ssize_t preadv2(int descriptor, const iovec* parts, int /*count*/, off_t offset, int flags) {
     const iovec first{parts->iov_base, atMost(parts->iov_len)};
-    return fails("preadv2") ? -1
-                            : own(preadv2, "preadv2")(descriptor, &first, count, offset, flags);
+    return fails("preadv2") ? -1 : own(preadv2, "preadv2")(descriptor, &first, 1, offset, flags);
 }
 
 ssize_t write(int descriptor, const void* bytes, size_t count) {
@@ -104,7 +107,7 @@ int rename(const char* from, const char* to) noexcept {
     return fails("rename") ? -1 : own(rename, "rename")(from, to);
 }
 
-// Of openat2, which has no function of its own, and whatever else.
+// Of openat2, which has no function of its own, and whatever else; a futex takes six words.
 long syscall(long number, ...) noexcept {
     va_list rest;
     va_start(rest, number);

@@ -7,10 +7,12 @@
 
 namespace bracken::test {
 
-// While one lives, `fails` is asked ahead of each call of these functions of the system by the
-// program, by name and on the calling thread: open, openat, openat2, readdir, read, preadv2, write,
-// fallocate, fchmod, fsync, flock, rename. Where it answers yes, with errno set, the call fails and
-// is not made. Reads and writes move no more than `mostBytes` at a time. One at a time.
+// While it lives, `fails` is asked ahead of each call of these functions of the system by the
+// program or the C++ library, by name and on the calling thread: open, openat, openat2 (a syscall),
+// readdir, read, preadv2, write, fallocate, fchmod, fsync, flock, rename. Where it answers yes,
+// with errno set, the call fails and is not made; else errno stays. Reads and writes move no more
+// than `mostBytes` at a time. Only one may live, and threads that make such calls end before it
+// does.
 class SystemCalls {
   public:
     using Fails = std::function<bool(std::string_view name)>;

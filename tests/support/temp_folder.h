@@ -11,6 +11,16 @@
 
 namespace bracken::test {
 
+inline ptrdiff_t entriesOf(const std::string& path) {
+    return std::distance(std::filesystem::directory_iterator(path), {});
+}
+
+// Fails the test if other descriptors are open at its end than at its start.
+struct DescriptorCheck {
+    const ptrdiff_t before = entriesOf("/proc/self/fd");
+    ~DescriptorCheck() { EXPECT_EQ(entriesOf("/proc/self/fd"), before); }
+};
+
 // A fresh empty folder, removed with all that is in it at the end of its scope.
 class TempFolder {
   public:
