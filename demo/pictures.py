@@ -34,8 +34,9 @@ class ScaledDesktop(desktops.Desktop):
         self.scale = scale
         self.environment["QT_SCALE_FACTOR"] = str(scale)
 
+    @property
     def size(self):
-        return tuple(length * self.scale for length in super().size())
+        return tuple(length * self.scale for length in super().size)
 
     def frame(self, window):
         frame = super().frame(window)

@@ -15,6 +15,8 @@ WIDTH, HEIGHT = 1280, 900
 class Desktop:
     """Runs within a `with` block; everything on it is ended with it."""
 
+    size = WIDTH, HEIGHT  # of the screen, in pixels
+
     def __init__(self):
         self.folder = tempfile.mkdtemp(prefix="lens-desktop-")
         self.environment = dict(os.environ)
@@ -35,10 +37,6 @@ class Desktop:
             process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def size(self):
-        """Width and height of the screen in pixels."""
-        return WIDTH, HEIGHT
-
     def _start(self, command, **options):
         self.processes.append(subprocess.Popen(
             command, start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
@@ -46,7 +44,7 @@ class Desktop:
 
     def _start_display(self):
         reader, writer = os.pipe()
-        width, height = self.size()
+        width, height = self.size
         # The server picks a free display itself and writes its number.
         self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24",
                      "-nolisten", "tcp", "-noreset"], pass_fds=[writer])

@@ -1,7 +1,6 @@
 #include <random>
 
 #include "framework/dialogs/dialogs.h"
-#include "framework/exception.h"
 #include "tests/support/fake_platform.h"
 
 namespace bracken::test {

@@ -4,7 +4,6 @@
 
 #include <QTest>
 #include <QWidget>
-#include <functional>
 
 #include "framework/controls/buttons.h"
 #include "framework/controls/edit_field.h"

@@ -103,11 +103,7 @@ TEST_F(Run, RowsMayComeAndGoBetweenTwoHitsOfAFile) {
     }
 }
 
-TEST_F(Run, FoldersThatAreNotThere) {
-    go({"users"}, GetFolderItem(folder.path("gone"), 0));
-    finish("Finished");
-    EXPECT_EQ(column(1), "Not Found Yet|");
-    EXPECT_EQ(winResults().ProgressBar1.Maximum, 0);
+TEST_F(Run, WithoutAFolderEndsTheProgram) {
     go({}, nullptr);
     finish(ended);
     EXPECT_EQ(program.platform.abortStatus, 1);

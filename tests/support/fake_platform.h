@@ -10,7 +10,6 @@
 
 #include "framework/platform/null_platform.h"
 #include "framework/threads/main_thread_calls.h"
-#include "framework/threads/thread.h"
 #include "framework/threads/without_baton.h"
 #include "framework/windows/windows.h"
 
