@@ -49,7 +49,7 @@ class FilesTest : public testing::Test {
         return stream->Close();
     }
 
-    const DescriptorCheck descriptors;
+    DescriptorCheck descriptors;
     const TempFolder folder;
 };
 
