@@ -2,8 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <optional>
-
 #include "framework/files/folder_item.h"
 #include "tests/support/temp_folder.h"
 

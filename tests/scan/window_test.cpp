@@ -146,11 +146,13 @@ TEST_F(ResultsWindow, ARunOutlivesItsWindowAndTakesTheNext) {
         go({"users"});
         stepInto("a");
         const std::weak_ptr<WindowContent> first = winResults().weak_from_this();
+        winResults().userMoved(7, stop ? 8 : 9);
         winResults().userClosed();
         EXPECT_TRUE(first.expired());
         stepUntil([&] { return stop || !Windows::get().all().empty(); });
         EXPECT_EQ(column(0), "");
         EXPECT_THROW(go({}), ThreadAlreadyRunningException);
+        EXPECT_EQ(winResults().Top, stop ? 8 : 9) << "where the one before stood";
         if (stop)
             pressCancelRun();
         else

@@ -14,7 +14,6 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
-#include <utility>
 
 namespace bracken::test {
 
