@@ -1,3 +1,6 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "program/actions/win_view_script.h"
 #include "tests/actions/opened_results.h"
 
@@ -43,7 +46,13 @@ TEST_F(ViewScript, ListsTheFilesOfTheRow) {
 TEST_F(ViewScript, AnOpenWindowGetsTheNextTablesFilesBelow) {
     const std::string path = folder.write("a.php", "select user from orders");
     class winViewScript& script = open("user", path + ",");
+    // By an ordinary user who may not write it.
+    chmod(path.c_str(), 0444);
+    chmod(folder.path().c_str(), 0755);
+    const uid_t user = geteuid();
+    EXPECT_EQ(seteuid(user == 0 ? 65534 : user), 0);
     script.lstScipts.userSelected(0);
+    EXPECT_EQ(seteuid(user), 0);
     EXPECT_EQ(&open("orders", "/x/b.php,"), &script);
     EXPECT_EQ(script.lstScipts.ListCount(), 4);
     EXPECT_EQ(script.Title.get(), "View Scripts for orders");

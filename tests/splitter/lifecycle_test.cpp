@@ -65,8 +65,8 @@ TEST_P(Lifecycle, TheAutomaticHandleReplacesTheAuthors) {
     }
 }
 
-// Paints the overlay and tells where along the splitter's axis its colour or transparency changes:
-// g is the range, b a zone, r a control, a capital the ground of a label, ? its text.
+// Where along the splitter's axis the overlay's colour or transparency changes: g is the range, b a
+// zone, r a control, a capital the ground of a label, ? its text.
 std::string line(const Pixels& shown, bool vertical, int across) {
     const std::map<uint32_t, char> letters = {{0xbb009600, 'g'}, {0xdd009600, 'G'},
                                               {0xbb000096, 'b'}, {0xdd000096, 'B'},
@@ -91,7 +91,8 @@ TEST_P(Lifecycle, AnOverlayShowsTheRangeItsZonesAndTheControls) {
     EXPECT_FALSE(overlay.TakesMouse);
     overlay.paint();
     splitter.setDebug(true);
-    splitter.setAttachedControlNormallyVisible(&max, max.Visible = false);
+    max.Visible = false;
+    splitter.setAttachedControlNormallyVisible(&max, false);
     splitter.behave();
     const auto lineAt = [&](int across) { return line(overlay.paint(), vertical(), across); };
     for (const auto& [across, ifVertical, ifHorizontal] :
